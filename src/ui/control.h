@@ -1,0 +1,69 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "ui/signal.h"
+
+namespace desk {
+
+class Screen;
+
+/// What every control has. Controls are plain objects without a toolkit: screens read and write their
+/// properties, people (or tests) act on them through the same calls, and whoever shows them listens to
+/// `touched`.
+class Control {
+  public:
+    /// Registers itself with `screen` under `name`, the name that tests and tours find it by.
+    Control(Screen& screen, std::string name);
+    virtual ~Control() = default;
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    const std::string& name() const { return name_; }
+    Screen& screen() const { return screen_; }
+
+    bool enabled() const { return enabled_; }
+    void setEnabled(bool enabled) { set(enabled_, enabled); }
+    bool visible() const { return visible_; }
+    void setVisible(bool visible) { set(visible_, visible); }
+    /// Whether a person can act on it: neither it nor a frame around it is disabled or hidden.
+    bool usable() const;
+    /// The frame that holds this control, null when it lies on the screen itself.
+    const Control* holder() const { return holder_; }
+    void setHolder(const Control* holder) { set(holder_, holder); }
+
+    /// The control at whose lower edge a floating control (a drop-down calendar, its button) lies; null for a
+    /// control with a place of its own.
+    const Control* anchor() const { return anchor_; }
+    void setAnchor(const Control* anchor) { set(anchor_, anchor); }
+
+    /// Asks that the focus moves here.
+    void focus() { focusAsked(); }
+
+    std::string tag;  ///< free for the screen's own notes
+
+    Signal<> touched;     ///< a property has a new value
+    Signal<> focusAsked;  ///< the screen wants the focus here
+    Signal<> focused;     ///< the focus has come here
+
+  protected:
+    /// Gives `property` a new value and tells observers; false when it had that value already.
+    template <class T, class U>
+    bool set(T& property, U&& value) {
+        if (property == value) return false;
+        property = std::forward<U>(value);
+        touched();
+        return true;
+    }
+
+  private:
+    Screen& screen_;
+    std::string name_;
+    bool enabled_ = true;
+    bool visible_ = true;
+    const Control* holder_ = nullptr;
+    const Control* anchor_ = nullptr;
+};
+
+}  // namespace desk

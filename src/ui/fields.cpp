@@ -1,0 +1,89 @@
+#include "ui/fields.h"
+
+namespace desk {
+
+Label::Label(Screen& screen, std::string name, std::string caption)
+    : Control(screen, std::move(name)), caption_(std::move(caption)) {}
+
+void Label::click() {
+    if (usable()) clicked();
+}
+
+TextBox::TextBox(Screen& screen, std::string name, TextStyle style)
+    : Control(screen, std::move(name)), style_(style) {}
+
+void TextBox::setText(std::string_view text) {
+    if (set(text_, text)) changed();
+}
+
+void TextBox::type(std::string_view text) {
+    if (usable() && !locked_) setText(text);
+}
+
+void TextBox::pressEnter() {
+    if (usable()) entered();
+}
+
+Button::Button(Screen& screen, std::string name, std::string caption)
+    : Control(screen, std::move(name)), caption_(std::move(caption)) {}
+
+void Button::click() {
+    if (usable()) clicked();
+}
+
+CheckBox::CheckBox(Screen& screen, std::string name, std::string caption)
+    : Control(screen, std::move(name)), caption_(std::move(caption)) {}
+
+void CheckBox::setChecked(bool checked) {
+    if (set(checked_, checked)) clicked();
+}
+
+void CheckBox::click() {
+    if (usable()) setChecked(!checked_);
+}
+
+OptionButton::OptionButton(Screen& screen, std::string name, std::string caption, OptionButton* first)
+    : Control(screen, std::move(name)), caption_(std::move(caption)), next_(this) {
+    if (first == nullptr) return;
+    next_ = first->next_;
+    first->next_ = this;
+}
+
+void OptionButton::choose() {
+    if (chosen_) return;
+    for (OptionButton* other = next_; other != this; other = other->next_) other->set(other->chosen_, false);
+    set(chosen_, true);
+    clicked();
+}
+
+void OptionButton::click() {
+    if (usable()) choose();
+}
+
+DatePicker::DatePicker(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+
+void DatePicker::setValue(const DateTime& value) {
+    if (set(value_, value.dayOnly())) changed();
+}
+
+void DatePicker::pick(const DateTime& value) {
+    if (usable()) setValue(value);
+}
+
+MonthCalendar::MonthCalendar(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+
+void MonthCalendar::clickDay(const DateTime& day) {
+    if (!usable()) return;
+    setValue(day);
+    dayClicked(day.dayOnly());
+}
+
+Swatch::Swatch(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+
+Frame::Frame(Screen& screen, std::string name, std::string caption)
+    : Control(screen, std::move(name)), caption_(std::move(caption)) {}
+
+Timer::Timer(Screen& screen, std::string name, int milliseconds)
+    : Control(screen, std::move(name)), interval_(milliseconds) {}
+
+}  // namespace desk

@@ -1,0 +1,62 @@
+#include "ui/screens.h"
+
+#include <algorithm>
+
+#include "base/failure.h"
+
+namespace desk {
+
+void Screens::offer(std::string name, Maker maker) {
+    makers_[std::move(name)] = std::move(maker);
+}
+
+bool Screens::offers(std::string_view name) const {
+    return makers_.find(name) != makers_.end();
+}
+
+Screen& Screens::get(std::string_view name) {
+    if (Screen* screen = loaded(name)) return *screen;
+    const auto maker = makers_.find(name);
+    if (maker == makers_.end()) throw RuntimeFailure(424, "要求对象");
+    Screen& screen = *screens_.emplace_back(maker->second());
+    screen.load();
+    return screen;
+}
+
+Screen* Screens::loaded(std::string_view name) const {
+    const auto found = std::find_if(screens_.begin(), screens_.end(),
+                                    [&](const auto& screen) { return screen->name() == name; });
+    return found == screens_.end() ? nullptr : found->get();
+}
+
+void Screens::open(std::string_view name) {
+    Screen& screen = get(name);
+    desktop_.show(screen);
+    desktop_.bringToFront(screen);
+}
+
+void Screens::unload(Screen& screen) {
+    const auto found = std::find_if(screens_.begin(), screens_.end(),
+                                    [&](const auto& held) { return held.get() == &screen; });
+    if (found == screens_.end()) return;
+    unloaded_.push_back(std::move(*found));
+    screens_.erase(found);
+    screen.unload();
+    desktop_.close(screen);
+}
+
+Screen* Screens::activeChild() const {
+    const auto found = std::find_if(screens_.rbegin(), screens_.rend(),
+                                    [](const auto& screen) { return screen->kind() == WindowKind::child; });
+    return found == screens_.rend() ? nullptr : found->get();
+}
+
+void Screens::activated(Screen& screen) {
+    const auto found = std::find_if(screens_.begin(), screens_.end(),
+                                    [&](const auto& held) { return held.get() == &screen; });
+    if (found == screens_.end()) return;
+    std::rotate(found, found + 1, screens_.end());
+    screen.activate();
+}
+
+}  // namespace desk

@@ -1,0 +1,75 @@
+#include "support/scripted_desktop.h"
+
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+
+namespace desk {
+
+namespace {
+
+template <class T>
+T next(std::deque<T>& script, const char* what) {
+    if (script.empty()) {
+        ADD_FAILURE() << "nobody answers: " << what;
+        throw ProcessEnded();
+    }
+    T answer = script.front();
+    script.pop_front();
+    return answer;
+}
+
+}  // namespace
+
+std::string ScriptedDesktop::takeMessage() {
+    const std::string text = messages.empty() ? "" : messages.back().text;
+    messages.clear();
+    return text;
+}
+
+void ScriptedDesktop::show(Screen& screen) {
+    shown.push_back(screen.name());
+}
+
+void ScriptedDesktop::showModally(Screen& screen) {
+    shown.push_back(screen.name());
+    if (modalPerson)
+        modalPerson(screen);
+    else
+        ADD_FAILURE() << screen.name() << " is shown modally and nobody is there";
+}
+
+void ScriptedDesktop::bringToFront(Screen& screen) {
+    if (screens != nullptr) screens->activated(screen);
+}
+
+void ScriptedDesktop::close(Screen& screen) {
+    closed.push_back(screen.name());
+}
+
+Answer ScriptedDesktop::messageBox(const Message& message) {
+    messages.push_back(message);
+    return message.buttons == Buttons::ok ? Answer::ok : next(answers, message.text.c_str());
+}
+
+std::optional<Colour> ScriptedDesktop::chooseColour(Colour) {
+    return next(colours, "a colour");
+}
+std::optional<std::string> ScriptedDesktop::chooseFile(const FileQuestion&) {
+    return next(files, "a file");
+}
+
+/// Every character is as wide as ten pixels: simple to reckon with.
+double ScriptedDesktop::textWidth(const Screen&, std::string_view text) {
+    return 150.0 * static_cast<double>(characterCount(text));
+}
+
+std::string ScriptedDesktop::shortDate(const DateTime& day) {
+    return formatDate(day, "YYYY/M/D");
+}
+
+std::optional<Picture> ScriptedDesktop::loadPicture(std::string_view) {
+    return pictureOnDisk;
+}
+
+}  // namespace desk

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "ui/desktop.h"
+#include "ui/screens.h"
+
+namespace desk {
+
+/// A desktop without windows: it notes what a screen asks for, and answers from a script.
+class ScriptedDesktop : public Desktop {
+  public:
+    /// What is shown when `showModally` is called; must end with the screen unloaded.
+    std::function<void(Screen&)> modalPerson;
+    /// Answers to Yes/No questions, in order. A question without an answer fails the test.
+    std::deque<Answer> answers;
+    std::deque<std::optional<Colour>> colours;
+    std::deque<std::optional<std::string>> files;
+    std::optional<Picture> pictureOnDisk;
+
+    std::vector<Message> messages;    ///< all boxes so far
+    std::vector<std::string> shown;   ///< names of screens shown, in order
+    std::vector<std::string> closed;  ///< names of windows taken away
+    int busyDepth = 0;
+    Screens* screens = nullptr;
+
+    /// The text of the last box, and forgets all boxes.
+    std::string takeMessage();
+
+    void show(Screen& screen) override;
+    void showModally(Screen& screen) override;
+    void bringToFront(Screen& screen) override;
+    void close(Screen& screen) override;
+    Answer messageBox(const Message& message) override;
+    std::optional<Colour> chooseColour(Colour present) override;
+    std::optional<std::string> chooseFile(const FileQuestion& question) override;
+    double textWidth(const Screen& screen, std::string_view text) override;
+    std::string shortDate(const DateTime& day) override;
+    std::optional<Picture> loadPicture(std::string_view path) override;
+    void setBusy(bool busy) override { busyDepth += busy ? 1 : -1; }
+    void showProgress(std::string_view, long, long) override {}
+    void letEventsRun() override {}
+    [[noreturn]] void endProcess() override { throw ProcessEnded(); }
+};
+
+}  // namespace desk

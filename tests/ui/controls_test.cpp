@@ -1,0 +1,276 @@
+#include <gtest/gtest.h>
+
+#include "base/failure.h"
+#include "support/scripted_desktop.h"
+#include "ui/batch.h"
+#include "ui/canvas.h"
+#include "ui/choices.h"
+#include "ui/fields.h"
+#include "ui/grid.h"
+#include "ui/menu.h"
+#include "ui/tree.h"
+
+namespace desk {
+namespace {
+
+struct Sheet : Screen {
+    Sheet() : Screen("sheet", "表", WindowKind::child, 1500, 1500) {}
+};
+
+/// Counts how often a signal was raised.
+struct Count {
+    explicit Count(Signal<>& signal) {
+        signal += [this] { ++times; };
+    }
+    int times = 0;
+};
+
+TEST(Signal, ASlotMayDestroyWhatItIsConnectedTo) {
+    Signal<> signal;
+    int heard = 0;
+    Subscription second;
+    signal += [&] { second.reset(); };
+    second = signal.connect([&] { ++heard; });
+    signal();
+    EXPECT_EQ(heard, 0);
+}
+
+TEST(TextBox, TellsOfNewTextsOnlyAndOfThoseOfTheScreenToo) {
+    Sheet sheet;
+    TextBox box(sheet, "box");
+    Count changes(box.changed);
+    box.setText("a");
+    box.setText("a");
+    box.type("b");
+    EXPECT_EQ(changes.times, 2);
+    box.setLocked(true);
+    box.type("c");
+    box.setLocked(false);
+    box.setEnabled(false);
+    box.type("d");
+    EXPECT_EQ(box.text(), "b");
+}
+
+TEST(Control, NothingInAHiddenFrameCanBeUsed) {
+    Sheet sheet;
+    Frame frame(sheet, "frame");
+    Button button(sheet, "button", "确定");
+    button.setHolder(&frame);
+    Count clicks(button.clicked);
+    frame.setVisible(false);
+    button.click();
+    EXPECT_EQ(clicks.times, 0);
+    frame.setVisible(true);
+    button.click();
+    EXPECT_EQ(clicks.times, 1);
+}
+
+TEST(OptionButton, ExcludesTheOthersOfItsGroupOnly) {
+    Sheet sheet;
+    OptionButton a(sheet, "a", "甲");
+    OptionButton b(sheet, "b", "乙", &a);
+    OptionButton c(sheet, "c", "丙", &a);
+    OptionButton alone(sheet, "alone", "丁");
+    alone.choose();
+    a.choose();
+    c.choose();
+    EXPECT_FALSE(a.chosen());
+    EXPECT_FALSE(b.chosen());
+    EXPECT_TRUE(c.chosen());
+    EXPECT_TRUE(alone.chosen());
+}
+
+TEST(ComboBox, SelectingByCodeAndByHandRaiseTheSameEvent) {
+    Sheet sheet;
+    ComboBox combo(sheet, "combo");
+    combo.addItem("01 东塔");
+    combo.addItem("02 西塔");
+    Count choices(combo.selected);
+    combo.setIndex(1);
+    combo.setIndex(1);
+    EXPECT_EQ(choices.times, 1);
+    EXPECT_TRUE(combo.pick("02 西塔"));  // a person who picks the same line again asks again
+    EXPECT_EQ(choices.times, 2);
+    EXPECT_FALSE(combo.pick("03"));
+    EXPECT_THROW(combo.setIndex(2), RuntimeFailure);
+    combo.clear();
+    EXPECT_EQ(combo.index(), -1);
+    EXPECT_EQ(combo.text(), "");
+}
+
+TEST(ListBox, OneOrSeveralLines) {
+    Sheet sheet;
+    ListBox single(sheet, "single");
+    ListBox several(sheet, "several", ListStyle::multiple);
+    for (ListBox* list : {&single, &several})
+        for (const auto* line : {"报纸", "网络", "路牌"}) list->addItem(line);
+    single.click(0);
+    single.click(2);
+    several.click(2);
+    several.click(0);
+    several.click(1);
+    several.click(1);
+    EXPECT_EQ(single.selectedTexts(), std::vector<std::string>{"路牌"});
+    EXPECT_EQ(several.selectedTexts(), (std::vector<std::string>{"报纸", "路牌"}));
+}
+
+TEST(Tree, RefusesAKeyTwiceAndForgetsRemovedKeys) {
+    Sheet sheet;
+    Tree tree(sheet, "tree");
+    TreeNode& root = tree.add(nullptr, "R", "来人");
+    tree.add(&root, "RM1", "1");
+    tree.add(&root, "", "无");
+    tree.add(&root, "", "无");
+    TreeNode& last = tree.add(&root, "RM2", "2");
+    try {
+        tree.add(nullptr, "RM1", "again");
+        FAIL();
+    } catch (const RuntimeFailure& failure) {
+        EXPECT_EQ(failure.number(), 35602);
+        EXPECT_EQ(failure.description(), "集合中的关键字不唯一");
+    }
+    tree.click(last);
+    tree.remove(*tree.find("RM1"));
+    EXPECT_EQ(tree.find("RM1"), nullptr);
+    EXPECT_EQ(last.row(), 2);
+    EXPECT_EQ(tree.selected(), &last);
+    tree.remove(root);
+    EXPECT_EQ(tree.selected(), nullptr);
+    EXPECT_EQ(tree.find("RM2"), nullptr);
+}
+
+TEST(Tree, AFillOfAnySizeIsOneChange) {
+    Sheet sheet;
+    Tree tree(sheet, "tree");
+    Count before(tree.structureChanging);
+    Count after(tree.structureChanged);
+    {
+        const Batch fill(tree);
+        tree.clear();
+        for (int i = 0; i < 1000; ++i) tree.add(nullptr, std::to_string(i), "x");
+    }
+    EXPECT_EQ(before.times, 1);
+    EXPECT_EQ(after.times, 1);
+}
+
+TEST(Grid, ReadsItsHeader) {
+    Sheet sheet;
+    Grid grid(sheet, "grid", "<序|<主职代号|>数量   |^日期||");
+    EXPECT_EQ(grid.columns(), 6);
+    EXPECT_EQ(grid.rows(), 1);
+    EXPECT_EQ(grid.text(0, 2), "数量");
+    EXPECT_EQ(grid.alignment(2), Align::right);
+    EXPECT_EQ(grid.alignment(3), Align::centre);
+    EXPECT_EQ(grid.fixedAlignment(4), Align::general);
+    EXPECT_GT(grid.columnWidth(2), grid.columnWidth(0));
+    EXPECT_GT(grid.columnWidth(1), grid.columnWidth(2));
+    EXPECT_THROW(grid.text(1, 0), RuntimeFailure);
+    EXPECT_THROW(grid.setText(0, 6, "x"), RuntimeFailure);
+}
+
+TEST(Grid, LooksGoWithTheirRowWhenOthersAreRemoved) {
+    Sheet sheet;
+    Grid grid(sheet, "grid", "<a|<b");
+    for (const auto* text : {"1", "2", "3"}) grid.addRow({text});
+    grid.setCellColour(3, 1, rgb(255, 0, 0));
+    grid.setRowData(3, 7);
+    grid.setRow(3);
+    grid.removeRow(1);
+    EXPECT_EQ(grid.cellColour(2, 1), rgb(255, 0, 0));
+    EXPECT_EQ(grid.rowData(2), 7);
+    EXPECT_EQ(grid.row(), 2);
+    EXPECT_FALSE(grid.cellColour(1, 1));
+}
+
+TEST(Grid, AFillOfAnySizeIsOneChange) {
+    Sheet sheet;
+    Grid grid(sheet, "grid", "<a|<b");
+    Count structure(grid.structureChanged);
+    Count cells(grid.cellsChanged);
+    Count current(grid.currentChanged);
+    {
+        const Batch fill(grid);
+        for (int i = 0; i < 100; ++i) grid.addRow({"x"});
+        grid.setText(5, 1, "y");
+        grid.setRow(100);
+        grid.setRow(7);
+    }
+    EXPECT_EQ(structure.times, 1);
+    EXPECT_EQ(cells.times, 0);
+    EXPECT_EQ(current.times, 1);
+}
+
+TEST(Grid, ADoubleClickIsAClickFirst) {
+    Sheet sheet;
+    Grid grid(sheet, "grid", "<a|<b");
+    grid.addRow();
+    std::string heard;
+    grid.clicked += [&] { heard += "c" + std::to_string(grid.row()); };
+    grid.doubleClicked += [&] { heard += "d"; };
+    grid.doubleClick(1, 1);
+    EXPECT_EQ(heard, "c1d");
+}
+
+TEST(MenuEntry, CannotBeReachedBelowADisabledTopEntry) {
+    Sheet sheet;
+    MenuEntry top(sheet, "引驻信息管理");
+    MenuEntry entry(sheet, "客户信息登记", &top);
+    Count clicks(entry.clicked);
+    top.setEnabled(false);
+    entry.click();
+    top.setEnabled(true);
+    entry.click();
+    EXPECT_EQ(clicks.times, 1);
+}
+
+TEST(Canvas, DrawsInTwipsAtTheResolutionOfTheScreen) {
+    Sheet sheet;
+    Canvas canvas(sheet, "canvas");
+    canvas.resize(1500, 750, 2.0 / 15);
+    EXPECT_EQ(canvas.picture().width, 200);
+    canvas.line(150, 75, 1350, 75, rgb(10, 20, 30));
+    EXPECT_EQ(canvas.point(750, 75), rgb(10, 20, 30));
+    EXPECT_EQ(canvas.point(750, 90), windowColour);
+    EXPECT_EQ(canvas.point(1500, 75), -1);
+}
+
+TEST(Picture, CopiesOnlyWhatLiesInBoth) {
+    Picture from(4, 4, rgb(1, 2, 3));
+    Picture to(3, 3);
+    to.copy(from, -1, 2, 10, 10, 1, 1);
+    EXPECT_EQ(to.at(1, 1), windowColour);
+    EXPECT_EQ(to.at(2, 1), rgb(1, 2, 3));
+    EXPECT_EQ(to.at(2, 2), rgb(1, 2, 3));
+    to.copy(from, 9, 9, 5, 5, 0, 0);
+    EXPECT_EQ(to.at(0, 0), windowColour);
+    Picture stretched(7, 5);
+    stretched.stretch(from);
+    EXPECT_EQ(stretched.at(6, 4), rgb(1, 2, 3));
+}
+
+struct Closing : Screen {
+    explicit Closing(std::string* log) : Screen("closing", "", WindowKind::child, 100, 100), log_(log) {}
+    ~Closing() override { *log_ += "gone"; }
+    void load() override { *log_ += "load "; }
+    void unload() override { *log_ += "unload "; }
+    std::string* log_;
+};
+
+TEST(Screens, OneInstanceThatOutlivesTheHandlerThatUnloadsIt) {
+    ScriptedDesktop desktop;
+    Screens screens(desktop);
+    std::string log;
+    screens.offer("closing", [&] { return std::make_unique<Closing>(&log); });
+    EXPECT_THROW(screens.get("another"), RuntimeFailure);
+    Screen& screen = screens.get("closing");
+    EXPECT_EQ(&screens.get("closing"), &screen);
+    screens.unload(screen);
+    screens.unload(screen);
+    EXPECT_EQ(log, "load unload ");
+    EXPECT_EQ(screens.loaded("closing"), nullptr);
+    screens.dropUnloaded();
+    EXPECT_EQ(log, "load unload gone");
+}
+
+}  // namespace
+}  // namespace desk
