@@ -1,0 +1,46 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string_view>
+
+namespace desk {
+
+class Engine;
+
+/// A connection to one database. Statements are T-SQL whatever the engine.
+class Connection {
+  public:
+    Connection();
+    ~Connection();
+    Connection(Connection&&) noexcept;
+    Connection& operator=(Connection&&) noexcept;
+
+    /// Opens the database that an OLE DB connection string names. A Data Source of "(embedded)" is the file
+    /// named by Initial Catalog (":memory:" for one that lives as long as the connection); any other name is
+    /// a server. `timeout` bounds the wait for the server, and for another seat that holds the file. Fails
+    /// with -2147467259 and a text that says what is wrong; the connection is then closed. A file that is
+    /// missing, damaged or not a database of this system is left as it is.
+    void open(std::string_view connectionString, std::chrono::seconds timeout);
+
+    /// Runs one statement; gives the number of rows it changed, 0 for one that returns rows.
+    /// Fails with -2147217900 (wrong statement), -2147217873 (violated rule), -2147217913 (a text that cannot
+    /// be converted), -2147467259 (the rest).
+    long execute(std::string_view statement);
+
+    /// Everything from begin() to commit() is written together or not at all. Without it each write stands
+    /// alone. begin() inside an open transaction, commit() and rollback() without one, fail with -2147467259.
+    void begin();
+    void commit();
+    void rollback();
+
+    bool isOpen() const { return engine_ != nullptr; }
+
+    /// The engine behind an open connection; fails with 3709 on a closed one. For Recordset.
+    Engine& engine() const;
+
+  private:
+    std::unique_ptr<Engine> engine_;
+};
+
+}  // namespace desk

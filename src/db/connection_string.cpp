@@ -1,0 +1,71 @@
+#include "db/connection_string.h"
+
+#include "base/failure.h"
+#include "base/text.h"
+#include "schema/catalogue.h"
+
+namespace desk {
+
+namespace {
+
+[[noreturn]] void malformed() {
+    throw RuntimeFailure(failure::unspecified,
+                         "连接字符串的格式不正确，请检查用户名、密码、数据库名和服务器名中的引号和分号。");
+}
+
+/// Takes a quoted value, its quotes included, off the head of `rest`.
+std::string takeQuoted(std::string_view& rest) {
+    const char quote = rest.front();
+    std::string value;
+    for (std::size_t i = 1; i < rest.size(); ++i) {
+        if (rest[i] != quote) {
+            value += rest[i];
+        } else if (i + 1 < rest.size() && rest[i + 1] == quote) {
+            value += rest[i++];
+        } else {
+            rest.remove_prefix(i + 1);
+            return value;
+        }
+    }
+    malformed();
+}
+
+std::string takeValue(std::string_view& rest) {
+    const auto start = rest.find_first_not_of(' ');
+    rest.remove_prefix(start == std::string_view::npos ? rest.size() : start);
+    if (rest.empty()) return {};
+    if (rest.front() == '\'' || rest.front() == '"') {
+        auto value = takeQuoted(rest);
+        const auto next = rest.find_first_not_of(' ');
+        if (next != std::string_view::npos && rest[next] != ';') malformed();
+        rest.remove_prefix(next == std::string_view::npos ? rest.size() : next);
+        return value;
+    }
+    const auto end = std::min(rest.find(';'), rest.size());
+    const std::string value(trimmed(rest.substr(0, end)));
+    rest.remove_prefix(end);
+    return value;
+}
+
+}  // namespace
+
+ConnectionTarget parseConnectionString(std::string_view text) {
+    ConnectionTarget target;
+    while (true) {
+        const auto start = text.find_first_not_of(" ;");
+        if (start == std::string_view::npos) return target;
+        text.remove_prefix(start);
+        const auto equals = text.find('=');
+        const auto key = trimmed(text.substr(0, std::min(equals, text.size())));
+        if (equals == std::string_view::npos || key.empty() || key.find(';') != std::string_view::npos)
+            malformed();
+        text.remove_prefix(equals + 1);
+        auto value = takeValue(text);
+        if (schema::sameName(key, "Data Source"))
+            target.dataSource = std::move(value);
+        else if (schema::sameName(key, "Initial Catalog"))
+            target.initialCatalog = std::move(value);
+    }
+}
+
+}  // namespace desk

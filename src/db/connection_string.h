@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace desk {
+
+/// What an OLE DB connection string says about the database.
+struct ConnectionTarget {
+    std::string dataSource;
+    std::string initialCatalog;
+};
+
+/// Reads "key=value;…". Keys are case-insensitive, and the last of several equal ones counts. A value is
+/// bare, up to the next semicolon, or in single or double quotes, a doubled quote standing for one. Fails
+/// with -2147467259 when the text does not follow that grammar.
+ConnectionTarget parseConnectionString(std::string_view text);
+
+}  // namespace desk

@@ -1,0 +1,166 @@
+#include "db/embedded/embedded.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <set>
+
+#include "base/failure.h"
+#include "db/embedded/forward_cursor.h"
+#include "db/embedded/updatable_cursor.h"
+#include "schema/definition.h"
+
+namespace desk::embedded {
+
+namespace {
+
+class EmbeddedEngine : public Engine {
+  public:
+    explicit EmbeddedEngine(std::shared_ptr<Store> store) : store_(std::move(store)) {}
+
+    std::unique_ptr<Cursor> open(std::string_view statement, Rows mode) override {
+        auto translation = translate(statement, mode);
+        if (!translation.givesRows)
+            throw RuntimeFailure(failure::closedRecordset, "对象关闭时，不允许操作：该语句不返回行。");
+        if (mode == Rows::updatable) return std::make_unique<UpdatableCursor>(store_, std::move(translation));
+        return std::make_unique<ForwardCursor>(store_, std::move(translation));
+    }
+
+    long execute(std::string_view statement) override {
+        const auto translation = translate(statement, Rows::forwardOnly);
+        if (translation.givesRows) {
+            store_->sqlite().run(translation.sql);
+            return 0;
+        }
+        Writing writing(*store_);
+        store_->sqlite().run(translation.sql);
+        const long changed = store_->sqlite().changedRows();
+        writing.commit();
+        return changed;
+    }
+
+    void begin() override {
+        requireTransaction(false, "已有一个事务尚未结束。");
+        store_->stopReading();
+        store_->sqlite().run("BEGIN IMMEDIATE");
+    }
+    void commit() override { end("COMMIT"); }
+    void rollback() override { end("ROLLBACK"); }
+
+  private:
+    void end(std::string_view how) {
+        requireTransaction(true, "没有打开的事务。");
+        store_->stopReading();
+        store_->sqlite().run(how);
+    }
+
+    void requireTransaction(bool open, const char* otherwise) const {
+        if (store_->sqlite().inTransaction() != open) throw RuntimeFailure(failure::unspecified, otherwise);
+    }
+
+    std::shared_ptr<Store> store_;
+};
+
+std::filesystem::path pathOf(const std::string& utf8) {
+    return {std::u8string(utf8.begin(), utf8.end())};
+}
+
+[[noreturn]] void refuse(const std::string& path, std::string_view reason) {
+    throw RuntimeFailure(failure::unspecified, fmt::format("无法打开数据库文件 '{}'：{}", path, reason));
+}
+
+void requireFile(const std::string& path) {
+    if (path.empty()) throw RuntimeFailure(failure::unspecified, "未指定数据库文件。");
+    std::error_code error;
+    const auto status = std::filesystem::status(pathOf(path), error);
+    if (status.type() == std::filesystem::file_type::not_found) refuse(path, "文件不存在。");
+    if (status.type() == std::filesystem::file_type::directory) refuse(path, "它是一个目录。");
+    if (status.type() != std::filesystem::file_type::regular) refuse(path, "它不是可以读写的文件。");
+}
+
+void requireTables(const Sqlite& sqlite) {
+    std::set<std::string, std::less<>> present;
+    auto names = sqlite.prepare("SELECT name FROM sqlite_schema WHERE type='table'");
+    while (names.step()) present.emplace(names.text(0));
+    for (const auto& table : schema::tables())
+        if (!present.contains(table.name))
+            throw RuntimeFailure(failure::unspecified,
+                                 fmt::format("它不是本系统的数据库：没有表 '{}'。", table.name));
+}
+
+std::int32_t keptVersion(const Sqlite& sqlite) {
+    auto version = sqlite.prepare("PRAGMA user_version");
+    version.step();
+    return static_cast<std::int32_t>(version.integer(0));
+}
+
+void keepVersion(const Sqlite& sqlite) {
+    sqlite.run(fmt::format("PRAGMA user_version={}", sqlite.collation().version()));
+}
+
+/// The indexes stand in the order of the library that wrote them. Where another order reads them they are
+/// made anew.
+void followCollation(Store& store) {
+    if (keptVersion(store.sqlite()) == store.sqlite().collation().version()) return;
+    Writing writing(store);
+    store.sqlite().run(fmt::format("REINDEX {}", schema::collationName));
+    keepVersion(store.sqlite());
+    writing.commit();
+}
+
+void define(Store& store) {
+    Writing writing(store);
+    for (const auto& statement : schema::definition(schema::Dialect::sqlite)) store.sqlite().run(statement);
+    keepVersion(store.sqlite());
+    writing.commit();
+}
+
+void tune(const Sqlite& sqlite) {
+    sqlite.run("PRAGMA temp_store=MEMORY");
+    sqlite.run("PRAGMA cache_size=-16384");
+}
+
+std::shared_ptr<Store> openedFile(const std::string& path, std::chrono::seconds timeout) {
+    requireFile(path);
+    try {
+        auto store =
+            std::make_shared<Store>(std::make_unique<Sqlite>(path, Sqlite::Missing::isFailure, timeout));
+        requireTables(store->sqlite());
+        followCollation(*store);
+        return store;
+    } catch (const RuntimeFailure& failure) {
+        refuse(path, failure.description());
+    }
+}
+
+std::shared_ptr<Store> openedMemory() {
+    auto store = std::make_shared<Store>(
+        std::make_unique<Sqlite>(inMemory, Sqlite::Missing::isCreated, std::chrono::seconds(0)));
+    define(*store);
+    return store;
+}
+
+}  // namespace
+
+std::unique_ptr<Engine> open(const std::string& path, std::chrono::seconds timeout) {
+    auto store = path == inMemory ? openedMemory() : openedFile(path, timeout);
+    tune(store->sqlite());
+    return std::make_unique<EmbeddedEngine>(std::move(store));
+}
+
+void createDatabase(const std::string& path) {
+    if (path.empty()) throw RuntimeFailure(failure::unspecified, "未指定数据库文件。");
+    if (std::filesystem::exists(pathOf(path)))
+        throw RuntimeFailure(failure::unspecified, fmt::format("文件 '{}' 已经存在。", path));
+    try {
+        Store store(std::make_unique<Sqlite>(path, Sqlite::Missing::isCreated, std::chrono::seconds(0)));
+        define(store);
+    } catch (const RuntimeFailure& failure) {
+        std::error_code ignored;
+        std::filesystem::remove(pathOf(path), ignored);
+        throw RuntimeFailure(failure::unspecified,
+                             fmt::format("无法创建数据库文件 '{}'：{}", path, failure.description()));
+    }
+}
+
+}  // namespace desk::embedded

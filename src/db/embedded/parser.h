@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string_view>
+
+#include "db/embedded/ast.h"
+
+namespace desk::embedded {
+
+/// Reads one statement: Select, Update, Delete or Insert. Names are not looked up.
+/// Fails with -2147217900, telling the word at which it could not go on.
+Statement parse(std::string_view statement);
+
+}  // namespace desk::embedded

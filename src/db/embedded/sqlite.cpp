@@ -1,0 +1,132 @@
+#include "db/embedded/sqlite.h"
+
+#include <fmt/format.h>
+
+#include <array>
+
+#include "base/failure.h"
+#include "db/embedded/functions.h"
+#include "schema/definition.h"
+
+namespace desk::embedded {
+
+namespace {
+
+/// What stands behind `prefix`, if `text` begins with it.
+std::string_view behind(std::string_view text, std::string_view prefix) {
+    return text.starts_with(prefix) ? text.substr(prefix.size()) : std::string_view();
+}
+
+std::string ruleText(std::string_view message) {
+    if (const auto column = behind(message, "NOT NULL constraint failed: "); !column.empty())
+        return fmt::format("不能将值 NULL 插入列 '{}'；该列不允许有空值。", column);
+    if (const auto column = behind(message, "UNIQUE constraint failed: "); !column.empty())
+        return fmt::format("违反了唯一性约束：'{}' 中已存在相同的值。", column);
+    return fmt::format("违反了数据库的约束：{}", message);
+}
+
+[[noreturn]] void fail(sqlite3* database) {
+    const int extended = sqlite3_extended_errcode(database);
+    const std::string message = sqlite3_errmsg(database);
+    const auto unspecified = [](std::string_view text) {
+        throw RuntimeFailure(failure::unspecified, std::string(text));
+    };
+    switch (extended & 0xff) {
+        case SQLITE_CONSTRAINT:
+            if (extended == SQLITE_CONSTRAINT_DATATYPE)
+                throw RuntimeFailure(failure::badConversion, fmt::format("值与列的类型不符：{}", message));
+            throw RuntimeFailure(failure::violatedRule, ruleText(message));
+        case SQLITE_MISMATCH:
+            throw RuntimeFailure(failure::badConversion, message);
+        case SQLITE_ERROR:
+            throw RuntimeFailure(failure::wrongStatement, fmt::format("语句无法执行：{}", message));
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            unspecified("超时已过期：数据库文件正被其他工作站占用。");
+            break;
+        case SQLITE_NOTADB:
+            unspecified("该文件不是数据库，或者已经损坏。");
+            break;
+        case SQLITE_CORRUPT:
+            unspecified("数据库文件已损坏。");
+            break;
+        case SQLITE_READONLY:
+            unspecified("数据库文件是只读的，无法写入。");
+            break;
+        case SQLITE_FULL:
+            unspecified("磁盘已满，无法写入数据库文件。");
+            break;
+        case SQLITE_IOERR:
+            unspecified("读写数据库文件时发生错误。");
+            break;
+        case SQLITE_CANTOPEN:
+        case SQLITE_PERM:
+        case SQLITE_AUTH:
+            unspecified("无法打开数据库文件，请检查访问权限。");
+            break;
+        default:
+            break;
+    }
+    throw RuntimeFailure(failure::unspecified, fmt::format("数据库错误：{}", message));
+}
+
+int compareTexts(void* collation, int lengthA, const void* a, int lengthB, const void* b) {
+    return static_cast<const Collation*>(collation)->compare(
+        {static_cast<const char*>(a), static_cast<std::size_t>(lengthA)},
+        {static_cast<const char*>(b), static_cast<std::size_t>(lengthB)});
+}
+
+}  // namespace
+
+SqliteStatement::SqliteStatement(sqlite3* database, std::string_view sql) {
+    sqlite3_stmt* handle = nullptr;
+    const int result =
+        sqlite3_prepare_v2(database, sql.data(), static_cast<int>(sql.size()), &handle, nullptr);
+    handle_.reset(handle);
+    if (result != SQLITE_OK) fail(database);
+}
+
+void SqliteStatement::bind(int position, const Value& value) {
+    auto* handle = handle_.get();
+    const auto& held = value.held();
+    if (const auto* integer = std::get_if<std::int64_t>(&held))
+        sqlite3_bind_int64(handle, position, *integer);
+    else if (const auto* number = std::get_if<double>(&held))
+        sqlite3_bind_double(handle, position, *number);
+    else if (const auto* text = std::get_if<std::string>(&held))
+        sqlite3_bind_text64(handle, position, text->data(), text->size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+    else
+        sqlite3_bind_null(handle, position);
+}
+
+bool SqliteStatement::step() {
+    const int result = sqlite3_step(handle_.get());
+    if (result == SQLITE_ROW) return true;
+    if (result == SQLITE_DONE) return false;
+    fail(sqlite3_db_handle(handle_.get()));
+}
+
+void SqliteStatement::reset() {
+    sqlite3_reset(handle_.get());
+}
+
+Sqlite::Sqlite(std::string_view path, Missing missing, std::chrono::seconds timeout) {
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE |
+                      (missing == Missing::isCreated ? SQLITE_OPEN_CREATE : 0);
+    sqlite3* handle = nullptr;
+    const int result = sqlite3_open_v2(std::string(path).c_str(), &handle, flags, nullptr);
+    handle_.reset(handle);
+    if (handle == nullptr) throw RuntimeFailure(failure::unspecified, "内存不足，无法打开数据库文件。");
+    if (result != SQLITE_OK) fail(handle);
+    sqlite3_busy_timeout(handle, static_cast<int>(std::chrono::milliseconds(timeout).count()));
+    // Strict rules: no texts in double quotes, no calls from a file that somebody else has made.
+    for (const int option :
+         {SQLITE_DBCONFIG_DQS_DML, SQLITE_DBCONFIG_DQS_DDL, SQLITE_DBCONFIG_TRUSTED_SCHEMA})
+        sqlite3_db_config(handle, option, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_create_collation_v2(handle, std::string(schema::collationName).c_str(), SQLITE_UTF8, &collation_,
+                                compareTexts, nullptr);
+    addFunctions(handle);
+}
+
+}  // namespace desk::embedded

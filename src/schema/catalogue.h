@@ -1,0 +1,57 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace desk::schema {
+
+/// What a column holds. Both engines are told in their own words by schema/definition.h.
+enum class Kind {
+    text,      ///< short text, compared by the collation
+    longText,  ///< text of any length
+    integer,   ///< 32 bits
+    number,    ///< floating point
+    money,     ///< four decimal places
+    flag,      ///< 0 or 1
+    date,      ///< a day
+    moment,    ///< a day and a time
+    identity,  ///< an integer that the database gives
+};
+
+struct Column {
+    std::string_view name;
+    Kind kind;
+    bool required = false;      ///< NULL is refused
+    std::string_view copyOf{};  ///< the column that this one always equals; such a column is never written
+};
+
+/// An index that statements of the system need. `columns` is in T-SQL terms, separated by commas; "len(x)"
+/// stands for the length of x.
+struct Index {
+    std::string_view name;
+    std::string_view columns;
+    bool unique = false;
+};
+
+struct Table {
+    std::string_view name;
+    std::vector<Column> columns;
+    std::vector<Index> indexes;
+
+    /// The column of that name, ASCII case ignored; null if there is none.
+    const Column* column(std::string_view columnName) const;
+    /// The column that the database numbers; null if there is none.
+    const Column* identity() const;
+};
+
+/// All tables that the system's statements name, its own ("YZ_…") first.
+std::span<const Table> tables();
+
+/// The table of that name, ASCII case ignored; null if there is none.
+const Table* table(std::string_view name);
+
+/// Whether two names of tables or columns are the same one: ASCII case does not count.
+bool sameName(std::string_view a, std::string_view b);
+
+}  // namespace desk::schema

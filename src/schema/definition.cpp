@@ -1,0 +1,116 @@
+#include "schema/definition.h"
+
+#include <fmt/format.h>
+
+#include "base/text.h"
+#include "schema/catalogue.h"
+
+namespace desk::schema {
+
+namespace {
+
+std::string quoted(Dialect dialect, std::string_view name) {
+    return dialect == Dialect::sqlite ? fmt::format("\"{}\"", name) : fmt::format("[{}]", name);
+}
+
+std::string sqliteType(Kind kind) {
+    switch (kind) {
+        case Kind::text:
+        case Kind::longText:
+            return fmt::format("TEXT COLLATE {}", collationName);
+        case Kind::integer:
+        case Kind::flag:
+            return "INTEGER";
+        case Kind::number:
+        case Kind::money:
+            return "REAL";
+        case Kind::date:
+        case Kind::moment:
+            return "TEXT";
+        case Kind::identity:
+            return "INTEGER PRIMARY KEY AUTOINCREMENT";
+    }
+    return {};
+}
+
+std::string sqlServerType(Kind kind) {
+    switch (kind) {
+        case Kind::text:
+            return "nvarchar(200) COLLATE Chinese_PRC_CI_AS";
+        case Kind::longText:
+            return "nvarchar(max) COLLATE Chinese_PRC_CI_AS";
+        case Kind::integer:
+            return "int";
+        case Kind::flag:
+            return "bit";
+        case Kind::number:
+            return "float";
+        case Kind::money:
+            return "money";
+        case Kind::date:
+        case Kind::moment:
+            return "datetime";
+        case Kind::identity:
+            return "int IDENTITY(1,1) PRIMARY KEY";
+    }
+    return {};
+}
+
+std::string columnLine(Dialect dialect, const Column& column) {
+    const auto name = quoted(dialect, column.name);
+    if (!column.copyOf.empty()) {
+        const auto source = quoted(dialect, column.copyOf);
+        return dialect == Dialect::sqlite
+                   ? fmt::format("{} INTEGER GENERATED ALWAYS AS ({}) VIRTUAL", name, source)
+                   : fmt::format("{} AS ({})", name, source);
+    }
+    const auto type = dialect == Dialect::sqlite ? sqliteType(column.kind) : sqlServerType(column.kind);
+    return fmt::format("{} {}{}", name, type, column.required ? " NOT NULL" : "");
+}
+
+std::string tableStatement(Dialect dialect, const Table& table) {
+    std::vector<std::string> lines;
+    // A row without an identity gets a number as well, which is never used twice: an update that has lost its
+    // row must not find another one in its place.
+    if (dialect == Dialect::sqlite && table.identity() == nullptr)
+        lines.emplace_back("_row INTEGER PRIMARY KEY AUTOINCREMENT");
+    for (const auto& column : table.columns) lines.push_back(columnLine(dialect, column));
+    return fmt::format("CREATE TABLE {} (\n  {}\n){}", quoted(dialect, table.name), join(lines, ",\n  "),
+                       dialect == Dialect::sqlite ? " STRICT" : "");
+}
+
+constexpr std::string_view lengthPrefix = "len(";
+
+std::string indexStatement(Dialect dialect, const Table& table, const Index& index) {
+    std::vector<std::string> parts;
+    for (const auto& part : split(index.columns, ',')) {
+        const bool byLength = part.starts_with(lengthPrefix);
+        const auto name =
+            byLength ? part.substr(lengthPrefix.size(), part.size() - lengthPrefix.size() - 1) : part;
+        const auto column = quoted(dialect, name);
+        parts.push_back(byLength ? sqliteLength(column) : column);
+    }
+    return fmt::format("CREATE {}INDEX {} ON {} ({})", index.unique ? "UNIQUE " : "",
+                       quoted(dialect, index.name), quoted(dialect, table.name), join(parts, ", "));
+}
+
+}  // namespace
+
+std::string sqliteLength(std::string_view operand) {
+    return fmt::format("length(rtrim({}))", operand);
+}
+
+std::vector<std::string> definition(Dialect dialect) {
+    std::vector<std::string> statements;
+    for (const auto& table : tables()) {
+        statements.push_back(tableStatement(dialect, table));
+        for (const auto& index : table.indexes) {
+            const bool byLength = index.columns.find(lengthPrefix) != std::string_view::npos;
+            if (dialect == Dialect::sqlite || !byLength)
+                statements.push_back(indexStatement(dialect, table, index));
+        }
+    }
+    return statements;
+}
+
+}  // namespace desk::schema

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <fstream>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "base/failure.h"
+#include "base/text.h"
+#include "db/recordset.h"
+#include "db/statement.h"
+#include "schema/catalogue.h"
+
+namespace desk {
+
+inline const std::string memory = "Initial Catalog=':memory:';Data Source='(embedded)'";
+
+inline std::string fileConnection(const std::string& path) {
+    return "Initial Catalog='" + path + "';Data Source='(embedded)'";
+}
+
+inline std::vector<std::string> linesOf(const std::string& name) {
+    std::ifstream file(std::string(TEST_FOLDER) + "/" + name);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(file, line);) lines.push_back(line);
+    return lines;
+}
+
+/// An empty database in memory.
+struct EmptyDatabase {
+    Connection connection;
+    EmptyDatabase() { connection.open(memory, std::chrono::seconds(1)); }
+
+    /// All rows of a statement, fields joined by "|".
+    std::vector<std::string> rows(std::string_view statement) {
+        std::vector<std::string> lines;
+        for (Recordset found(connection, statement); !found.atEnd(); found.moveNext()) {
+            std::vector<std::string> fields;
+            for (int column = 0; column < found.columnCount(); ++column)
+                fields.push_back(found[column].text());
+            lines.push_back(join(fields, "|"));
+        }
+        return lines;
+    }
+    std::string row(std::string_view statement) { return join(rows(statement), "\n"); }
+};
+
+/// A small property: every statement of the system finds something in it.
+struct FilledDatabase : EmptyDatabase {
+    FilledDatabase() {
+        for (const auto& statement : linesOf("filled.txt")) connection.execute(statement);
+    }
+};
+
+/// The number of the failure that `action` ends with; 0 if it ends well.
+inline long failureOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const RuntimeFailure& failure) {
+        return failure.number();
+    }
+    return 0;
+}
+
+/// The text of the failure that `action` ends with.
+inline std::string failureTextOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const RuntimeFailure& failure) {
+        return failure.description();
+    }
+    return {};
+}
+
+}  // namespace desk

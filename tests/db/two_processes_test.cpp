@@ -1,0 +1,54 @@
+#include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include "db/embedded/embedded.h"
+#include "filled_database.h"
+#include "temporary_folder.h"
+
+extern char** environ;
+
+namespace desk {
+namespace {
+
+pid_t startSeat(const std::string& path, const std::string& name, int rows) {
+    const auto count = std::to_string(rows);
+    const char* const arguments[] = {SEAT_PROGRAM, path.c_str(), name.c_str(), count.c_str(), nullptr};
+    pid_t process = 0;
+    if (posix_spawn(&process, SEAT_PROGRAM, nullptr, nullptr, const_cast<char**>(arguments), environ) != 0)
+        return -1;
+    return process;
+}
+
+int exitCode(pid_t process) {
+    int status = -1;
+    waitpid(process, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST(TwoSeats, RegisterAtTheSameTimeWithoutLosingARow) {
+    constexpr int each = 1000;
+    const TemporaryFolder folder;
+    const auto path = folder.path("seats.db");
+    embedded::createDatabase(path);
+    const auto first = startSeat(path, "甲", each);
+    const auto second = startSeat(path, "乙", each);
+    ASSERT_GT(first, 0);
+    ASSERT_GT(second, 0);
+    EXPECT_EQ(exitCode(first), 0);
+    EXPECT_EQ(exitCode(second), 0);
+
+    Connection connection;
+    connection.open(fileConnection(path), std::chrono::seconds(5));
+    for (const auto* seat : {"甲", "乙"}) {
+        Recordset rows(connection, sql("Select Count(*) From YZ_引驻客户信息 Where 业务员='{}'", seat));
+        EXPECT_EQ(rows[0].integer(), each) << seat;
+    }
+    // Nothing keeps two seats from drawing the same number, but most draw one of their own.
+    Recordset highest(connection, "SELECT MAX(流水号) AS 流水号 From YZ_引驻客户信息 Where 管理处代号='01'");
+    EXPECT_LE(highest[0].integer(), 2 * each);
+    EXPECT_GE(highest[0].integer(), each);
+}
+
+}  // namespace
+}  // namespace desk
