@@ -1,0 +1,55 @@
+#pragma once
+
+#include <X11/Xlib.h>
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace desk::x11 {
+
+/// A connection to the X server that DISPLAY names, with the few questions that driving other windows needs.
+/// While it lives, errors that the server reports are passed over: other programs' windows come and go as
+/// they like.
+class Server {
+  public:
+    Server();
+    ~Server();
+    Server(const Server&) = delete;
+    Server& operator=(const Server&) = delete;
+
+    /// False when there is no server. Nothing else may be called then.
+    bool isConnected() const { return display_ != nullptr; }
+
+    Window root() const { return DefaultRootWindow(display_); }
+
+    /// The top-level windows of all programs, hidden ones too where there is a window manager.
+    std::vector<Window> topLevelWindows();
+    /// The window's title in UTF-8; empty without one.
+    std::string title(Window window);
+    /// Whether a window manager is there that activates windows for others.
+    bool hasWindowManager();
+    /// The window that the window manager holds for active.
+    std::optional<Window> activeWindow();
+
+    /// Asks the window manager to bring the window to the front and give it the keyboard.
+    void requestActivation(Window window);
+    /// Does the same without one.
+    void raise(Window window);
+    /// Waits until the window is the active one; false when `patience` ran out.
+    bool awaitActive(Window window, std::chrono::milliseconds patience);
+
+  private:
+    Atom atom(const char* name);
+    std::vector<unsigned long> numbers(Window window, const char* property, Atom type);
+    std::string utf8(Window window, const char* property);
+    std::string oldStyleTitle(Window window);
+    std::vector<Window> children(Window window);
+
+    Display* display_ = nullptr;
+    XErrorHandler formerHandler_ = nullptr;
+};
+
+}  // namespace desk::x11

@@ -1,0 +1,37 @@
+#include "session/application.h"
+
+#include "session/about.h"
+#include "session/background.h"
+#include "session/login.h"
+#include "session/main_window.h"
+
+namespace desk {
+
+Application::Application(Desktop& shownBy, Platform runsOn)
+    : desktop(shownBy), platform(runsOn), screens(shownBy) {
+    screens.offer(FrmLogin::screenName, [this] { return std::make_unique<FrmLogin>(*this); });
+    screens.offer(MDIForm1::screenName, [this] { return std::make_unique<MDIForm1>(*this); });
+    screens.offer(Frmtu::screenName, [this] { return std::make_unique<Frmtu>(*this); });
+    screens.offer(FrmAbout::screenName, [this] { return std::make_unique<FrmAbout>(*this); });
+}
+
+void Application::start(std::string commandLine) {
+    命令行参数 = std::move(commandLine);
+    screens.get(FrmLogin::screenName);
+    // A session that was handed over has the main window up by now, and the login screen is gone.
+    if (screens.loaded(FrmLogin::screenName) != nullptr) screens.open(FrmLogin::screenName);
+}
+
+void Application::tell(std::string_view text) {
+    desktop.messageBox({std::string(text), {}, Icon::none, Buttons::ok});
+}
+
+void Application::inform(std::string_view text, std::string_view title) {
+    desktop.messageBox({std::string(text), std::string(title), Icon::information, Buttons::ok});
+}
+
+bool Application::confirm(std::string_view text) {
+    return desktop.messageBox({std::string(text), "提醒", Icon::question, Buttons::yesNo}) == Answer::yes;
+}
+
+}  // namespace desk

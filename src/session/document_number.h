@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace desk {
+
+class Application;
+
+/// The prefix of a number for a document of that kind, by `Temp_Type`; empty for a kind without a rule.
+std::string 生成单据前缀(Application& app, std::string_view TypeName);
+
+/// The number behind the highest of the office `管理处代号` in `table`, 1 for an office without one. Two
+/// seats can compute the same: only a look at the table shows it.
+long next流水号(Application& app, std::string_view table, std::string_view 管理处代号);
+
+/// "{prefix}-{serial}", the serial of six digits or more.
+std::string documentNumberText(std::string_view prefix, long 流水号);
+
+}  // namespace desk

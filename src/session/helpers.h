@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+namespace desk {
+
+class Application;
+class Grid;
+class Screen;
+class ComboBox;
+
+/// Puts the screen into the middle of the main window, also where it is larger than that.
+void 窗体居中(Application& app, Screen& screen);
+
+/// Fits each column to its longest text, header included, measured in the font of `form`, and a margin of 90
+/// twips. A column of general alignment keeps its width.
+void 列宽自适应(Application& app, Grid& grid, const Screen& form);
+
+/// As above without column 0, and a column of general alignment disappears.
+void 列宽自适应1(Application& app, Grid& grid, const Screen& form);
+
+/// Sets `专项审核权限`: whether the position sees across departments.
+void 读取专项审核权限(Application& app);
+
+/// Fills a combo with the offices that the user's department may work for, each "{GYD_DH} {GYD_Name}", none
+/// selected. A failure ends the filling without a word.
+void 填充管理处(Application& app, ComboBox& combo);
+
+/// The statement behind 填充管理处.
+std::string 管理处语句(const Application& app);
+
+}  // namespace desk

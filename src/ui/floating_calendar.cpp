@@ -1,0 +1,41 @@
+#include "ui/floating_calendar.h"
+
+namespace desk {
+
+FloatingCalendar::FloatingCalendar(Screen& screen, Desktop& desktop, const std::string& name)
+    : 日历(screen, name), desktop_(desktop) {
+    日历.setVisible(false);
+    日历.dayClicked += [this](const DateTime& day) { take(day); };
+}
+
+void FloatingCalendar::serve(TextBox& field, Button& button, int number) {
+    field.focused += [this, &field, &button, number] {
+        button.setAnchor(&field);
+        button.setVisible(true);
+        field_ = &field;
+        number_ = number;
+    };
+    // A button of its own serves its field whoever had the focus last; a shared one serves the field it
+    // floats at.
+    button.clicked += [this, &field, &button, number] {
+        if (button.anchor() != &field) return;
+        field_ = &field;
+        number_ = number;
+        toggleBelow(field);
+    };
+    button.setVisible(false);
+}
+
+void FloatingCalendar::toggleBelow(TextBox& field) {
+    日历.setAnchor(&field);
+    日历.setVisible(!日历.visible());
+}
+
+void FloatingCalendar::take(const DateTime& day) {
+    if (field_ == nullptr) return;
+    field_->setText(desktop_.shortDate(day));
+    hide();
+    dayTaken(number_);
+}
+
+}  // namespace desk

@@ -1,0 +1,67 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+#include "platform/processes.h"
+#include "platform/x11/x11_programs.h"
+
+namespace desk {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+/// The lines of a file that another process writes, once there are `count` of them.
+std::vector<std::string> awaitLines(const fs::path& path, std::size_t count) {
+    std::vector<std::string> lines;
+    for (int i = 0; i < 500 && lines.size() < count; ++i) {
+        std::this_thread::sleep_for(20ms);
+        lines.clear();
+        std::ifstream file(path);
+        for (std::string line; std::getline(file, line);) lines.push_back(line);
+    }
+    return lines;
+}
+
+TEST(StartedProcess, GetsItsArgumentsAsTheyStandAndLeavesNoZombie) {
+    std::string folder = (fs::temp_directory_path() / "desk-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(folder.data()), nullptr);
+    const std::string out = folder + "/out";
+
+    ASSERT_TRUE(
+        startProcess("/bin/sh", {"-c", R"(printf '%s\n' "$@" > "$0")", out, "两 词", "$HOME; `id`", "*"}));
+    EXPECT_EQ(awaitLines(out, 3), (std::vector<std::string>{"两 词", "$HOME; `id`", "*"}));
+    EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1) << "a child is left over";
+    fs::remove_all(folder);
+}
+
+TEST(StartedProcess, IsFalseForWhatIsNotThere) {
+    EXPECT_FALSE(startProcess("", {}));
+    EXPECT_FALSE(startProcess("/no/such/program", {}));
+    EXPECT_FALSE(startProcess("/tmp", {}));
+    EXPECT_FALSE(X11Programs().start("c:\\program Files\\Internet Explorer\\IEXPLORE.EXE",
+                                     {"https://www.example.com"}));
+    EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1) << "a child is left over";
+}
+
+TEST(StartedProcess, IsWatchedForAsLongAsAsked) {
+    EXPECT_TRUE(startProcess("false", {}));
+    EXPECT_FALSE(startProcess("false", {}, 10s));
+    EXPECT_TRUE(startProcess("true", {}, 10s));
+    EXPECT_TRUE(startProcess("sh", {"-c", "sleep 2; exit 1"}, 100ms)) << "the watch was over by then";
+}
+
+TEST(OpenedForUser, IsFalseWithoutAProgramForIt) {
+    const std::string path = std::getenv("PATH");
+    ::setenv("PATH", "/nowhere", 1);
+    EXPECT_FALSE(X11Programs().openForUser("https://www.example.com"));
+    ::setenv("PATH", path.c_str(), 1);
+}
+
+}  // namespace
+}  // namespace desk

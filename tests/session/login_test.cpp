@@ -1,0 +1,215 @@
+#include "session/login.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdio>
+
+#include "base/failure.h"
+#include "db/embedded/embedded.h"
+#include "session/main_window.h"
+#include "support/test_program.h"
+
+namespace desk {
+namespace {
+
+/// The staff of one small office. The database in memory is made anew by every connection, so the rows are
+/// put in as soon as the login has connected: by a look at the first statement's moment there is no way,
+/// hence a file.
+class Login : public testing::Test {
+  protected:
+    Login() {
+        path_ = testing::TempDir() + "login_" + std::to_string(::getpid()) + "_" +
+                testing::UnitTest::GetInstance()->current_test_info()->name() + ".db";
+        std::remove(path_.c_str());
+        embedded::createDatabase(path_);
+        program.settings.keys["DBname"] = path_;
+        Connection staff;
+        staff.open("Initial Catalog='" + path_ + "';Data Source='(embedded)'", std::chrono::seconds(5));
+        for (const auto* statement : {
+                 "Insert Into 职能部门类别 (部门类别代号,部门类别名称) Values ('A','业务')",
+                 "Insert Into 岗位类别 (岗位类别编号,岗位类别名称) Values ('P1','专员')",
+                 "Insert Into 职能部门new (职能部门编号,职能部门名称,职能部门类别代号) Values "
+                 "('01','招商部','A')",
+                 "Insert Into 岗位信息new (岗位代号,岗位名称,职能部门代号,岗位类别代号) Values "
+                 "('0101','招商专员','01','P1')",
+                 "Insert Into 岗位信息new (岗位代号,岗位名称,职能部门代号,岗位类别代号) Values "
+                 "('0102','招商经理 ','01','P1')",
+                 "Insert Into 员工档案 (工号,姓名,帐号密码) Values ('E01','林晓','one')",
+                 "Insert Into 员工档案 (工号,姓名,帐号密码) Values ('E02','周平','two')",
+                 "Insert Into 员工档案 (工号,姓名,帐号密码,离职日期) Values "
+                 "('E03','吴江','three','2010-5-1')",
+                 "Insert Into 员工档案 (工号,姓名,帐号密码) Values ('E04','郑敏','four')",
+                 "Insert Into 岗位员工new (员工代号,岗位代号,主要岗位) Values ('E01','0101',1)",
+                 "Insert Into 岗位员工new (员工代号,岗位代号,主要岗位) Values ('E02','0101',1)",
+                 "Insert Into 岗位员工new (员工代号,岗位代号,主要岗位) Values ('E02','0102',0)",
+                 "Insert Into 岗位员工new (员工代号,岗位代号,主要岗位) Values ('E03','0101',1)",
+                 "Insert Into 岗位员工new (员工代号,岗位代号,主要岗位,离岗日期) Values "
+                 "('E04','0101',1,'2011-1-1')",
+             })
+            staff.execute(statement);
+    }
+    ~Login() override { std::remove(path_.c_str()); }
+
+    FrmLogin& login() { return program.app.screens.get<FrmLogin>(); }
+    void logIn(std::string_view user, std::string_view password) {
+        login().TxtUser.type(user);
+        login().txtPassword.type(password);
+        login().cmdOK.click();
+    }
+    bool mainWindowIsUp() { return program.app.screens.loaded("MDIForm1") != nullptr; }
+
+    TestProgram program;
+    std::string path_;
+};
+
+TEST_F(Login, RefusesWhatIsMissingOrWrong) {
+    program.app.start("");
+    EXPECT_EQ(login().Label1.caption(), "V1.0版");
+    logIn("", "x");
+    EXPECT_EQ(program.desktop.takeMessage(), "用户名不能为空!");
+    logIn("E01", "");
+    EXPECT_EQ(program.desktop.takeMessage(), "密码不能为空!");
+    logIn("E01", "two");
+    EXPECT_EQ(program.desktop.takeMessage(), "用户名或密码不正确,请重新输入!");
+    logIn("warden", "quilt");
+    EXPECT_EQ(program.desktop.takeMessage(), "用户名或密码不正确,请重新输入!");
+    logIn("warden", "qUilt ");
+    EXPECT_EQ(program.desktop.takeMessage(), "用户名或密码不正确,请重新输入!");
+    for (const auto& [user, password] : {std::pair("E03", "three"), std::pair("E04", "four")}) {
+        logIn(user, password);
+        EXPECT_EQ(program.desktop.takeMessage(), "对不起，您没有岗位，请选择系统管理员") << user;
+    }
+    EXPECT_FALSE(mainWindowIsUp());
+}
+
+TEST_F(Login, OnePositionGoesStraightIn) {
+    program.app.start("");
+    logIn("E01", " one ");
+    EXPECT_TRUE(mainWindowIsUp());
+    EXPECT_EQ(program.app.screens.loaded("frmLogin"), nullptr);
+    std::vector<std::string> fields;
+    for (const auto* field : program.app.session.fields()) fields.push_back(*field);
+    EXPECT_EQ(fields, (std::vector<std::string>{"E01", "林晓", "01", "招商部", "0101", "招商专员", "A",
+                                                "业务", "P1", "专员"}));
+}
+
+TEST_F(Login, SeveralPositionsWaitForADoubleClick) {
+    program.app.start("");
+    logIn("E02", "two");
+    EXPECT_FALSE(mainWindowIsUp());
+    ASSERT_TRUE(login().List1.visible());
+    ASSERT_EQ(login().List1.count(), 2);
+    EXPECT_EQ(login().List1.items()[1].text, "招商部 招商经理 (兼职)");
+
+    login().TxtUser.focused();
+    EXPECT_FALSE(login().List1.visible());
+    logIn("E02", "two");
+    login().List1.click(1);
+    EXPECT_FALSE(mainWindowIsUp());
+    login().List1.doubleClick(1);
+    EXPECT_TRUE(mainWindowIsUp());
+    EXPECT_EQ(program.app.session.登录岗位名称, "招商经理");
+}
+
+TEST_F(Login, TheSuperUserNeedsNoStaffRecordAndKeepsTheFormerName) {
+    program.app.start("");
+    logIn("warden", "qUilt");
+    EXPECT_TRUE(mainWindowIsUp());
+    EXPECT_EQ(program.app.session.登录工号, "超级用户");
+    EXPECT_EQ(program.app.session.登录姓名, "");
+    auto& main = program.app.screens.get<MDIForm1>();
+    EXPECT_TRUE(main.entry("人员设置")->usable());
+
+    program.app.session.登录姓名 = "林晓";
+    program.desktop.modalPerson = [this](Screen&) { logIn("warden", "qUilt"); };
+    main.entry("注销")->click();
+    EXPECT_EQ(program.app.session.登录姓名, "林晓");
+    EXPECT_FALSE(main.entry("人员设置")->enabled());
+    EXPECT_TRUE(main.entry("注销")->usable());
+}
+
+TEST_F(Login, AnApostropheInTheNumberIsShownAndHarmsNothing) {
+    program.app.start("");
+    logIn("O'Neil", "x");
+    ASSERT_EQ(program.desktop.messages.size(), 1U);
+    EXPECT_EQ(program.desktop.messages[0].title, "引驻台账");
+    EXPECT_TRUE(program.desktop.messages[0].text.starts_with("-2147217900 "));
+    logIn("E01", "one");
+    EXPECT_TRUE(mainWindowIsUp());
+}
+
+TEST_F(Login, AFailedConnectionShowsTwoBoxesAndEndsTheProgram) {
+    program.settings.keys.clear();
+    program.app.start("");
+    EXPECT_THROW(logIn("E01", "one"), ProcessEnded);
+    ASSERT_EQ(program.desktop.messages.size(), 2U);
+    EXPECT_TRUE(program.desktop.messages[0].text.starts_with("错误信息："));
+    EXPECT_EQ(program.desktop.messages[0].title, "信息文本");
+    EXPECT_EQ(program.desktop.messages[1].text, "数据库连接失败!");
+    EXPECT_EQ(program.desktop.messages[1].title, "连接提示");
+    EXPECT_EQ(program.app.连接字符串,
+              "Provider=SQLOLEDB.1;Password=;Persist Security Info=False;User ID=;Initial Catalog='';Data "
+              "Source=''");
+    EXPECT_EQ(program.app.数据库版本, "2000");
+}
+
+TEST_F(Login, CancellingEndsTheProgramAlsoAfterALogOff) {
+    program.app.start("");
+    EXPECT_THROW(login().cmdCancel.click(), ProcessEnded);
+    logIn("E01", "one");
+    program.desktop.modalPerson = [this](Screen&) { login().cmdCancel.click(); };
+    EXPECT_THROW(program.app.screens.get<MDIForm1>().entry("注销")->click(), ProcessEnded);
+}
+
+TEST_F(Login, AHandedOverSessionSkipsTheLogin) {
+    program.app.start("E9, 王 芳,01,招商部,0101,专员,A,业务,P1,类别,多余");
+    EXPECT_TRUE(mainWindowIsUp());
+    EXPECT_EQ(program.app.screens.loaded("frmLogin"), nullptr);
+    EXPECT_EQ(program.desktop.shown, std::vector<std::string>{"MDIForm1"});
+    EXPECT_EQ(program.app.session.登录姓名, " 王 芳");
+    EXPECT_EQ(program.app.session.登录岗位类别名称, "类别");
+}
+
+TEST_F(Login, AHandOffThatCannotConnectFallsBackToTheLogin) {
+    program.settings.keys["DBname"] = "/nowhere/at/all.db";
+    program.app.start("E9,王芳,01,招商部,0101,专员,A,业务,P1,类别");
+    EXPECT_EQ(program.desktop.messages.size(), 2U);
+    EXPECT_FALSE(mainWindowIsUp());
+    EXPECT_EQ(program.desktop.shown, std::vector<std::string>{"frmLogin"});
+    EXPECT_EQ(program.app.session.登录姓名, "王芳");
+}
+
+TEST_F(Login, AHandOffOfNineTokensIsFatal) {
+    try {
+        program.app.start("E9,王芳,01,招商部,0101,专员,A,业务,P1");
+        FAIL();
+    } catch (const RuntimeFailure& failure) {
+        EXPECT_EQ(failure.number(), 9);
+        EXPECT_EQ(failure.description(), "下标越界");
+    }
+    EXPECT_FALSE(mainWindowIsUp());
+}
+
+TEST_F(Login, LoggingInAgainChangesPositionAndPrivileges) {
+    program.app.start("");
+    logIn("E01", "one");
+    program.run(
+        {"Insert Into 岗位权限设置 (组代号,岗位代号,授权) Values ('G1','0102',1)",
+         "Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values "
+         "('G1','基础信息设置',1,'引驻台账')",
+         "Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('G1','人员设置',1,'引驻台账')"});
+    auto& main = program.app.screens.get<MDIForm1>();
+    EXPECT_FALSE(main.entry("人员设置")->usable());
+    program.desktop.modalPerson = [this](Screen& screen) {
+        EXPECT_EQ(screen.tag, "切换");
+        logIn("E02", "two");
+        login().List1.doubleClick(1);
+    };
+    main.entry("注销")->click();
+    EXPECT_EQ(program.app.session.登录工号, "E02");
+    EXPECT_TRUE(main.entry("人员设置")->usable());
+}
+
+}  // namespace
+}  // namespace desk

@@ -1,0 +1,191 @@
+#include "session/main_window.h"
+
+#include <gtest/gtest.h>
+
+#include "base/failure.h"
+#include "base/text.h"
+#include "session/document_number.h"
+#include "session/helpers.h"
+#include "support/test_program.h"
+#include "ui/grid.h"
+
+namespace desk {
+namespace {
+
+class MainWindow : public testing::Test {
+  protected:
+    MainWindow() { program.openDatabase(); }
+
+    MDIForm1& main() { return program.app.screens.get<MDIForm1>(); }
+    std::vector<std::string> enabledCaptions() {
+        std::vector<std::string> captions;
+        for (const auto& entry : main().entries())
+            if (entry.enabled() && !entry.isSeparator()) captions.push_back(entry.caption());
+        return captions;
+    }
+    void grant(const std::string& group, const std::string& position, const std::string& caption, int popedom,
+               const std::string& module = "引驻台账") {
+        if (program.rows("Select * From 岗位权限设置 Where 组代号='" + group + "'").empty())
+            program.db().execute("Insert Into 岗位权限设置 (组代号,岗位代号,授权) Values ('" + group + "','" +
+                                 position + "',1)");
+        program.db().execute("Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('" + group +
+                             "','" + caption + "'," + std::to_string(popedom) + ",'" + module + "')");
+    }
+
+    TestProgram program;
+};
+
+TEST_F(MainWindow, WithoutPrivilegesOnlyTheWaysOutAreLeft) {
+    program.enter();
+    EXPECT_EQ(enabledCaptions(),
+              (std::vector<std::string>{"其它模块", "退出系统", "退出", "注销", "关于", "联系我们"}));
+}
+
+TEST_F(MainWindow, AGrantInAnyGroupWinsAndATopEntryNeedsItsOwn) {
+    grant("G1", "0101", "客户信息登记", 1);
+    grant("G1", "0101", "客户跟进分配", 0);
+    grant("G2", "0101", "客户跟进分配", 1);
+    grant("G2", "0101", "没有这个菜单", 1);
+    grant("G3", "0199", "客户跟进管理", 1);
+    grant("G2", "0101", "人员设置", 1, "别的模块");
+    grant("G2", "0101", "联系我们", 0);
+    program.enter();
+    EXPECT_TRUE(main().entry("客户信息登记")->enabled());
+    EXPECT_FALSE(main().entry("客户信息登记")->usable());
+    EXPECT_TRUE(main().entry("客户跟进分配")->enabled());
+    EXPECT_FALSE(main().entry("客户跟进管理")->enabled());
+    EXPECT_FALSE(main().entry("人员设置")->enabled());
+    EXPECT_FALSE(main().entry("联系我们")->enabled());
+}
+
+TEST_F(MainWindow, AFailureWhileReadingPrivilegesLeavesTheMenuGrey) {
+    program.app.session = {"E01", "林晓", "01", "招商部", "01'01", "招商专员", "A", "业务", "P1", "专员"};
+    EXPECT_THROW(program.app.screens.open(MDIForm1::screenName), RuntimeFailure);
+    ASSERT_FALSE(program.desktop.messages.empty());
+    EXPECT_TRUE(program.desktop.messages[0].text.starts_with("错误号：-2147217900\r\n错误描述："));
+    EXPECT_EQ(program.desktop.messages[0].title, "提示");
+}
+
+TEST_F(MainWindow, EntriesOpenTheirScreenOrSaySo) {
+    program.app.session.登录工号 = SessionRecord::superUser;
+    program.app.screens.open(MDIForm1::screenName);
+    main().entry("来电统计分析")->click();
+    EXPECT_EQ(program.desktop.takeMessage(), "“来电统计分析”尚未启用。");
+    main().entry("关于我们")->click();
+    EXPECT_EQ(program.desktop.shown.back(), "frmAbout");
+    main().entry("其它模块")->click();
+    EXPECT_EQ(program.desktop.takeMessage(), "对不起，您不属于多模块系统。");
+    main().entry("联系我们")->click();
+    EXPECT_TRUE(program.programs.started.back().starts_with(
+        "c:\\program Files\\Internet Explorer\\IEXPLORE.EXE http"));
+    EXPECT_THROW(main().entry("退出")->click(), ProcessEnded);
+    EXPECT_THROW(program.app.screens.unload(main()), ProcessEnded);
+}
+
+TEST_F(MainWindow, InAFamilyOfModulesLoggingOffLeavesALineForTheLauncher) {
+    program.app.命令行参数 = "E01,…";
+    program.enter();
+    program.app.screens.open("frmAbout");
+    EXPECT_THROW(main().entry("注销")->click(), RuntimeFailure);  // no launcher is there
+    EXPECT_EQ(program.app.screens.loaded("frmAbout"), nullptr);
+    program.programs.windows = {"鸿序楼台", "鸿序楼台 zhuxiao"};
+    main().entry("注销")->click();
+    EXPECT_EQ(program.files.written["/program/Command.Dll"], "\xD7\xA2\xCF\xFA\r\n");
+    main().entry("其它模块")->click();
+    EXPECT_EQ(program.programs.activated, (std::vector<std::string>{"鸿序楼台 zhuxiao", "鸿序楼台"}));
+    EXPECT_EQ(program.app.session.登录工号, "E01");
+
+    program.files.broken = true;
+    EXPECT_THROW(main().entry("注销")->click(), RuntimeFailure);
+}
+
+TEST_F(MainWindow, BackgroundAndBannerFillWhateverWidth) {
+    program.desktop.pictureOnDisk = Picture(1028, 54, rgb(9, 9, 9));
+    for (int y = 0; y < 54; ++y) {
+        for (int x = 590; x < 610; ++x) program.desktop.pictureOnDisk->set(x, y, rgb(1, 1, 1));
+        for (int x = 610; x < 857; ++x) program.desktop.pictureOnDisk->set(x, y, rgb(2, 2, 2));
+    }
+    program.enter();
+    main().setSize(15000, 9000);
+    EXPECT_EQ(main().background().width, 1000);
+    EXPECT_EQ(main().background().height, 600);
+    EXPECT_EQ(program.app.screens.loaded("Frmtu"), nullptr);
+
+    main().Picture1.resize(1500 * 15, 54 * 15, 1.0 / 15);
+    const Picture& banner = main().Picture1.picture();
+    const int rightEnd = 1500 - 4000 / 15;
+    EXPECT_EQ(banner.at(10, 10), rgb(9, 9, 9));
+    EXPECT_EQ(banner.at(612, 10), rgb(1, 1, 1));
+    EXPECT_EQ(banner.at(rightEnd - 5, 10), rgb(1, 1, 1));
+    EXPECT_EQ(banner.at(rightEnd + 25, 10), rgb(2, 2, 2));
+
+    // A narrow window has the right end drawn over the rest.
+    main().Picture1.resize(800 * 15, 54 * 15, 1.0 / 15);
+    EXPECT_EQ(main().Picture1.picture().at(800 - 266 + 25, 10), rgb(2, 2, 2));
+
+    program.desktop.pictureOnDisk.reset();
+    main().setSize(12000, 9000);
+    EXPECT_TRUE(main().background().empty());
+}
+
+TEST_F(MainWindow, ThePrefixFollowsItsRule) {
+    program.enter();
+    EXPECT_EQ(生成单据前缀(program.app, "引驻登记"), "");
+    const auto prefix = [&](std::string_view value, std::string_view character) {
+        program.run({"Delete From Temp_Type"});
+        program.db().execute("Insert Into Temp_Type (TypeName,Value,Character) Values ('引驻登记'," +
+                             std::string(value) + "," + std::string(character) + ")");
+        return 生成单据前缀(program.app, "引驻登记");
+    };
+    EXPECT_EQ(prefix("'年份'", "Null"), "2011");
+    EXPECT_EQ(prefix("'年份+月份'", "'YZ'"), "YZ201103");
+    EXPECT_EQ(prefix("'日期'", "''"), "20110305");
+    EXPECT_EQ(prefix("'部门名称'", "Null"), "招商部");
+    EXPECT_EQ(prefix("'部门编号'", "'-'"), "-01");
+    EXPECT_EQ(prefix("'字面'", "'甲'"), "甲字面");
+    EXPECT_EQ(prefix("Null", "Null"), "");
+}
+
+TEST_F(MainWindow, SpecialAuditIsAMatterOfDepartmentAndPosition) {
+    program.run({"Insert Into 专项审核权限表 (类型,部门代号,岗位代号) Values ('引驻台账','01','0102')",
+                 "Insert Into 专项审核权限表 (类型,部门代号,岗位代号) Values ('别的模块','01','0101')"});
+    program.enter();
+    EXPECT_FALSE(program.app.专项审核权限);
+    program.run({"Insert Into 专项审核权限表 (类型,部门代号,岗位代号) Values ('引驻台账','01','0101')"});
+    读取专项审核权限(program.app);
+    EXPECT_TRUE(program.app.专项审核权限);
+}
+
+struct Sheet : Screen {
+    Sheet() : Screen("sheet", "", WindowKind::child, 3000, 30000) {}
+    Grid grid{*this, "grid", "<a|<b|c|<d"};
+};
+
+TEST_F(MainWindow, ColumnsFitTheirTextInTwoWays) {
+    program.enter();
+    Sheet sheet;
+    sheet.grid.addRow({"1", "四个汉字", "x", ""});
+    sheet.grid.setText(0, 3, "");
+    const int general = sheet.grid.columnWidth(2);
+    列宽自适应(program.app, sheet.grid, sheet);
+    EXPECT_EQ(sheet.grid.columnWidth(0), 150 + 90);
+    EXPECT_EQ(sheet.grid.columnWidth(1), 600 + 90);
+    EXPECT_EQ(sheet.grid.columnWidth(2), general);
+    EXPECT_EQ(sheet.grid.columnWidth(3), 90);
+
+    sheet.grid.setColumnWidth(0, 777);
+    列宽自适应1(program.app, sheet.grid, sheet);
+    EXPECT_EQ(sheet.grid.columnWidth(0), 777);
+    EXPECT_EQ(sheet.grid.columnWidth(2), 0);
+    sheet.grid.setRows(0);
+    列宽自适应(program.app, sheet.grid, sheet);
+    EXPECT_EQ(sheet.grid.columnWidth(1), 690);
+
+    main().setSize(10000, 8000);
+    窗体居中(program.app, sheet);
+    EXPECT_EQ(sheet.left(), 3500);
+    EXPECT_EQ(sheet.top(), -11000);
+}
+
+}  // namespace
+}  // namespace desk

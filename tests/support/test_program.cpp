@@ -1,0 +1,87 @@
+#include "support/test_program.h"
+
+#include <algorithm>
+
+#include "base/failure.h"
+#include "base/text.h"
+#include "session/main_window.h"
+
+namespace desk {
+
+void RecordingFiles::write(std::string_view path, std::string_view bytes) {
+    if (broken) throw RuntimeFailure(failure::pathAccess, "路径/文件访问错误");
+    written[std::string(path)] = bytes;
+}
+
+void RecordingPrograms::activate(std::string_view title) {
+    if (std::find(windows.begin(), windows.end(), title) == windows.end())
+        throw RuntimeFailure(failure::invalidCall, "无效的过程调用或参数");
+    activated.emplace_back(title);
+}
+
+bool RecordingPrograms::start(const std::string& program, const std::vector<std::string>& arguments) {
+    started.push_back(program + " " + join(arguments, " "));
+    return true;
+}
+
+bool RecordingPrograms::openForUser(const std::string& what) {
+    started.push_back(what);
+    return true;
+}
+
+TestProgram::TestProgram() : app(desktop, Platform{clock, settings, files, programs}) {
+    desktop.screens = &app.screens;
+    settings.keys = {{"Svr", "(embedded)"}, {"DBname", ":memory:"}};
+}
+
+void TestProgram::openDatabase() {
+    app.主连接.open("Initial Catalog=':memory:';Data Source='(embedded)'", std::chrono::seconds(5));
+}
+
+void TestProgram::enter() {
+    app.session = {"E01", "林晓", "01", "招商部", "0101", "招商专员", "A", "业务", "P1", "专员"};
+    app.screens.open(MDIForm1::screenName);
+}
+
+void TestProgram::run(std::initializer_list<std::string_view> statements) {
+    for (const auto statement : statements) db().execute(statement);
+}
+
+std::vector<std::string> TestProgram::rows(std::string_view statement) {
+    std::vector<std::string> lines;
+    for (Recordset found(db(), statement); !found.atEnd(); found.moveNext()) {
+        std::vector<std::string> fields;
+        for (int column = 0; column < found.columnCount(); ++column) fields.push_back(found[column].text());
+        lines.push_back(join(fields, "|"));
+    }
+    return lines;
+}
+
+void addOfficesAndDictionaries(TestProgram& program) {
+    program.run({
+        "Insert Into 设置管理处 (GYD_DH,GYD_Name) Values ('01','东塔')",
+        "Insert Into 设置管理处 (GYD_DH,GYD_Name) Values ('02','西塔')",
+        "Insert Into 设置管理处 (GYD_DH,GYD_Name) Values ('10','裙楼')",
+        "Insert Into 职能部门对应管理项目设置 (职能部门编号,管理处代号) Values ('01','02')",
+        "Insert Into 职能部门对应管理项目设置 (职能部门编号,管理处代号) Values ('01','01')",
+        "Insert Into 职能部门对应管理项目设置 (职能部门编号,管理处代号,终止日期) Values "
+        "('01','10','2010-1-1')",
+        "Insert Into 职能部门对应管理项目设置 (职能部门编号,管理处代号) Values ('02','10')",
+        "Insert Into YZ_区域设置 (区域名称,说明) Values ('浦东','')",
+        "Insert Into YZ_区域设置 (区域名称,说明) Values ('静安','')",
+        "Insert Into YZ_企业性质设置 (企业性质名称,说明) Values ('外资','')",
+        "Insert Into YZ_企业性质设置 (企业性质名称,说明) Values ('民营','')",
+        "Insert Into YZ_行业设置 (行业名称,说明) Values ('软件','')",
+        "Insert Into YZ_行业设置 (行业名称,说明) Values ('贸易','')",
+        "Insert Into YZ_媒体设置 (媒体名称,说明) Values ('报纸','')",
+        "Insert Into YZ_媒体设置 (媒体名称,说明) Values ('网络','')",
+        "Insert Into YZ_咨询内容设置 (咨询内容,说明) Values ('租金','')",
+        "Insert Into YZ_咨询内容设置 (咨询内容,说明) Values ('车位','')",
+        "Insert Into YZ_中介公司设置 (管理处代号,公司名称) Values ('01','佳信')",
+        "Insert Into YZ_中介公司设置 (管理处代号,公司名称) Values ('01','安居')",
+        "Insert Into YZ_中介公司设置 (管理处代号,公司名称) Values ('02','远东')",
+        "Insert Into Temp_Type (TypeName,Value,Character) Values ('引驻登记','年份',Null)",
+    });
+}
+
+}  // namespace desk

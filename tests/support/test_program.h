@@ -1,0 +1,77 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "db/recordset.h"
+#include "platform/platform.h"
+#include "session/application.h"
+#include "support/scripted_desktop.h"
+
+namespace desk {
+
+class FixedClock : public Clock {
+  public:
+    DateTime present{std::chrono::year(2011) / 3 / 5, std::chrono::hours(14) + std::chrono::minutes(5)};
+    DateTime now() const override { return present; }
+};
+
+class MemorySettings : public SettingsStore {
+  public:
+    std::map<std::string, std::string, std::less<>> keys;
+    std::string read(std::string_view, std::string_view, std::string_view key,
+                     std::string_view fallback) const override {
+        const auto found = keys.find(key);
+        return found == keys.end() ? std::string(fallback) : found->second;
+    }
+};
+
+/// Notes what would have been written; `broken` makes every write fail.
+class RecordingFiles : public Files {
+  public:
+    std::map<std::string, std::string, std::less<>> written;
+    bool broken = false;
+    std::string programDirectory() const override { return "/program"; }
+    bool exists(std::string_view path) const override { return written.contains(path); }
+    void write(std::string_view path, std::string_view bytes) override;
+};
+
+/// Notes which windows and programs were asked for; a window is there when its title is in `windows`.
+class RecordingPrograms : public Programs {
+  public:
+    std::vector<std::string> windows;
+    std::vector<std::string> activated;
+    std::vector<std::string> started;
+    void activate(std::string_view title) override;
+    bool start(const std::string& program, const std::vector<std::string>& arguments) override;
+    bool openForUser(const std::string& what) override;
+};
+
+/// A whole program without windows, on a database in memory, at 2011-03-05 14:05.
+struct TestProgram {
+    TestProgram();
+
+    FixedClock clock;
+    MemorySettings settings;
+    RecordingFiles files;
+    RecordingPrograms programs;
+    ScriptedDesktop desktop;
+    Application app;
+
+    Connection& db() { return app.主连接; }
+    /// Opens the database in memory as `主连接`, without a login.
+    void openDatabase();
+    /// Fills the session as the position 0101 of staff E01 in department 01, and shows the main window.
+    void enter();
+    /// Runs statements, one after the other.
+    void run(std::initializer_list<std::string_view> statements);
+    /// All rows of a statement, fields joined by "|".
+    std::vector<std::string> rows(std::string_view statement);
+};
+
+/// Two offices (01 东塔, 02 西塔) for department 01, one for department 02; the five dictionaries; three
+/// agencies; the rule "年份" for numbers of registered customers.
+void addOfficesAndDictionaries(TestProgram& program);
+
+}  // namespace desk
