@@ -1,0 +1,71 @@
+#pragma once
+
+#include "customers/lead_block.h"
+#include "session/application.h"
+#include "ui/choices.h"
+#include "ui/fields.h"
+#include "ui/floating_calendar.h"
+#include "ui/grid.h"
+#include "ui/tree.h"
+
+namespace desk {
+
+/// The salesperson's desk: the customers assigned to the user, and the diary of each one. The caption of the
+/// first button is the mode: "取消" while a new entry is being made.
+class Frm客户跟进记录 : public Screen {
+  public:
+    static constexpr const char* screenName = "frm客户跟进记录";
+
+    explicit Frm客户跟进记录(Application& app);
+    void load() override;
+    void activate() override { maximise(); }
+
+    ComboBox 管理项目{*this, "管理项目"};
+    Tree 客户{*this, "客户"};
+    TextBox 业务员{*this, "业务员"};
+    客户信息块 客户信息;
+    TextBox 中介人员{*this, "中介人员"};
+    TextBox 中介联系电话{*this, "中介联系电话"};
+    TextBox 中介传真{*this, "中介传真"};
+
+    TabStrip 页签{*this, "页签", {"跟进信息记录", "跟进情况"}};
+    Frame 记录页{*this, "记录页"};
+    TextBox 跟进日期{*this, "跟进日期"};
+    Button 跟进日期按钮{*this, "跟进日期按钮", "▼"};
+    ComboBox 跟进人员{*this, "跟进人员"};
+    ComboBox 跟进状态{*this, "跟进状态"};
+    Swatch 颜色{*this, "颜色"};
+    TextBox 跟进情况{*this, "跟进情况", TextStyle::paragraph};
+    TextBox 预约日期{*this, "预约日期"};
+    Button 预约日期按钮{*this, "预约日期按钮", "▼"};
+    Button 新增{*this, "新增", "新增"};
+    Button 确定{*this, "确定", "确定"};
+    Button 删除{*this, "删除", "删除"};
+    Button 退出{*this, "退出", "退出"};
+    Frame 情况页{*this, "情况页"};
+    Grid 跟进列表;
+    FloatingCalendar 日历;
+
+  private:
+    std::string code() const;
+    bool entering() const { return 新增.caption() == "取消"; }
+    void fillPersons();
+    void fillStates();
+    void chooseOffice();
+    void selectCustomer(const TreeNode& node);
+    void showCustomer(const std::string& no);
+    void readDiary(const std::string& no);
+    void reloadCustomer();
+    void showDiaryRow();
+    void clearEntry();
+    void startOrCancel();
+    void save();
+    void writeEntry(Recordset& diary);
+    void remove();
+    void showTab();
+
+    Application& app_;
+    std::string currentId_;  ///< of the diary row in the entry, empty for a new one
+};
+
+}  // namespace desk
