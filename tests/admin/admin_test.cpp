@@ -1,0 +1,132 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "platform/settings.h"
+
+namespace desk {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Outcome {
+    int code = -1;
+    std::string output;  ///< and errors
+
+    bool tells(std::string_view words) const { return output.find(words) != std::string::npos; }
+};
+
+/// The tool as a person calls it, in a folder of its own.
+class Admin : public testing::Test {
+  protected:
+    Admin() {
+        std::string name = (fs::temp_directory_path() / "desk-XXXXXX").string();
+        folder = ::mkdtemp(name.data());
+    }
+    ~Admin() override { fs::remove_all(folder); }
+
+    Outcome run(const std::string& words) {
+        const std::string command = "cd '" + folder.string() + "' && '" ADMIN_PROGRAM "' " + words + " 2>&1";
+        FILE* pipe = ::popen(command.c_str(), "r");
+        Outcome outcome;
+        for (int byte = std::fgetc(pipe); byte != EOF; byte = std::fgetc(pipe))
+            outcome.output += static_cast<char>(byte);
+        outcome.code = WEXITSTATUS(::pclose(pipe));
+        return outcome;
+    }
+
+    /// What lies in the folder.
+    std::size_t files() {
+        return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
+    }
+
+    fs::path folder;
+};
+
+TEST_F(Admin, TellsWhatIsWrongWithACommandLine) {
+    for (const char* words :
+         {"", "destroy x.db", "create", "create a b", "create --force x.db", "ddl oracle",
+          "sample x.db --leads", "sample x.db --leads many", "sample x.db --leads 5 --leads 6",
+          "sample x.db --staff 1", "sample x.db --today 2011-2-30", "settings --file a --server b",
+          "settings --server b"}) {
+        const Outcome outcome = run(words);
+        EXPECT_EQ(outcome.code, 2) << words;
+        EXPECT_TRUE(outcome.tells("错误：")) << words;
+    }
+    EXPECT_EQ(files(), 0U);
+    const Outcome help = run("--help");
+    EXPECT_EQ(help.code, 0);
+    for (const char* command : {"create FILE", "ddl sqlite", "sample FILE", "logins FILE", "settings --file"})
+        EXPECT_TRUE(help.tells(command)) << command;
+}
+
+TEST_F(Admin, NeverOverwritesAFile) {
+    EXPECT_EQ(run("create empty.db").code, 0);
+    const auto made = fs::file_size(folder / "empty.db");
+    for (const char* words : {"create empty.db", "sample empty.db"}) {
+        const Outcome outcome = run(words);
+        EXPECT_EQ(outcome.code, 1);
+        EXPECT_TRUE(outcome.tells("已经存在"));
+    }
+    EXPECT_EQ(fs::file_size(folder / "empty.db"), made);
+    EXPECT_EQ(files(), 1U);
+}
+
+TEST_F(Admin, MakesASampleWhoseLoginsItPrints) {
+    const Outcome made = run("sample 样板.db --leads 60 --units 40 --staff 20 --today=2011-03-05");
+    EXPECT_EQ(made.code, 0) << made.output;
+    EXPECT_TRUE(made.tells("YZ_引驻客户信息 60 行"));
+    const Outcome logins = run("logins 样板.db");
+    EXPECT_EQ(logins.code, 0) << logins.output;
+    EXPECT_TRUE(logins.tells("1002    hx1002"));
+    EXPECT_TRUE(logins.tells("招商部 招商部经理(主要)"));
+    EXPECT_TRUE(logins.tells("鸿序物业总部 副总经理(兼职)："));
+    EXPECT_EQ(files(), 1U);
+}
+
+TEST_F(Admin, LeavesNothingBehindWhereItFails) {
+    std::ofstream(folder / "file") << "in the way";
+    EXPECT_EQ(run("create file/x.db").code, 1);
+    EXPECT_EQ(run("sample file/x.db --leads 0 --units 0").code, 1);
+    EXPECT_EQ(run("logins nowhere.db").code, 1);
+    EXPECT_EQ(run("logins file").code, 1);
+    EXPECT_EQ(files(), 1U);
+}
+
+TEST_F(Admin, PrintsTheDefinitionForBothEngines) {
+    for (const char* engine : {"sqlite", "sqlserver"}) {
+        const Outcome outcome = run(std::string("ddl ") + engine);
+        EXPECT_EQ(outcome.code, 0);
+        EXPECT_TRUE(outcome.tells("YZ_引驻客户信息"));
+        EXPECT_TRUE(outcome.tells("报销附件"));
+    }
+}
+
+TEST_F(Admin, WritesSettingsThatTheProgramReads) {
+    ASSERT_EQ(run("create house.db").code, 0);
+    const Outcome written = run("settings --folder config --file house.db");
+    EXPECT_EQ(written.code, 0) << written.output;
+    const IniSettings settings((folder / "config").string());
+    const auto read = [&](const char* key) { return settings.read("鸿序楼台", "DBConfig", key, "?"); };
+    EXPECT_EQ(read("Svr"), "(embedded)");
+    EXPECT_EQ(read("DBname"), fs::canonical(folder / "house.db").string());
+    EXPECT_EQ(read("Edition"), "2000");
+
+    EXPECT_EQ(run("settings --folder config --server one --database house --user sa --password geheim").code,
+              0);
+    EXPECT_EQ(read("Svr"), "one");
+    EXPECT_EQ(read("PWD"), "geheim");
+    const Outcome shown = run("settings --folder config");
+    EXPECT_TRUE(shown.tells("Svr=one"));
+    EXPECT_FALSE(shown.tells("geheim"));
+
+    EXPECT_EQ(run("settings --folder config --file nowhere.db").code, 1);
+    EXPECT_EQ(read("Svr"), "one");
+}
+
+}  // namespace
+}  // namespace desk

@@ -1,0 +1,328 @@
+#include "sample/sample.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+#include "db/recordset.h"
+#include "db/statement.h"
+#include "schema/catalogue.h"
+
+namespace desk {
+namespace {
+
+const DateTime today(2011, 3, 5);
+
+Connection sampleDatabase(const sample::Size& size, const DateTime& day = today) {
+    Connection connection;
+    connection.open("Initial Catalog=':memory:';Data Source='(embedded)'", std::chrono::seconds(1));
+    sample::fill(connection, size, day);
+    return connection;
+}
+
+/// All rows of a statement, fields joined by "|".
+std::vector<std::string> rowsOf(Connection& connection, std::string_view statement) {
+    std::vector<std::string> rows;
+    for (Recordset row(connection, statement); !row.atEnd(); row.moveNext()) {
+        std::string line;
+        for (int column = 0; column < row.columnCount(); ++column)
+            line += (column > 0 ? "|" : "") + (row[column].isNull() ? "NULL" : row[column].text());
+        rows.push_back(line);
+    }
+    return rows;
+}
+
+long countOf(Connection& connection, std::string_view fromWhere) {
+    return static_cast<long>(
+        Recordset(connection, sql("Select Count(*) As SL {}", fromWhere))["SL"].integer());
+}
+
+/// Every row of every table.
+std::vector<std::string> everything(Connection& connection) {
+    std::vector<std::string> all;
+    for (const auto& table : schema::tables())
+        for (const auto& row : rowsOf(connection, sql("Select * From {}", table.name)))
+            all.push_back(std::string(table.name) + ": " + row);
+    return all;
+}
+
+sample::Size small() {
+    sample::Size size;
+    size.leads = 300;
+    size.units = 120;
+    return size;
+}
+
+TEST(SampleData, IsTheSameForTheSameSeed) {
+    Connection one = sampleDatabase(small());
+    Connection two = sampleDatabase(small());
+    sample::Size other = small();
+    other.seed = 2;
+    Connection three = sampleDatabase(other);
+    const auto rows = everything(one);
+    EXPECT_GT(rows.size(), 1000U);
+    EXPECT_EQ(rows, everything(two));
+    EXPECT_NE(rows, everything(three));
+}
+
+TEST(SampleData, OfAnotherSizeKeepsThePeople) {
+    Connection one = sampleDatabase(small());
+    sample::Size larger = small();
+    larger.leads = 400;
+    larger.units = 300;
+    Connection two = sampleDatabase(larger);
+    constexpr const char* people = "Select * From 员工档案";
+    EXPECT_EQ(rowsOf(one, people), rowsOf(two, people));
+}
+
+TEST(SampleData, HasNothingThatTheSmallestSizeCannotHave) {
+    sample::Size least;
+    least.leads = sample::leadLimits().least;
+    least.units = sample::unitLimits().least;
+    least.staff = sample::staffLimits().least;
+    least.years = sample::yearLimits().least;
+    Connection connection = sampleDatabase(least);
+    EXPECT_EQ(countOf(connection, "From YZ_引驻客户信息"), 0);
+    EXPECT_EQ(countOf(connection, "From 员工档案"), least.staff);
+    EXPECT_EQ(rowsOf(connection, "Select 组代号 From YZ_组人员设置 Where 终止日期 is Null").size(), 4U + 1U);
+}
+
+TEST(SampleData, LeavesAFilledDatabaseAsItIs) {
+    Connection connection = sampleDatabase(small());
+    const auto before = everything(connection);
+    EXPECT_ANY_THROW(sample::fill(connection, small(), today));
+    EXPECT_EQ(everything(connection), before);
+}
+
+/// The property that ./run makes, made once for all that only look at it.
+class ASampleProperty : public testing::Test {
+  protected:
+    static void SetUpTestSuite() { database = new Connection(sampleDatabase({})); }
+    static void TearDownTestSuite() {
+        delete database;
+        database = nullptr;
+    }
+    static Connection& db() { return *database; }
+    static std::vector<std::string> rows(std::string_view statement) { return rowsOf(db(), statement); }
+    static long count(std::string_view fromWhere) { return countOf(db(), fromWhere); }
+
+  private:
+    static inline Connection* database = nullptr;
+};
+
+TEST_F(ASampleProperty, HasTheSizeThatWasAskedFor) {
+    EXPECT_EQ(count("From 设置管理处"), 3);
+    EXPECT_EQ(count("From 职能部门new"), 4);
+    EXPECT_EQ(count("From 员工档案"), 30);
+    EXPECT_EQ(count("From 员工档案 Where 离职日期 is not Null"), 1);
+    EXPECT_EQ(count("From 室表"), 600);
+    EXPECT_EQ(count("From YZ_引驻客户信息"), 2000);
+    for (const char* kind : {"引驻来人", "引驻来电", "中介来人", "自行开发"})
+        EXPECT_GT(count(sql("From YZ_引驻客户信息 Where 客源类别='{}'", kind)), 20) << kind;
+    for (const char* table : {"YZ_区域设置", "YZ_企业性质设置", "YZ_行业设置", "YZ_媒体设置",
+                              "YZ_咨询内容设置", "YZ_跟进状态设置"})
+        EXPECT_GT(count(sql("From {}", table)), 5) << table;
+    EXPECT_EQ(rows("Select Distinct 颜色表示 From YZ_跟进状态设置").size(),
+              static_cast<std::size_t>(count("From YZ_跟进状态设置")));
+}
+
+TEST_F(ASampleProperty, RefersOnlyToWhatItHas) {
+    struct Reference {
+        const char* from;
+        const char* column;
+        const char* to;
+        const char* key;
+    };
+    const Reference references[] = {
+        {"YZ_引驻客户信息", "管理处代号", "设置管理处", "GYD_DH"},
+        {"YZ_引驻客户信息", "所在区域", "YZ_区域设置", "区域名称"},
+        {"YZ_引驻客户信息", "从事行业", "YZ_行业设置", "行业名称"},
+        {"YZ_引驻客户信息", "企业性质", "YZ_企业性质设置", "企业性质名称"},
+        {"YZ_引驻客户信息", "中介公司名称", "YZ_中介公司设置", "公司名称"},
+        {"YZ_引驻客户分配", "员工工号", "员工档案", "工号"},
+        {"YZ_引驻客户分配", "组代号", "YZ_组表", "组代号"},
+        {"YZ_引驻客户分配", "登记编号", "YZ_引驻客户信息", "登记编号"},
+        {"YZ_引驻客户跟进记录", "跟进状态编号", "YZ_跟进状态设置", "状态编号"},
+        {"YZ_引驻客户跟进记录", "跟进人工号", "员工档案", "工号"},
+        {"YZ_引驻客户跟进记录", "登记编号", "YZ_引驻客户信息", "登记编号"},
+        {"YZ_组人员设置", "员工工号", "员工档案", "工号"},
+        {"YZ_组人员设置", "主职代号", "YZ_主职表", "主职代号"},
+        {"YZ_意向书信息", "引驻客户信息ID", "YZ_引驻客户信息", "ID"},
+        {"YZ_意向书单元信息", "意向书ID", "YZ_意向书信息", "ID"},
+        {"YZ_意向书单元信息", "单元ID", "室表", "S_ID"},
+        {"YZ_意向书审批情况", "岗位代号", "岗位信息new", "岗位代号"},
+        {"YZ_意向书审批路径", "岗位代号", "岗位信息new", "岗位代号"},
+        {"YZ_意向书审批路径设置", "管理处代号", "设置管理处", "GYD_DH"},
+        {"YZ_意向金收款", "意向书ID", "YZ_意向书信息", "ID"},
+        {"YZ_意向金收款", "科目编号", "财务科目", "科目代号"},
+        {"室表", "L_ID", "楼表", "L_ID"},
+        {"楼域范围设置", "L_ID", "楼表", "L_ID"},
+        {"单元出租状态", "单元ID", "室表", "S_ID"},
+        {"合同单元信息", "合同ID", "合同信息", "ID"},
+        {"合同信息", "客户编号", "客户信息", "客户编号"},
+        {"岗位信息new", "工号", "员工档案", "工号"},
+        {"岗位信息new", "职能部门代号", "职能部门new", "职能部门编号"},
+        {"岗位权限设置", "组代号", "GroupPrivilege", "GroupID"},
+        {"票据", "入库单编号", "票据入库单", "入库单编号"},
+        {"票据领用清单", "入库单编号", "票据入库单", "入库单编号"},
+        {"SKOperator", "OperatorNum", "员工档案", "工号"},
+    };
+    for (const auto& [from, column, to, key] : references) {
+        std::set<std::string> known;
+        for (const auto& value : rows(sql("Select {} From {}", key, to))) known.insert(value);
+        const auto used = rows(sql("Select Distinct {} From {} Where {} is not Null", column, from, column));
+        EXPECT_FALSE(used.empty()) << from << "." << column;
+        for (const auto& value : used)
+            EXPECT_TRUE(known.contains(value)) << from << "." << column << " = " << value;
+    }
+}
+
+TEST_F(ASampleProperty, NumbersItsCustomersAsTheScreensDo) {
+    std::map<std::string, long> last;
+    std::set<std::string> numbers;
+    long typed = 0;
+    for (Recordset row(db(), "Select 管理处代号,登记编号,流水号,登记日期 From YZ_引驻客户信息 Order By ID");
+         !row.atEnd(); row.moveNext()) {
+        const std::string office = row["管理处代号"].text();
+        const std::string number = row["登记编号"].text();
+        EXPECT_TRUE(numbers.insert(office + "/" + number).second) << number << " comes twice";
+        if (row["流水号"].isNull()) {
+            ++typed;
+            continue;
+        }
+        const long serial = static_cast<long>(row["流水号"].integer());
+        EXPECT_EQ(serial, ++last[office]);
+        EXPECT_EQ(number, fmt::format("{}-{:06}", formatDate(row["登记日期"].moment(), "YYYY"), serial));
+    }
+    EXPECT_EQ(last.size(), 3U);
+    EXPECT_GT(typed, 10);
+}
+
+TEST_F(ASampleProperty, MarksAssignedCustomersAndTellsNothingOfTheFuture) {
+    EXPECT_EQ(count("From YZ_引驻客户信息 A Inner Join YZ_引驻客户分配 B On A.登记编号=B.登记编号 And "
+                    "A.管理处代号=B.管理处代号 Where A.分配日期 is Null"),
+              0);
+    const std::set<std::string> assigned = [&] {
+        const auto all = rows("Select 管理处代号,登记编号 From YZ_引驻客户分配");
+        return std::set<std::string>(all.begin(), all.end());
+    }();
+    for (const auto& customer :
+         rows("Select 管理处代号,登记编号 From YZ_引驻客户信息 Where 分配日期 is not Null"))
+        EXPECT_TRUE(assigned.contains(customer)) << customer;
+    const auto current = rows("Select 管理处代号,登记编号 From YZ_引驻客户分配 Where 终止日期 is Null");
+    EXPECT_EQ(std::set<std::string>(current.begin(), current.end()).size(), current.size())
+        << "one holder each";
+
+    EXPECT_EQ(count("From YZ_引驻客户信息 Where 登记日期>'2011-3-5'"), 0);
+    EXPECT_EQ(count("From YZ_引驻客户跟进记录 Where 跟进日期>'2011-3-5'"), 0);
+    EXPECT_EQ(count("From YZ_意向书审批情况 Where 审批日期>'2011-3-5 23:59:59'"), 0);
+    EXPECT_EQ(rows("Select Min(登记日期) As D From YZ_引驻客户信息").front().substr(0, 7), "2009-03");
+}
+
+TEST_F(ASampleProperty, TakesItsLettersThroughEveryStage) {
+    EXPECT_GT(count("From YZ_意向书信息 Where 提交日期 is Null"), 0);
+    EXPECT_GT(count("From YZ_意向书信息 Where 提交日期 is not Null And 流转结束日期 is Null"), 0);
+    EXPECT_GT(count("From YZ_意向书信息 Where 流转通过=1"), 0);
+    EXPECT_GT(count("From YZ_意向书信息 Where 流转通过=0"), 0);
+    EXPECT_GT(count("From YZ_意向书审批情况 Where 环节序号=0"), 0);
+    EXPECT_GT(count("From YZ_意向书审批情况 Where 环节序号=2"), 0);
+    // A letter is at its end when and only when nobody is left to decide.
+    EXPECT_EQ(count("From YZ_意向书信息 A Inner Join YZ_意向书审批情况 B On A.ID=B.意向书ID Where B.审批日期 "
+                    "is Null And "
+                    "A.流转结束日期 is not Null"),
+              0);
+    EXPECT_EQ(
+        count("From YZ_意向书信息 A Inner Join YZ_意向书审批情况 B On A.ID=B.意向书ID Where B.同意=0 And "
+              "A.流转通过=1"),
+        0);
+    const auto reserved = rows("Select 单元ID From YZ_意向书单元信息 Where 终止日期 is Null");
+    EXPECT_EQ(std::set<std::string>(reserved.begin(), reserved.end()).size(), reserved.size())
+        << "one letter a unit";
+    EXPECT_GT(count("From YZ_意向金收款 Where 处理结束=0"), 0);
+    EXPECT_EQ(
+        count(
+            "From YZ_意向金收款 A Inner Join 报销单表 B On A.退款支付凭证编号=B.凭证编号 Where A.处理结束=1"),
+        1);
+}
+
+/// Who can log in, by the statements of the login itself.
+class ItsStaff : public ASampleProperty {
+  protected:
+    static bool passwordIsRight(const std::string& 工号, const std::string& password) {
+        return anyRow(db(), sql("Select * From 员工档案 Where 工号 ='{}' and 帐号密码='{}'", 工号, password));
+    }
+    static std::vector<std::string> positions(const std::string& 工号) {
+        return rows(sql(
+            "Select 岗位信息new.岗位代号 From 岗位员工new Inner joIn 岗位信息new on 岗位员工new.岗位代号 = "
+            "岗位信息new.岗位代号 Inner joIn 职能部门new on 岗位信息new.职能部门代号 = "
+            "职能部门new.职能部门编号 Inner joIn 岗位类别 on 岗位信息new.岗位类别代号 = "
+            "岗位类别.岗位类别编号 Inner joIn 职能部门类别 on 职能部门new.职能部门类别代号 = "
+            "职能部门类别.部门类别代号 Inner joIn 员工档案 on 岗位员工new.员工代号 = 员工档案.工号 Where "
+            "岗位员工new.员工代号='{}' and 员工档案.离职日期 is null AND (岗位员工new.离岗日期 IS NULL)",
+            工号));
+    }
+    static std::set<std::string> menus(const std::string& 岗位代号) {
+        std::set<std::string> usable;
+        for (Recordset row(
+                 db(), sql("SELECT DISTINCT 岗位权限设置.ID , 岗位权限设置.组代号, 岗位权限设置.岗位代号, "
+                           "岗位权限设置.授权, GroupPrivilege.FormName, GroupPrivilege.Popedom FROM  "
+                           "岗位权限设置 INNER JOIN GroupPrivilege ON 岗位权限设置.组代号 = "
+                           "GroupPrivilege.GroupID Where 授权 = 1 AND 岗位代号='{}' AND memo='{}' ORDER BY "
+                           "GroupPrivilege.Popedom",
+                           岗位代号, "引驻台账"));
+             !row.atEnd(); row.moveNext()) {
+            if (row["Popedom"].flag())
+                usable.insert(row["FormName"].text());
+            else
+                usable.erase(row["FormName"].text());
+        }
+        return usable;
+    }
+};
+
+TEST_F(ItsStaff, CanLogInToPositionsWithMenus) {
+    std::size_t withTwo = 0;
+    std::set<std::set<std::string>> different;
+    for (const auto& line : rows("Select 工号 From 员工档案 Where 离职日期 is Null")) {
+        EXPECT_TRUE(passwordIsRight(line, "hx" + line)) << line;
+        EXPECT_FALSE(passwordIsRight(line, "hx")) << line;
+        const auto held = positions(line);
+        EXPECT_FALSE(held.empty()) << line;
+        withTwo += held.size() == 2;
+        for (const auto& position : held) {
+            EXPECT_FALSE(menus(position).empty()) << position;
+            different.insert(menus(position));
+        }
+    }
+    EXPECT_GE(withTwo, 2U);
+    EXPECT_GE(different.size(), 5U) << "privileges differ";
+}
+
+TEST_F(ItsStaff, WhoHaveLeftHaveNoPosition) {
+    for (const auto& line : rows("Select 工号 From 员工档案 Where 离职日期 is not Null")) {
+        EXPECT_TRUE(passwordIsRight(line, "hx" + line));
+        EXPECT_TRUE(positions(line).empty());
+    }
+    EXPECT_GE(count("From 岗位信息new Where 工号 is Null And 终止日期 is Null"), 1) << "a vacant position";
+}
+
+TEST_F(ItsStaff, HaveNoEntryWithoutItsTopEntry) {
+    const std::map<std::string, std::set<std::string>> tree = {
+        {"引驻信息管理", {"客户信息登记", "客户跟进分配", "客户跟进管理"}},
+        {"意向客户管理", {"意向客户登记", "意向客户审批", "意向金收取"}},
+        {"统计报表", {"来电统计分析", "来客统计分析", "跟进状态分析", "客户分类统计"}},
+        {"基础信息设置", {"人员设置", "中介公司设置", "客户设置", "引驻设置", "意向书审批流程设置"}}};
+    for (const auto& position : rows("Select 岗位代号 From 岗位信息new")) {
+        const auto usable = menus(position);
+        for (const auto& [top, entries] : tree)
+            for (const auto& entry : entries)
+                EXPECT_TRUE(!usable.contains(entry) || usable.contains(top)) << position << ": " << entry;
+    }
+    const auto every = menus("101");
+    for (const auto& [top, entries] : tree)
+        for (const auto& entry : entries) EXPECT_TRUE(every.contains(entry)) << entry;
+}
+
+}  // namespace
+}  // namespace desk

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "db/connection.h"
+
+namespace desk::admin {
+
+/// Opens the embedded database in `file`. Fails as Connection::open does.
+Connection openFile(const std::string& file);
+
+/// "create FILE": makes an empty database.
+void create(const std::vector<std::string>& words);
+/// "ddl sqlite|sqlserver": prints the definition of all tables.
+void printDefinition(const std::vector<std::string>& words);
+/// "sample FILE …": makes a database with a sample property. The file appears only when it is complete.
+void sample(const std::vector<std::string>& words);
+/// "logins FILE": prints who can log in, and what they may do.
+void printLogins(const std::vector<std::string>& words);
+
+}  // namespace desk::admin

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+
+#include "base/date.h"
+#include "db/connection.h"
+
+namespace desk::sample {
+
+/// How large a sample is, and when it stands.
+struct Size {
+    int leads = 2000;
+    int units = 600;
+    int staff = 30;
+    int years = 2;  ///< over which the leads came in
+    std::uint64_t seed = 1;
+};
+
+/// Fills an empty database with a property that nobody owns: offices, departments, staff with their
+/// privileges, teams, dictionaries, buildings with tenants, customers with their follow-up, letters of intent
+/// in every stage, tickets and deposits. The same size and day give the same rows, on every machine. In one
+/// transaction: a failure leaves the database empty.
+void fill(Connection& connection, const Size& size, const DateTime& today);
+
+/// What size may be asked for; outside of it `fill` is not defined.
+struct Limits {
+    int least;
+    int most;
+};
+Limits leadLimits();
+Limits unitLimits();
+Limits staffLimits();
+Limits yearLimits();
+
+}  // namespace desk::sample

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "sample/organisation.h"
+
+namespace desk::sample {
+
+/// Adds the tax device of the cashier's department: the outside program's path and window title, who may
+/// operate it, its charge items, and the scripts that print and take back an invoice.
+void addTaxDevice(Connection& connection, const Organisation& organisation, const DateTime& today);
+
+}  // namespace desk::sample
