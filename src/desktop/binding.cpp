@@ -1,0 +1,78 @@
+#include "desktop/binding.h"
+
+#include <QEvent>
+#include <QFocusEvent>
+#include <stdexcept>
+
+#include "desktop/canvas_binding.h"
+#include "desktop/choice_bindings.h"
+#include "desktop/field_bindings.h"
+#include "desktop/grid_binding.h"
+#include "desktop/tree_binding.h"
+
+namespace desk::desktop {
+
+namespace {
+
+class FocusWatch : public QObject {
+  public:
+    FocusWatch(Control& control, QWidget* widget) : QObject(widget), control_(control) {
+        widget->installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::FocusIn) return false;
+        // A window that comes back to the front, or a list that closes, moves no focus for the person.
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+            enter([this] { control_.focused(); });
+        return false;
+    }
+
+  private:
+    Control& control_;
+};
+
+template <class C>
+QWidget* tried(Control& control, QWidget* (*make)(C&)) {
+    auto* kind = dynamic_cast<C*>(&control);
+    return kind != nullptr ? make(*kind) : nullptr;
+}
+
+QWidget* make(Control& control) {
+    QWidget* widget = nullptr;
+    const auto found = [&](QWidget* made) { return (widget = made) != nullptr; };
+    if (found(tried<TextBox>(control, textBoxWidget)) || found(tried<Label>(control, labelWidget)) ||
+        found(tried<Button>(control, buttonWidget)) || found(tried<CheckBox>(control, checkBoxWidget)) ||
+        found(tried<OptionButton>(control, optionWidget)) || found(tried<DatePicker>(control, dateWidget)) ||
+        found(tried<MonthCalendar>(control, calendarWidget)) || found(tried<Swatch>(control, swatchWidget)) ||
+        found(tried<ComboBox>(control, comboWidget)) || found(tried<ListBox>(control, listWidget)) ||
+        found(tried<TabStrip>(control, tabWidget)) || found(tried<StatusBar>(control, statusWidget)) ||
+        found(tried<Tree>(control, treeWidget)) || found(tried<Grid>(control, gridWidget)) ||
+        found(tried<Canvas>(control, canvasWidget)))
+        return widget;
+    throw std::logic_error("no binding for " + control.name());
+}
+
+}  // namespace
+
+void bindCommon(Control& control, QWidget* widget) {
+    widget->setObjectName(text(control.name()));
+    const auto apply = [&control, widget] {
+        widget->setEnabled(control.enabled());
+        widget->setVisible(control.visible());
+    };
+    widget->setEnabled(control.enabled());
+    // Shown with the window; a call here would open a window of its own.
+    if (!control.visible()) widget->hide();
+    follow(widget, control.touched, apply);
+    follow(widget, control.focusAsked, [widget] { widget->setFocus(Qt::OtherFocusReason); });
+    new FocusWatch(control, widget);
+}
+
+QWidget* widgetFor(Control& control) {
+    QWidget* widget = make(control);
+    bindCommon(control, widget);
+    return widget;
+}
+
+}  // namespace desk::desktop

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QObject>
+#include <QWidget>
+
+#include "desktop/convert.h"
+#include "desktop/edge.h"
+#include "ui/control.h"
+
+namespace desk::desktop {
+
+/// Keeps a slot connected to a control's signal for as long as `widget` lives.
+class Kept : public QObject {
+  public:
+    Kept(QObject* widget, Subscription subscription)
+        : QObject(widget), subscription_(std::move(subscription)) {}
+
+  private:
+    Subscription subscription_;
+};
+
+template <class... Args, class Slot>
+void follow(QObject* widget, Signal<Args...>& signal, Slot slot) {
+    new Kept(widget, signal.connect(std::move(slot)));
+}
+
+/// What every binding shares: name, enabled, visible, the focus both ways.
+void bindCommon(Control& control, QWidget* widget);
+
+/// A widget that shows `control` and tells it what people do. The control must outlive it.
+QWidget* widgetFor(Control& control);
+
+}  // namespace desk::desktop

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QWidget>
+
+#include "ui/fields.h"
+
+namespace desk::desktop {
+
+QWidget* labelWidget(Label& label);
+QWidget* textBoxWidget(TextBox& box);
+QWidget* buttonWidget(Button& button);
+QWidget* checkBoxWidget(CheckBox& box);
+QWidget* optionWidget(OptionButton& option);
+QWidget* dateWidget(DatePicker& picker);
+QWidget* calendarWidget(MonthCalendar& calendar);
+QWidget* swatchWidget(Swatch& swatch);
+
+}  // namespace desk::desktop

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QWidget>
+
+#include "ui/control.h"
+
+namespace desk::desktop {
+
+/// Where a floating control lies on the control that it is anchored to.
+enum class FloatsAt {
+    rightEdge,  ///< inside, as a button of a field
+    below,      ///< under it, as a list that drops down
+};
+
+/// Lays `part`, which shows `control`, over `content`, beside the widget of the control's anchor.
+void floatOver(QWidget* content, Control& control, QWidget* part, FloatsAt place);
+
+}  // namespace desk::desktop

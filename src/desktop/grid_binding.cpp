@@ -1,0 +1,209 @@
+#include "desktop/grid_binding.h"
+
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QPainter>
+#include <QPalette>
+#include <QScopedValueRollback>
+#include <QTableView>
+
+#include "desktop/binding.h"
+#include "desktop/grid_header.h"
+
+namespace desk::desktop {
+
+namespace {
+
+Qt::Alignment alignmentOf(Align align) {
+    switch (align) {
+        case Align::centre:
+            return Qt::AlignCenter;
+        case Align::right:
+            return Qt::AlignRight | Qt::AlignVCenter;
+        case Align::left:
+        case Align::general:
+            break;
+    }
+    return Qt::AlignLeft | Qt::AlignVCenter;
+}
+
+}  // namespace
+
+GridModel::GridModel(Grid& grid, QObject* parent)
+    : QAbstractTableModel(parent),
+      grid_(grid),
+      rows_(std::max(grid.rows() - grid.fixedRows(), 0)),
+      columns_(grid.columns()) {
+    follow(this, grid.structureChanged, [this] {
+        beginResetModel();
+        rows_ = std::max(grid_.rows() - grid_.fixedRows(), 0);
+        columns_ = grid_.columns();
+        endResetModel();
+    });
+    follow(this, grid.cellsChanged, [this] {
+        if (rows_ > 0 && columns_ > 0) dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
+        if (columns_ > 0) headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
+    });
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : rows_;
+}
+
+int GridModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : columns_;
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+    const int row = index.row() + grid_.fixedRows();
+    const int column = index.column();
+    if (!index.isValid() || row >= grid_.rows() || column >= grid_.columns()) return {};
+    switch (role) {
+        case Qt::DisplayRole:
+            return text(grid_.text(row, column));
+        case Qt::TextAlignmentRole:
+            return QVariant(alignmentOf(grid_.cellAlignment(row, column).value_or(grid_.alignment(column))));
+        case Qt::BackgroundRole:
+            if (const auto back = grid_.cellColour(row, column)) return colour(*back);
+            if (column < grid_.fixedColumns()) return QGuiApplication::palette().color(QPalette::Button);
+            return {};
+        case Qt::ForegroundRole:
+            if (const auto fore = grid_.cellTextColour(row, column)) return colour(*fore);
+            return {};
+        case Qt::FontRole:
+            if (grid_.cellBold(row, column)) {
+                QFont font;
+                font.setBold(true);
+                return font;
+            }
+            return {};
+        default:
+            return {};
+    }
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section >= grid_.columns()) return {};
+    if (role == Qt::DisplayRole && grid_.rows() > 0 && grid_.fixedRows() > 0)
+        return text(grid_.text(0, section));
+    if (role == Qt::TextAlignmentRole) return QVariant(alignmentOf(grid_.fixedAlignment(section)));
+    return {};
+}
+
+namespace {
+
+/// Mouse and arrow keys both click the cell that they come to; what the screen makes current is only shown.
+class GridWidget : public QTableView {
+  public:
+    explicit GridWidget(Grid& grid) : grid_(grid) {
+        // Without a fixed row the grid has no header; with several they stand above each other.
+        setHorizontalHeader(new GridHeader(grid, this));
+        setModel(new GridModel(grid, this));
+        verticalHeader()->hide();
+        verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+        verticalHeader()->setMinimumSectionSize(fontMetrics().height() + 4);
+        horizontalHeader()->setMinimumSectionSize(4);
+        horizontalHeader()->setHighlightSections(false);
+        horizontalHeader()->setStretchLastSection(true);
+        setSelectionMode(QAbstractItemView::SingleSelection);
+        setEditTriggers(QAbstractItemView::NoEditTriggers);
+        setTabKeyNavigation(false);
+        setWordWrap(false);
+        setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+        setMinimumHeight(60);
+        connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) { click(index); });
+        connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
+            enter([&] { grid_.doubleClick(index.row() + grid_.fixedRows(), index.column()); });
+        });
+        follow(this, grid.structureChanged, [this] { showStructure(); });
+        follow(this, grid.cellsChanged, [this] { showMerges(); });
+        follow(this, grid.currentChanged, [this] { showCurrent(); });
+        showStructure();
+    }
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override {
+        const QScopedValueRollback mouse(byMouse_, true);
+        QTableView::mousePressEvent(event);
+    }
+
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override {
+        QTableView::currentChanged(current, previous);
+        if (!byMouse_ && !showing_ && hasFocus()) click(current);
+    }
+
+  private:
+    void click(const QModelIndex& index) {
+        if (index.isValid()) enter([&] { grid_.click(index.row() + grid_.fixedRows(), index.column()); });
+    }
+
+    void showStructure() {
+        const QScopedValueRollback quiet(showing_, true);
+        setSelectionBehavior(grid_.selection() == GridSelection::row ? SelectRows : SelectItems);
+        horizontalHeader()->setVisible(grid_.fixedRows() > 0);
+        for (int column = 0; column < grid_.columns(); ++column) {
+            const int width = pixels(grid_.columnWidth(column));
+            setColumnHidden(column, width == 0);
+            if (width > 0) setColumnWidth(column, width);
+        }
+        for (int row = grid_.fixedRows(); row < grid_.rows(); ++row)
+            if (const int height = grid_.rowHeight(row); height > 0)
+                setRowHeight(row - grid_.fixedRows(), pixels(height));
+        showMerges();
+        showCurrent();
+    }
+
+    /// Equal neighbours as one cell, in the rows and columns that the grid names.
+    void showMerges() {
+        clearSpans();
+        if (grid_.merging() == Merge::never) return;
+        for (int column = 0; column < grid_.columns(); ++column)
+            if (grid_.mergesColumn(column)) mergeColumn(column);
+        for (int row = grid_.fixedRows(); row < grid_.rows(); ++row)
+            if (grid_.mergesRow(row)) mergeRow(row);
+    }
+
+    void mergeColumn(int column) {
+        for (int row = grid_.fixedRows(); row < grid_.rows();) {
+            int end = row + 1;
+            while (end < grid_.rows() && !grid_.text(row, column).empty() &&
+                   grid_.text(end, column) == grid_.text(row, column))
+                ++end;
+            if (end - row > 1) setSpan(row - grid_.fixedRows(), column, end - row, 1);
+            row = end;
+        }
+    }
+
+    void mergeRow(int row) {
+        for (int column = 0; column < grid_.columns();) {
+            int end = column + 1;
+            while (end < grid_.columns() && !grid_.text(row, column).empty() &&
+                   grid_.text(row, end) == grid_.text(row, column))
+                ++end;
+            if (end - column > 1) setSpan(row - grid_.fixedRows(), column, 1, end - column);
+            column = end;
+        }
+    }
+
+    void showCurrent() {
+        const QScopedValueRollback quiet(showing_, true);
+        const int row = grid_.row() - grid_.fixedRows();
+        if (row < 0 || row >= model()->rowCount()) return;
+        // A hidden column cannot be current on the screen.
+        int column = grid_.column();
+        if (isColumnHidden(column)) column = 0;
+        setCurrentIndex(model()->index(row, column));
+    }
+
+    Grid& grid_;
+    bool byMouse_ = false;
+    bool showing_ = false;
+};
+
+}  // namespace
+
+QWidget* gridWidget(Grid& grid) {
+    return new GridWidget(grid);
+}
+
+}  // namespace desk::desktop

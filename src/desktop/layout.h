@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QWidget>
+#include <initializer_list>
+#include <string_view>
+#include <vector>
+
+#include "ui/choices.h"
+#include "ui/control.h"
+#include "ui/fields.h"
+
+/// Pieces that a layout is put together from, so that it reads as the screen looks. Each makes the widgets of
+/// its controls; tab order is reading order.
+namespace desk::desktop::layout {
+
+/// Side by side. `shares` tells how spare width is parted; equal without.
+QWidget* columns(std::vector<QWidget*> parts, std::vector<int> shares = {});
+/// Below each other. `shares` tells how spare height is parted; only parts that want to grow take any
+/// without.
+QWidget* rows(std::vector<QWidget*> parts, std::vector<int> shares = {});
+/// A framed part with a title.
+QWidget* group(std::string_view title, QWidget* part);
+/// A part that is shown, hidden, enabled and disabled as `frame` is.
+QWidget* framed(Frame& frame, QWidget* part);
+
+/// A caption and what stands behind it: a control, or several side by side.
+struct Field {
+    std::string_view caption;
+    std::vector<QWidget*> widgets;
+
+    Field(std::string_view title, Control& control);
+    Field(std::string_view title, std::initializer_list<Control*> controls);
+    Field(std::string_view title, QWidget* part) : caption(title), widgets{part} {}
+};
+/// Fields in lines of `perLine`, captions aligned.
+QWidget* fields(std::vector<Field> entries, int perLine = 1);
+
+/// A row of buttons, right aligned.
+QWidget* buttons(std::initializer_list<Control*> row);
+/// A control as it stands.
+QWidget* plain(Control& control);
+/// Controls in a row, each as wide as it wants, left aligned.
+QWidget* row(std::initializer_list<Control*> controls);
+/// A fixed text.
+QWidget* caption(std::string_view text);
+/// The strip and, below it, of the pages the one that it selects.
+QWidget* pages(TabStrip& strip, std::vector<QWidget*> pages);
+/// A part of at least that size, in twips.
+QWidget* atLeast(QWidget* part, double width, double height);
+/// A part of at most that width, in twips.
+QWidget* atMost(QWidget* part, double width);
+
+/// Makes Tab go through the widgets below `top` as they were laid out.
+void orderTabs(QWidget* top);
+
+}  // namespace desk::desktop::layout

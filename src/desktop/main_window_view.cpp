@@ -1,0 +1,92 @@
+#include "desktop/main_window_view.h"
+
+#include <QCloseEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QVBoxLayout>
+
+#include "desktop/binding.h"
+#include "desktop/canvas_binding.h"
+
+namespace desk::desktop {
+
+namespace {
+
+constexpr int bannerHeight = 54;
+
+/// The area behind the children, with the main window's background on it.
+class Area : public QMdiArea {
+  public:
+    explicit Area(MDIForm1& screen) : screen_(screen) {
+        setBackground(QColor(214, 224, 234));
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+        setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+        follow(this, screen.backgroundChanged, [this] {
+            const QImage image = imageOf(screen_.background());
+            setBackground(image.isNull() ? QBrush(QColor(214, 224, 234)) : QBrush(image.copy()));
+        });
+    }
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QMdiArea::resizeEvent(event);
+        enter([this] { screen_.setSize(twips(width()), twips(height())); });
+    }
+
+  private:
+    MDIForm1& screen_;
+};
+
+}  // namespace
+
+MainWindowView::MainWindowView(MDIForm1& screen) : screen_(screen), area_(new Area(screen)) {
+    setObjectName(text(screen.name()));
+    setWindowTitle(text(screen.caption()));
+    fillMenuBar();
+    auto* whole = new QWidget;
+    auto* box = new QVBoxLayout(whole);
+    box->setContentsMargins(0, 0, 0, 0);
+    box->setSpacing(0);
+    QWidget* banner = widgetFor(screen.Picture1);
+    banner->setFixedHeight(bannerHeight);
+    box->addWidget(banner);
+    box->addWidget(area_, 1);
+    setCentralWidget(whole);
+    resize(pixels(screen.width()), pixels(screen.height()));
+}
+
+void MainWindowView::fillMenuBar() {
+    for (const MenuEntry& each : screen_.entries()) {
+        if (each.parent() != nullptr) continue;
+        auto& top = const_cast<MenuEntry&>(each);
+        const auto shown = [](QAction* action, MenuEntry& entry) {
+            const auto apply = [action, &entry] {
+                action->setEnabled(entry.enabled());
+                action->setVisible(entry.visible());
+            };
+            apply();
+            follow(action, entry.touched, apply);
+            QObject::connect(action, &QAction::triggered, action,
+                             [&entry] { enter([&] { entry.click(); }); });
+        };
+        if (top.entries().empty()) {
+            shown(menuBar()->addAction(text(top.caption())), top);
+            continue;
+        }
+        QMenu* menu = menuBar()->addMenu(text(top.caption()));
+        shown(menu->menuAction(), top);
+        for (MenuEntry* entry : top.entries()) {
+            if (entry->isSeparator())
+                menu->addSeparator();
+            else
+                shown(menu->addAction(text(entry->caption())), *entry);
+        }
+    }
+}
+
+void MainWindowView::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    enter([this] { screen_.unload(); });
+}
+
+}  // namespace desk::desktop

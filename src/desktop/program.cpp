@@ -1,0 +1,49 @@
+#include "desktop/program.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QFontDatabase>
+#include <QLocale>
+
+#include "customers/assignment.h"
+#include "customers/follow_up.h"
+#include "customers/registration.h"
+
+/// The pictures lie in a library, from which nothing is linked that nobody names.
+static void linkPictures() {
+    Q_INIT_RESOURCE(pictures);
+}
+
+namespace desk::desktop {
+
+namespace {
+
+template <class S>
+void offer(Application& app) {
+    app.screens.offer(S::screenName, [&app] { return std::make_unique<S>(app); });
+}
+
+}  // namespace
+
+void dress() {
+    linkPictures();
+    QApplication::setApplicationName("引驻台账");
+    QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
+    // Without it a system of another language shows Chinese signs in that language's shapes.
+    QFont font = QApplication::font();
+    for (const char* family : {"Noto Sans CJK SC", "Source Han Sans SC", "WenQuanYi Micro Hei"})
+        if (QFontDatabase::hasFamily(family)) {
+            font.setFamilies({family, font.family()});
+            break;
+        }
+    QApplication::setFont(font);
+}
+
+Program::Program() : app(desktop, Platform{clock, settings, files, programs}) {
+    desktop.serve(app.screens);
+    offer<Frm引驻客户信息登记>(app);
+    offer<Frm客户跟进信息分配>(app);
+    offer<Frm客户跟进记录>(app);
+}
+
+}  // namespace desk::desktop

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "desktop/qt_desktop.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/settings.h"
+#include "platform/x11/x11_programs.h"
+#include "session/application.h"
+
+namespace desk::desktop {
+
+/// Looks and language of the program; to be called once the QApplication is there.
+void dress();
+
+/// The whole program on this machine, with all its screens. A QApplication must live longer.
+struct Program {
+    Program();
+
+    SystemClock clock;
+    IniSettings settings{IniSettings::userFolder()};
+    SystemFiles files;
+    X11Programs programs;
+    QtDesktop desktop;
+    Application app;
+};
+
+}  // namespace desk::desktop

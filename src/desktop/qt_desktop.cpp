@@ -1,0 +1,211 @@
+#include "desktop/qt_desktop.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFontMetricsF>
+#include <QImageReader>
+#include <QLocale>
+#include <QMessageBox>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QTimer>
+#include <cstdio>
+#include <cstdlib>
+
+#include "desktop/binding.h"
+#include "desktop/canvas_binding.h"
+#include "desktop/layouts/layouts.h"
+#include "desktop/main_window_view.h"
+#include "desktop/screen_windows.h"
+
+namespace desk::desktop {
+
+QtDesktop::QtDesktop() {
+    // Not at once: Qt may still be inside an event of a window that has been closed by it.
+    edge().afterwards([this] {
+        if (!closed_.empty()) QTimer::singleShot(0, qApp, [this] { dropClosed(); });
+    });
+}
+
+QtDesktop::~QtDesktop() {
+    for (const auto& [screen, window] : windows_) delete window;
+    dropClosed();
+}
+
+void QtDesktop::serve(Screens& screens) {
+    screens_ = &screens;
+}
+
+QWidget* QtDesktop::windowOf(Screen& screen) {
+    const auto found = windows_.find(&screen);
+    return found == windows_.end() ? nullptr : found->second;
+}
+
+QWidget* QtDesktop::makeWindow(Screen& screen) {
+    if (auto* main = dynamic_cast<MDIForm1*>(&screen)) return main_ = new MainWindowView(*main);
+    if (screen.kind() == WindowKind::child && main_ != nullptr)
+        return new ChildWindow(*screens_, screen, layoutOf(screen), main_->area());
+    return new DialogWindow(*screens_, screen, layoutOf(screen));
+}
+
+void QtDesktop::show(Screen& screen) {
+    if (windowOf(screen) != nullptr) return;
+    const Hourglass busy(*this);
+    QWidget* window = windows_[&screen] = makeWindow(screen);
+    if (window == main_)
+        window->showMaximized();
+    else
+        window->show();
+}
+
+void QtDesktop::showModally(Screen& screen) {
+    QWidget* window = windowOf(screen);
+    if (window == nullptr) window = windows_[&screen] = new DialogWindow(*screens_, screen, layoutOf(screen));
+    window->setWindowModality(Qt::ApplicationModal);
+    window->show();
+    bringToFront(screen);
+    QEventLoop waiting;
+    follow(&waiting, static_cast<DialogWindow*>(window)->closed, [&waiting] { waiting.quit(); });
+    waiting.exec();
+}
+
+void QtDesktop::bringToFront(Screen& screen) {
+    QWidget* window = windowOf(screen);
+    if (window == nullptr) return;
+    if (auto* child = dynamic_cast<ChildWindow*>(window)) {
+        child->bringToFront();
+        return;
+    }
+    window->raise();
+    window->activateWindow();
+    screens_->activated(screen);
+}
+
+void QtDesktop::close(Screen& screen) {
+    const auto found = windows_.find(&screen);
+    if (found == windows_.end()) return;
+    QWidget* window = found->second;
+    windows_.erase(found);
+    window->hide();
+    // One of its own handlers may be running: it goes when none does.
+    closed_.push_back(window);
+    if (auto* dialog = dynamic_cast<DialogWindow*>(window)) dialog->closed();
+}
+
+void QtDesktop::dropClosed() {
+    if (edge().isInside()) return;
+    for (QWidget* window : closed_) delete window;
+    closed_.clear();
+    if (screens_ != nullptr) screens_->dropUnloaded();
+}
+
+Answer QtDesktop::messageBox(const Message& message) {
+    QMessageBox box(QApplication::activeWindow());
+    box.setWindowTitle(message.title.empty() ? QString(模块名) : text(message.title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(text(message.text));
+    switch (message.icon) {
+        case Icon::information:
+            box.setIcon(QMessageBox::Information);
+            break;
+        case Icon::question:
+            box.setIcon(QMessageBox::Question);
+            break;
+        case Icon::warning:
+            box.setIcon(QMessageBox::Warning);
+            break;
+        case Icon::none:
+            break;
+    }
+    if (message.buttons == Buttons::ok) {
+        box.setDefaultButton(box.addButton("确定", QMessageBox::AcceptRole));
+        box.exec();
+        return Answer::ok;
+    }
+    auto* yes = box.addButton("是(&Y)", QMessageBox::YesRole);
+    auto* no = box.addButton("否(&N)", QMessageBox::NoRole);
+    box.setDefaultButton(yes);
+    box.setEscapeButton(no);
+    box.exec();
+    return box.clickedButton() == yes ? Answer::yes : Answer::no;
+}
+
+std::optional<Colour> QtDesktop::chooseColour(Colour present) {
+    const QColor chosen = QColorDialog::getColor(colour(present), QApplication::activeWindow(), "颜色");
+    if (!chosen.isValid()) return std::nullopt;
+    return packed(chosen);
+}
+
+std::optional<std::string> QtDesktop::chooseFile(const FileQuestion& question) {
+    QStringList filters;
+    const QStringList parts = text(question.filter).split('|');
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) filters << parts[i] + " (" + parts[i + 1] + ")";
+    QFileDialog dialog(QApplication::activeWindow(), "打开", text(question.directory));
+    dialog.setNameFilters(filters);
+    dialog.setFileMode(question.mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    if (!question.mustExist) dialog.setLabelText(QFileDialog::Accept, "确定");
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return utf8(dialog.selectedFiles().front());
+}
+
+double QtDesktop::textWidth(const Screen& screen, std::string_view shown) {
+    QWidget* window = windowOf(const_cast<Screen&>(screen));
+    const QFont font = window != nullptr ? window->font() : QApplication::font();
+    return twips(QFontMetricsF(font).horizontalAdvance(text(shown)));
+}
+
+std::string QtDesktop::shortDate(const DateTime& day) {
+    // A format of two-digit years could not be read back.
+    QString format = QLocale::system().dateFormat(QLocale::ShortFormat);
+    if (!format.contains("yyyy")) format.replace("yy", "yyyy");
+    const std::string shown = utf8(QLocale::system().toString(date(day), format));
+    const auto again = parseDate(shown);
+    return again && *again == day.dayOnly() ? shown : formatDate(day, "YYYY/M/D");
+}
+
+std::optional<Picture> QtDesktop::loadPicture(std::string_view path) {
+    const QImage image = QImageReader(text(path)).read();
+    if (image.isNull()) return std::nullopt;
+    return pictureOf(image);
+}
+
+void QtDesktop::setBusy(bool busy) {
+    if (busy)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}
+
+void QtDesktop::showProgress(std::string_view what, long done, long total) {
+    if (total == 0) {
+        progress_.reset();
+        return;
+    }
+    if (!progress_) {
+        progress_ = std::make_unique<QProgressDialog>(QApplication::activeWindow());
+        progress_->setWindowTitle(模块名);
+        progress_->setWindowModality(Qt::ApplicationModal);
+        progress_->setCancelButton(nullptr);
+        progress_->setMinimumDuration(400);
+        progress_->setAutoReset(false);
+        progress_->setAutoClose(false);
+    }
+    progress_->setLabelText(text(what));
+    progress_->setMaximum(static_cast<int>(total));
+    progress_->setValue(static_cast<int>(done));
+}
+
+void QtDesktop::letEventsRun() {
+    QApplication::processEvents();
+}
+
+void QtDesktop::endProcess() {
+    std::fflush(nullptr);
+    // At once, with nothing asked and nothing saved: what is in the database is there already.
+    std::_Exit(0);
+}
+
+}  // namespace desk::desktop

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "session/application.h"
+#include "ui/desktop.h"
+
+class QProgressDialog;
+class QWidget;
+
+namespace desk::desktop {
+
+class MainWindowView;
+
+/// Shows screens in Qt windows: the main window, its children as sub-windows, dialogs by themselves.
+class QtDesktop : public Desktop {
+  public:
+    QtDesktop();
+    ~QtDesktop() override;
+
+    /// The screens that are shown; to be told once, before the first is.
+    void serve(Screens& screens);
+
+    void show(Screen& screen) override;
+    void showModally(Screen& screen) override;
+    void bringToFront(Screen& screen) override;
+    void close(Screen& screen) override;
+    Answer messageBox(const Message& message) override;
+    std::optional<Colour> chooseColour(Colour present) override;
+    std::optional<std::string> chooseFile(const FileQuestion& question) override;
+    double textWidth(const Screen& screen, std::string_view text) override;
+    std::string shortDate(const DateTime& day) override;
+    std::optional<Picture> loadPicture(std::string_view path) override;
+    void setBusy(bool busy) override;
+    void showProgress(std::string_view what, long done, long total) override;
+    void letEventsRun() override;
+    [[noreturn]] void endProcess() override;
+
+  private:
+    QWidget* windowOf(Screen& screen);
+    QWidget* makeWindow(Screen& screen);
+    void dropClosed();
+
+    Screens* screens_ = nullptr;
+    MainWindowView* main_ = nullptr;
+    std::map<Screen*, QWidget*> windows_;
+    std::vector<QWidget*> closed_;
+    std::unique_ptr<QProgressDialog> progress_;
+};
+
+}  // namespace desk::desktop

@@ -1,0 +1,150 @@
+#include "desktop/tree_binding.h"
+
+#include <QScopedValueRollback>
+#include <QTreeView>
+
+#include "desktop/binding.h"
+
+namespace desk::desktop {
+
+TreeModel::TreeModel(Tree& tree, QObject* parent) : QAbstractItemModel(parent), tree_(tree) {
+    follow(this, tree.structureChanging, [this] {
+        if (away_) return;
+        beginResetModel();
+        away_ = true;
+    });
+    follow(this, tree.structureChanged, [this] {
+        away_ = false;
+        endResetModel();
+    });
+}
+
+const std::vector<std::unique_ptr<TreeNode>>& TreeModel::children(const QModelIndex& parent) const {
+    return parent.isValid() ? nodeOf(parent)->children() : tree_.roots();
+}
+
+TreeNode* TreeModel::nodeOf(const QModelIndex& index) {
+    return static_cast<TreeNode*>(index.internalPointer());
+}
+
+QModelIndex TreeModel::indexOf(const TreeNode* node) const {
+    return node == nullptr || away_ ? QModelIndex() : createIndex(node->row(), 0, node);
+}
+
+QModelIndex TreeModel::index(int row, int column, const QModelIndex& parent) const {
+    if (away_ || row < 0 || column != 0 || row >= rowCount(parent)) return {};
+    return createIndex(row, 0, children(parent)[static_cast<std::size_t>(row)].get());
+}
+
+QModelIndex TreeModel::parent(const QModelIndex& child) const {
+    return away_ || !child.isValid() ? QModelIndex() : indexOf(nodeOf(child)->parent());
+}
+
+int TreeModel::rowCount(const QModelIndex& parent) const {
+    return away_ ? 0 : static_cast<int>(children(parent).size());
+}
+
+QVariant TreeModel::data(const QModelIndex& index, int role) const {
+    if (away_ || !index.isValid()) return {};
+    const TreeNode& node = *nodeOf(index);
+    if (role == Qt::DisplayRole) return text(node.text());
+    if (role == Qt::CheckStateRole && tree_.style() == Tree::Style::checkBoxes)
+        return node.checked() ? Qt::Checked : Qt::Unchecked;
+    return {};
+}
+
+bool TreeModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (away_ || !index.isValid() || role != Qt::CheckStateRole) return false;
+    enter([&] { tree_.tick(*nodeOf(index), value.toInt() == Qt::Checked); });
+    return true;
+}
+
+Qt::ItemFlags TreeModel::flags(const QModelIndex& index) const {
+    const auto usual = QAbstractItemModel::flags(index);
+    return tree_.style() == Tree::Style::checkBoxes ? usual | Qt::ItemIsUserCheckable : usual;
+}
+
+namespace {
+
+/// Mouse and arrow keys both click the node that they come to; what the screen selects is only shown.
+class TreeWidget : public QTreeView {
+  public:
+    explicit TreeWidget(Tree& tree) : tree_(tree), model_(new TreeModel(tree, this)) {
+        setModel(model_);
+        setHeaderHidden(true);
+        setUniformRowHeights(true);
+        setMinimumSize(180, 80);
+        connect(this, &QTreeView::clicked, this, [this](const QModelIndex& index) { click(index); });
+        connect(this, &QTreeView::expanded, this,
+                [this](const QModelIndex& index) { noteExpanded(index, true); });
+        connect(this, &QTreeView::collapsed, this,
+                [this](const QModelIndex& index) { noteExpanded(index, false); });
+        follow(this, tree.structureChanged, [this] { showState(); });
+        follow(this, tree.touched, [this] {
+            if (!showing_) showState();
+            viewport()->update();
+        });
+        follow(this, tree.selectionChanged, [this] { showSelection(); });
+        showState();
+    }
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override {
+        const QScopedValueRollback mouse(byMouse_, true);
+        QTreeView::mousePressEvent(event);
+    }
+
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override {
+        QTreeView::currentChanged(current, previous);
+        if (!byMouse_ && !showing_ && hasFocus()) click(current);
+    }
+
+  private:
+    void click(const QModelIndex& index) {
+        if (index.isValid()) enter([&] { tree_.click(*TreeModel::nodeOf(index)); });
+    }
+
+    void noteExpanded(const QModelIndex& index, bool expanded) {
+        if (showing_) return;
+        const QScopedValueRollback quiet(showing_, true);
+        tree_.setExpanded(*TreeModel::nodeOf(index), expanded);
+    }
+
+    void showState() {
+        const QScopedValueRollback quiet(showing_, true);
+        showExpansion(tree_.roots());
+        showSelection();
+    }
+
+    void showExpansion(const std::vector<std::unique_ptr<TreeNode>>& nodes) {
+        for (const auto& node : nodes) {
+            if (node->children().empty()) continue;
+            const QModelIndex index = model_->indexOf(node.get());
+            if (isExpanded(index) != node->expanded()) setExpanded(index, node->expanded());
+            showExpansion(node->children());
+        }
+    }
+
+    void showSelection() {
+        const QScopedValueRollback quiet(showing_, true);
+        const QModelIndex index = model_->indexOf(tree_.selected());
+        if (index == currentIndex()) return;
+        if (index.isValid())
+            setCurrentIndex(index);
+        else
+            clearSelection();
+    }
+
+    Tree& tree_;
+    TreeModel* model_;
+    bool byMouse_ = false;
+    bool showing_ = false;
+};
+
+}  // namespace
+
+QWidget* treeWidget(Tree& tree) {
+    return new TreeWidget(tree);
+}
+
+}  // namespace desk::desktop
