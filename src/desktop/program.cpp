@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QFontDatabase>
+#include <QIcon>
 #include <QLocale>
 
 #include "customers/assignment.h"
@@ -28,6 +29,7 @@ void offer(Application& app) {
 void dress() {
     linkPictures();
     QApplication::setApplicationName("引驻台账");
+    QApplication::setWindowIcon(QIcon(":/icon.png"));
     QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
     // Without it a system of another language shows Chinese signs in that language's shapes.
     QFont font = QApplication::font();

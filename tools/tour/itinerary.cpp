@@ -70,7 +70,7 @@ void registerWalkIn(Tour& tour, Witness& witness) {
                  {"备注", "第二次来访"}});
         chooseAll(person, witness, "来人");
         person.click("来人.媒体其它勾选");
-        person.type("来人.媒体其它文本", "朋友介绍");
+        person.type("来人.媒体其它文本", "楼宇电梯广告");
     });
     tour.step("来人-已保存", [](Person& person) { person.click("来人.确定"); });
     expectLead(tour, witness, "引驻来人", "盛远国际贸易有限公司", "13800010001");
@@ -152,7 +152,7 @@ void registerLeads(Tour& tour, Witness& witness) {
     });
     tour.check("登记的内容重新显示", [] {
         return Person().shownText("来人.公司名称") == "盛远国际贸易有限公司" &&
-               Person().shownText("来人.媒体其它文本") == "朋友介绍";
+               Person().shownText("来人.媒体其它文本") == "楼宇电梯广告";
     });
 }
 

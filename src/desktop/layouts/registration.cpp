@@ -1,5 +1,8 @@
 #include "customers/registration.h"
 
+#include <QFrame>
+#include <QVBoxLayout>
+
 #include "desktop/binding.h"
 #include "desktop/floating.h"
 #include "desktop/layout.h"
@@ -65,10 +68,13 @@ QWidget* textFields(登记页& page) {
 
 /// The list of agencies, over the page below the field that it fills.
 void addAgencyPanel(QWidget* content, 中介公司选择& agency) {
-    auto* panel = framed(agency.面板,
-                         rows({plain(agency.列表), buttons({&agency.面板确定, &agency.面板关闭})}, {1, 0}));
-    panel->setMinimumSize(380, 280);
-    floatOver(content, agency.面板, panel, FloatsAt::below);
+    auto* edged = new QFrame;
+    edged->setFrameStyle(QFrame::Panel | QFrame::Raised);
+    auto* box = new QVBoxLayout(edged);
+    box->addWidget(framed(agency.面板,
+                          rows({plain(agency.列表), buttons({&agency.面板确定, &agency.面板关闭})}, {1, 0})));
+    edged->setMinimumSize(400, 300);
+    floatOver(content, agency.面板, edged, FloatsAt::below);
 }
 
 QWidget* pageLayout(登记页& page) {
