@@ -87,7 +87,10 @@ QWidget* fields(std::vector<Field> entries, int perLine) {
     int place = 0;
     for (const auto& entry : entries) {
         auto* label = new QLabel(text(entry.caption));
-        grid->addWidget(label, line, place * 2, Qt::AlignRight | Qt::AlignVCenter);
+        // Most captions have four signs: blocks of fields below each other line up.
+        label->setMinimumWidth(label->fontMetrics().horizontalAdvance("管理项目"));
+        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        grid->addWidget(label, line, place * 2);
         QWidget* content = entry.widgets.size() == 1 ? entry.widgets.front() : columns(entry.widgets);
         grid->addWidget(content, line, place * 2 + 1);
         grid->setColumnStretch(place * 2 + 1, 1);

@@ -2,6 +2,7 @@
 
 #include <QScopedValueRollback>
 #include <QTreeView>
+#include <algorithm>
 
 #include "desktop/binding.h"
 
@@ -47,7 +48,8 @@ int TreeModel::rowCount(const QModelIndex& parent) const {
 QVariant TreeModel::data(const QModelIndex& index, int role) const {
     if (away_ || !index.isValid()) return {};
     const TreeNode& node = *nodeOf(index);
-    if (role == Qt::DisplayRole) return text(node.text());
+    // The tip shows what a narrow tree cuts off.
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return text(node.text());
     if (role == Qt::CheckStateRole && tree_.style() == Tree::Style::checkBoxes)
         return node.checked() ? Qt::Checked : Qt::Unchecked;
     return {};
@@ -112,7 +114,10 @@ class TreeWidget : public QTreeView {
 
     void showState() {
         const QScopedValueRollback quiet(showing_, true);
-        showExpansion(tree_.roots());
+        const auto& roots = tree_.roots();
+        setRootIsDecorated(std::any_of(roots.begin(), roots.end(),
+                                       [](const auto& root) { return !root->children().empty(); }));
+        showExpansion(roots);
         showSelection();
     }
 

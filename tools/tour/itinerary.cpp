@@ -27,15 +27,10 @@ void chooseAll(Person& person, Witness& witness, const QString& page) {
         person.clickLine(page + ".媒体", entry("Select 媒体名称 From YZ_媒体设置"));
 }
 
-QString firstOffice(Witness& witness) {
-    return qt(witness.first("Select GYD_DH From 设置管理处 Order By len(GYD_DH),GYD_DH") + " " +
-              witness.first("Select GYD_Name From 设置管理处 Order By len(GYD_DH),GYD_DH"));
-}
-
 /// The step from a chosen page to a new lead with an automatic number.
 void startLead(Tour& tour, Witness& witness, const QString& page, const QString& title) {
     tour.step(title + "-选择管理项目",
-              [=, &witness](Person& person) { person.pick(page + ".管理项目", firstOffice(witness)); });
+              [=, &witness](Person& person) { person.pick(page + ".管理项目", qt(witness.officeEntry())); });
     tour.then([page](Person& person) {
         person.click(page + ".采用自动编号");
         person.click(page + ".新增");
@@ -144,7 +139,7 @@ void registerLeads(Tour& tour, Witness& witness) {
     registerAgency(tour, witness);
     tour.then([](Person& person) { person.click("中介.退出"); });
     tour.then([](Person& person) { person.choose("引驻信息管理", "客户信息登记"); });
-    tour.then([&witness](Person& person) { person.pick("来人.管理项目", firstOffice(witness)); });
+    tour.then([&witness](Person& person) { person.pick("来人.管理项目", qt(witness.officeEntry())); });
     tour.step("来人-重新打开", [&witness](Person& person) {
         person.clickNode(
             "来人.客户",
@@ -156,12 +151,15 @@ void registerLeads(Tour& tour, Witness& witness) {
     });
 }
 
-void logOff(Tour& tour) {
+void changeTo(Tour& tour, const QString& user) {
     tour.step("注销", [](Person& person) { person.choose("退出系统", "注销"); });
-    tour.then([](Person& person) {
-        typeLogin(person, "1010");
+    tour.then([user](Person& person) {
+        typeLogin(person, user);
         person.click("cmdOK");
     });
+}
+
+void showCashiersMenu(Tour& tour) {
     tour.step("出纳的菜单", [](Person& person) { person.choose("意向客户管理", {}); });
 }
 

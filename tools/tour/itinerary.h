@@ -11,6 +11,8 @@ class Witness {
     explicit Witness(Connection& connection) : connection_(connection) {}
     /// The first field of the statement's first row, empty without one.
     std::string first(const std::string& statement);
+    /// The first office as combos show it.
+    std::string officeEntry();
 
   private:
     Connection& connection_;
@@ -20,7 +22,13 @@ class Witness {
 void logIn(Tour& tour);
 /// A lead of each kind, registered and looked up.
 void registerLeads(Tour& tour, Witness& witness);
-/// Out of one session and into another, and the end of the program.
-void logOff(Tour& tour);
+/// The manager gives the walk-in to consultant 1015.
+void assignLead(Tour& tour, Witness& witness);
+/// The consultant records three contacts with it.
+void followLeadUp(Tour& tour, Witness& witness);
+/// Out of the session and into that of another person, who has one position.
+void changeTo(Tour& tour, const QString& user);
+/// What a cashier may choose.
+void showCashiersMenu(Tour& tour);
 
 }  // namespace desk::tour

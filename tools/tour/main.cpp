@@ -56,7 +56,11 @@ int main(int argc, char** argv) {
     tour.atEnd = [&folder] { folder.remove(); };
     desk::tour::logIn(tour);
     desk::tour::registerLeads(tour, witness);
-    desk::tour::logOff(tour);
+    desk::tour::assignLead(tour, witness);
+    desk::tour::changeTo(tour, "1015");
+    desk::tour::followLeadUp(tour, witness);
+    desk::tour::changeTo(tour, "1010");
+    desk::tour::showCashiersMenu(tour);
     desk::desktop::enter([&] { program.app.start({}); });
     tour.start();
     return QApplication::exec();
