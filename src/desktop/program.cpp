@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QFont>
-#include <QFontDatabase>
 #include <QIcon>
 #include <QLocale>
 
@@ -33,11 +32,7 @@ void dress() {
     QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
     // Without it a system of another language shows Chinese signs in that language's shapes.
     QFont font = QApplication::font();
-    for (const char* family : {"Noto Sans CJK SC", "Source Han Sans SC", "WenQuanYi Micro Hei"})
-        if (QFontDatabase::hasFamily(family)) {
-            font.setFamilies({family, font.family()});
-            break;
-        }
+    font.setFamilies({"Noto Sans CJK SC", "Source Han Sans SC", "WenQuanYi Micro Hei", font.family()});
     QApplication::setFont(font);
 }
 
