@@ -7,6 +7,7 @@
 
 #include "desktop/binding.h"
 #include "desktop/canvas_binding.h"
+#include "desktop/screen_windows.h"
 
 namespace desk::desktop {
 
@@ -43,6 +44,7 @@ MainWindowView::MainWindowView(MDIForm1& screen) : screen_(screen), area_(new Ar
     setObjectName(text(screen.name()));
     setWindowTitle(text(screen.caption()));
     fillMenuBar();
+    runTimers(screen, this);
     auto* whole = new QWidget;
     auto* box = new QVBoxLayout(whole);
     box->setContentsMargins(0, 0, 0, 0);

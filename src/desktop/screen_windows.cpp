@@ -2,9 +2,11 @@
 
 #include <QCloseEvent>
 #include <QScopedValueRollback>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "desktop/binding.h"
+#include "ui/fields.h"
 
 namespace desk::desktop {
 
@@ -21,11 +23,28 @@ void closeByPerson(Screens& screens, Screen& screen, QCloseEvent* event) {
 
 }  // namespace
 
+void runTimers(Screen& screen, QObject* window) {
+    for (Control* control : screen.controls()) {
+        auto* timer = dynamic_cast<Timer*>(control);
+        if (timer == nullptr) continue;
+        auto* ticking = new QTimer(window);
+        ticking->setInterval(timer->interval());
+        QObject::connect(ticking, &QTimer::timeout, ticking, [timer] { enter([&] { timer->tick(); }); });
+        const auto follows = [timer, ticking] {
+            if (timer->enabled() != ticking->isActive())
+                timer->enabled() ? ticking->start() : ticking->stop();
+        };
+        follows();
+        follow(ticking, timer->touched, follows);
+    }
+}
+
 ChildWindow::ChildWindow(Screens& screens, Screen& screen, QWidget* content, QMdiArea& area)
     : screens_(screens), screen_(screen), area_(area) {
     setObjectName(text(screen.name()));
     setWindowTitle(text(screen.caption()));
     setWidget(content);
+    runTimers(screen, this);
     area.addSubWindow(this);
     const int frame = 2 * style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
     const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
@@ -70,6 +89,7 @@ DialogWindow::DialogWindow(Screens& screens, Screen& screen, QWidget* content)
     auto* box = new QVBoxLayout(this);
     box->setContentsMargins(0, 0, 0, 0);
     box->addWidget(content);
+    runTimers(screen, this);
     resize(pixels(screen.width()), pixels(screen.height()));
     follow(this, screen.touched, [this] { setWindowTitle(text(screen_.caption())); });
 }

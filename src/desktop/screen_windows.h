@@ -9,6 +9,9 @@
 
 namespace desk::desktop {
 
+/// Runs the screen's timers for as long as `window` lives.
+void runTimers(Screen& screen, QObject* window);
+
 /// A screen inside the main window.
 class ChildWindow : public QMdiSubWindow {
   public:

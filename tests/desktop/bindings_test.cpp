@@ -13,6 +13,7 @@
 #include "base/failure.h"
 #include "desktop/binding.h"
 #include "desktop/layout.h"
+#include "desktop/screen_windows.h"
 #include "ui/batch.h"
 #include "ui/choices.h"
 #include "ui/fields.h"
@@ -161,6 +162,19 @@ TEST_F(Bindings, AGridHidesAndMergesAndIsClickedByArrowKeys) {
                       view.visualRect(view.model()->index(2, 1)).center());
     EXPECT_EQ(clicks, 2);
     EXPECT_EQ(form.grid.row(), 3);
+}
+
+TEST_F(Bindings, ATimerTicksWhileItIsEnabled) {
+    Timer timer(form, "timer", 10);
+    int ticks = 0;
+    timer.tick += [&] { ++ticks; };
+    timer.setEnabled(false);
+    QObject host;
+    runTimers(form, &host);
+    QTest::qWait(60);
+    EXPECT_EQ(ticks, 0);
+    timer.setEnabled(true);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ticks > 2; }));
 }
 
 /// Presses away the box that is up, so that the process can go on to its end.
