@@ -6,8 +6,8 @@
 #include "base/text.h"
 #include "customers/lead_tree.h"
 #include "db/statement.h"
+#include "session/coded_combo.h"
 #include "session/helpers.h"
-#include "ui/batch.h"
 
 namespace desk {
 
@@ -15,20 +15,6 @@ namespace {
 
 /// The numbers under which the calendar remembers the two date fields.
 enum DateField { 分配日期序号 = 20, 终止日期序号 = 21 };
-
-/// Selects the item whose code is `code`, or none.
-void selectByCode(ComboBox& combo, std::string_view code) {
-    for (int i = 0; i < combo.count(); ++i)
-        if (codeBeforeBlank(combo.items()[static_cast<std::size_t>(i)].text) == code)
-            return combo.setIndex(i);
-}
-
-void fillCoded(ComboBox& combo, Recordset rows, std::string_view codeColumn, std::string_view nameColumn) {
-    const Batch fill(combo);
-    combo.clear();
-    for (; !rows.atEnd(); rows.moveNext())
-        combo.addItem(rows[codeColumn].text() + " " + rows[nameColumn].text());
-}
 
 }  // namespace
 

@@ -4,6 +4,7 @@
 #include "customers/lead_tree.h"
 #include "db/recordset.h"
 #include "db/statement.h"
+#include "session/coded_combo.h"
 #include "session/helpers.h"
 #include "ui/batch.h"
 
@@ -15,12 +16,6 @@ namespace {
 enum DateField { 跟进日期序号 = 17, 预约日期序号 = 19 };
 
 enum Column { 序列, 日期列, 跟进人列, 情况列, 状态列, 颜色列, 预约列, 编号列 };
-
-/// Selects the item whose name is `name`, or none.
-void selectByName(ComboBox& combo, std::string_view name) {
-    for (int i = 0; i < combo.count(); ++i)
-        if (nameAfterBlank(combo.items()[static_cast<std::size_t>(i)].text) == name) return combo.setIndex(i);
-}
 
 /// A day as the diary stores it; a text that is no date is left for the database to refuse.
 Value storedDay(const std::string& text) {

@@ -7,6 +7,7 @@
 #include "ui/batch.h"
 #include "ui/choices.h"
 #include "ui/grid.h"
+#include "ui/tree.h"
 
 namespace desk {
 
@@ -67,6 +68,12 @@ void 填充管理处(Application& app, ComboBox& combo) {
     } catch (const RuntimeFailure&) {
         // The screen opens with what it has.
     }
+}
+
+void 添加管理处(Application& app, Tree& tree, TreeNode* parent) {
+    const Batch fill(tree);
+    for (Recordset rows(app.主连接, 管理处语句(app)); !rows.atEnd(); rows.moveNext())
+        tree.add(parent, "G" + rows["GYD_DH"].text(), rows["GYD_DH"].text() + " " + rows["GYD_Name"].text());
 }
 
 }  // namespace desk

@@ -8,6 +8,8 @@ class Application;
 class Grid;
 class Screen;
 class ComboBox;
+class Tree;
+class TreeNode;
 
 /// Puts the screen into the middle of the main window, also where it is larger than that.
 void 窗体居中(Application& app, Screen& screen);
@@ -26,7 +28,10 @@ void 读取专项审核权限(Application& app);
 /// selected. A failure ends the filling without a word.
 void 填充管理处(Application& app, ComboBox& combo);
 
-/// The statement behind 填充管理处.
+/// Adds the same offices as nodes with the key "G" and the code, under `parent` or as roots.
+void 添加管理处(Application& app, Tree& tree, TreeNode* parent);
+
+/// The statement behind both.
 std::string 管理处语句(const Application& app);
 
 }  // namespace desk
