@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPalette>
 #include <QScopedValueRollback>
@@ -127,9 +128,20 @@ class GridWidget : public QTableView {
         QTableView::mousePressEvent(event);
     }
 
+    /// Arrow keys look at one row after the other, so the keyboard stays here wherever a click would lead it.
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override {
         QTableView::currentChanged(current, previous);
-        if (!byMouse_ && !showing_ && hasFocus()) click(current);
+        if (byMouse_ || showing_ || !hasFocus()) return;
+        click(current);
+        if (isVisible()) setFocus();
+    }
+
+    /// Enter goes where a click leads.
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+            click(currentIndex());
+        else
+            QTableView::keyPressEvent(event);
     }
 
   private:

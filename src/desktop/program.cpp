@@ -8,6 +8,10 @@
 #include "customers/assignment.h"
 #include "customers/follow_up.h"
 #include "customers/registration.h"
+#include "reference/agencies.h"
+#include "reference/customer_dictionaries.h"
+#include "reference/lead_settings.h"
+#include "reference/personnel.h"
 
 /// The pictures lie in a library, from which nothing is linked that nobody names.
 static void linkPictures() {
@@ -41,6 +45,10 @@ Program::Program() : app(desktop, Platform{clock, settings, files, programs}) {
     offer<Frm引驻客户信息登记>(app);
     offer<Frm客户跟进信息分配>(app);
     offer<Frm客户跟进记录>(app);
+    offer<Frm人员设置>(app);
+    offer<Frm中介公司设置>(app);
+    offer<Frm客户相关信息设置>(app);
+    offer<Frm引驻设置>(app);
 }
 
 }  // namespace desk::desktop

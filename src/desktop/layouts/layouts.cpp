@@ -7,6 +7,10 @@
 #include "customers/registration.h"
 #include "desktop/layout.h"
 #include "desktop/layouts/each.h"
+#include "reference/agencies.h"
+#include "reference/customer_dictionaries.h"
+#include "reference/lead_settings.h"
+#include "reference/personnel.h"
 #include "session/about.h"
 #include "session/login.h"
 
@@ -27,7 +31,9 @@ QWidget* layoutOf(Screen& screen) {
     QWidget* made = nullptr;
     if (!laid(screen, layoutOfLogin, made) && !laid(screen, layoutOfAbout, made) &&
         !laid(screen, layoutOfRegistration, made) && !laid(screen, layoutOfAssignment, made) &&
-        !laid(screen, layoutOfFollowUp, made))
+        !laid(screen, layoutOfFollowUp, made) && !laid(screen, layoutOfPersonnel, made) &&
+        !laid(screen, layoutOfAgencies, made) && !laid(screen, layoutOfCustomerDictionaries, made) &&
+        !laid(screen, layoutOfLeadSettings, made))
         throw std::logic_error("no layout for " + screen.name());
     layout::orderTabs(made);
     return made;

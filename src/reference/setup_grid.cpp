@@ -1,0 +1,73 @@
+#include "reference/setup_grid.h"
+
+#include "ui/batch.h"
+
+namespace desk {
+
+namespace {
+constexpr const char* marker = "→";
+}
+
+SetupGrid::SetupGrid(Screen& screen, std::string name, std::string_view format, int keyColumn)
+    : Grid(screen, std::move(name), format), keyColumn_(keyColumn) {
+    setSelection(GridSelection::row);
+    empty();
+}
+
+std::string SetupGrid::key() const {
+    return row() < fixedRows() ? std::string() : text(row(), keyColumn_);
+}
+
+void SetupGrid::fill(Recordset& entries, const std::vector<std::string_view>& columns,
+                     const std::function<void(int row)>& each) {
+    const Batch filling(*this);
+    setRows(fixedRows());
+    std::vector<int> places;
+    for (const auto column : columns) places.push_back(entries.column(column));
+    for (; !entries.atEnd(); entries.moveNext()) {
+        std::vector<std::string> cells;
+        cells.reserve(places.size() + 1);
+        cells.emplace_back();
+        for (const int place : places) cells.push_back(entries[place].text());
+        const int row = addRow(std::move(cells));
+        if (each) each(row);
+    }
+    addRow();
+    goToLast();
+}
+
+void SetupGrid::empty() {
+    const Batch emptying(*this);
+    setRows(fixedRows());
+    addRow();
+    goToLast();
+}
+
+void SetupGrid::mark() {
+    const Batch marking(*this);
+    for (int each = fixedRows(); each < rows(); ++each)
+        setText(each, 0, each == row() ? marker : std::to_string(each));
+}
+
+void SetupGrid::goToLast() {
+    const Batch going(*this);
+    setRow(rows() - 1);
+    mark();
+}
+
+void SetupGrid::grow() {
+    addRow({std::to_string(rows())});
+}
+
+void SetupGrid::put(int row, const std::vector<std::string>& cells) {
+    const Batch putting(*this);
+    for (std::size_t i = 0; i < cells.size(); ++i) setText(row, static_cast<int>(i) + 1, cells[i]);
+}
+
+void SetupGrid::dropCurrent() {
+    const Batch dropping(*this);
+    removeRow(row());
+    goToLast();
+}
+
+}  // namespace desk
