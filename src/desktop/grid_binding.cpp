@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <QScopedValueRollback>
+#include <QStyledItemDelegate>
 #include <QTableView>
 
 #include "desktop/binding.h"
@@ -68,6 +69,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
             if (const auto back = grid_.cellColour(row, column)) return colour(*back);
             if (column < grid_.fixedColumns()) return QGuiApplication::palette().color(QPalette::Button);
             return {};
+        case ownColourRole:
+            return grid_.cellColour(row, column).has_value();
         case Qt::ForegroundRole:
             if (const auto fore = grid_.cellTextColour(row, column)) return colour(*fore);
             return {};
@@ -93,6 +96,18 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
 
 namespace {
 
+/// A cell with a colour of its own says something by it, and shows it also in the selected row.
+class CellPainter : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (index.data(GridModel::ownColourRole).toBool()) option->state &= ~QStyle::State_Selected;
+    }
+};
+
 /// Mouse and arrow keys both click the cell that they come to; what the screen makes current is only shown.
 class GridWidget : public QTableView {
   public:
@@ -100,6 +115,7 @@ class GridWidget : public QTableView {
         // Without a fixed row the grid has no header; with several they stand above each other.
         setHorizontalHeader(new GridHeader(grid, this));
         setModel(new GridModel(grid, this));
+        setItemDelegate(new CellPainter(this));
         verticalHeader()->hide();
         verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
         verticalHeader()->setMinimumSectionSize(fontMetrics().height() + 4);

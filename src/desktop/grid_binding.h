@@ -10,6 +10,9 @@ namespace desk::desktop {
 /// The rows of a Grid below its fixed ones, as Qt asks for them, without a copy of them.
 class GridModel : public QAbstractTableModel {
   public:
+    /// Whether the cell has a colour that the screen gave it.
+    static constexpr int ownColourRole = Qt::UserRole;
+
     explicit GridModel(Grid& grid, QObject* parent = nullptr);
 
     int rowCount(const QModelIndex& parent = {}) const override;

@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QFont>
 #include <QIcon>
+#include <QLibraryInfo>
 #include <QLocale>
+#include <QTranslator>
 
 #include "customers/assignment.h"
 #include "customers/follow_up.h"
@@ -33,7 +35,12 @@ void dress() {
     linkPictures();
     QApplication::setApplicationName("引驻台账");
     QApplication::setWindowIcon(QIcon(":/icon.png"));
-    QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
+    const QLocale chinese(QLocale::Chinese, QLocale::China);
+    QLocale::setDefault(chinese);
+    // The words of Qt's own dialogs; without the file they stay English.
+    auto* words = new QTranslator(qApp);
+    if (words->load(chinese, "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(words);
     // Without it a system of another language shows Chinese signs in that language's shapes.
     QFont font = QApplication::font();
     font.setFamilies({"Noto Sans CJK SC", "Source Han Sans SC", "WenQuanYi Micro Hei", font.family()});

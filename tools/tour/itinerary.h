@@ -24,6 +24,8 @@ void logIn(Tour& tour);
 void registerLeads(Tour& tour, Witness& witness);
 /// The manager gives the walk-in to consultant 1015.
 void assignLead(Tour& tour, Witness& witness);
+/// Every tab of the setup screens: an entry is added, changed and deleted, and a wrong one refused.
+void keepReferenceData(Tour& tour, Witness& witness);
 /// The consultant records three contacts with it.
 void followLeadUp(Tour& tour, Witness& witness);
 /// Out of the session and into that of another person, who has one position.

@@ -57,6 +57,7 @@ int main(int argc, char** argv) {
     desk::tour::logIn(tour);
     desk::tour::registerLeads(tour, witness);
     desk::tour::assignLead(tour, witness);
+    desk::tour::keepReferenceData(tour, witness);
     desk::tour::changeTo(tour, "1015");
     desk::tour::followLeadUp(tour, witness);
     desk::tour::changeTo(tour, "1010");

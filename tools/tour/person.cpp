@@ -2,8 +2,11 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QColorDialog>
 #include <QComboBox>
 #include <QInputMethodEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -50,6 +53,10 @@ void clickAction(QWidget& bar, QRect place) {
 QWidget* Person::find(const QString& control, Wanted wanted) const {
     // A window in front hides those of the same name behind it.
     QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* area = window->findChild<QMdiArea*>();
+            area != nullptr && area->activeSubWindow() != nullptr)
+            windows.prepend(area->activeSubWindow());
     if (QWidget* modal = QApplication::activeModalWidget()) windows.prepend(modal);
     for (QWidget* window : windows) {
         if (!window->isVisible()) continue;
@@ -190,6 +197,16 @@ void Person::pointAt(const QString& canvas, double across, double down) {
     QWidget* widget = find(canvas);
     QTest::mouseMove(widget, QPoint(static_cast<int>(widget->width() * across),
                                     static_cast<int>(widget->height() * down)));
+}
+
+void Person::chooseColour(int red, int green, int blue) {
+    auto* dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) throw NotThere("no colour dialog");
+    dialog->setCurrentColor(QColor(red, green, blue));
+    for (QAbstractButton* button : dialog->findChildren<QAbstractButton*>())
+        if (button->text().contains("OK") || button->text().startsWith("确定"))
+            return QTest::mouseClick(button, Qt::LeftButton);
+    throw NotThere("the colour dialog has no button to take it");
 }
 
 QString Person::answer(const QString& buttonText) {

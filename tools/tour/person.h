@@ -38,6 +38,8 @@ class Person {
     void choose(const QString& topEntry, const QString& entry);
     /// Moves the pointer over a point of a drawing, as parts of its width and height.
     void pointAt(const QString& canvas, double across, double down);
+    /// Takes a colour in the colour dialog.
+    void chooseColour(int red, int green, int blue);
     /// The text of the message box; presses its button of that caption.
     QString answer(const QString& buttonText);
     /// What a control is looked for: one to be used must be enabled too.

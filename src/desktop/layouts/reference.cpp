@@ -82,12 +82,15 @@ QWidget* layoutOfPersonnel(Frm人员设置& screen) {
 }
 
 QWidget* layoutOfAgencies(Frm中介公司设置& screen) {
+    const auto field = [&](std::size_t i) {
+        return Field(Frm中介公司设置::fields[i].caption, screen.boxes[i]);
+    };
+    const std::size_t last = screen.boxes.size() - 1;
     std::vector<Field> entry;
-    for (std::size_t i = 0; i < screen.boxes.size(); ++i)
-        entry.emplace_back(Frm中介公司设置::fields[i].caption, screen.boxes[i]);
-    auto* right = rows({plain(screen.列表), fields(std::move(entry), 2),
+    for (std::size_t i = 0; i < last; ++i) entry.push_back(field(i));
+    auto* right = rows({plain(screen.列表), fields(std::move(entry), 2), fields({field(last)}),
                         buttons({&screen.确定, &screen.删除, &screen.退出})},
-                       {1, 0, 0});
+                       {1, 0, 0, 0});
     auto* whole = rows({columns({plain(screen.管理项目), right}, {2, 7}), plain(screen.状态栏)}, {1, 0});
     whole->setContentsMargins(6, 6, 6, 4);
     return whole;
