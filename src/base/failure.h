@@ -28,6 +28,7 @@ inline constexpr long typeMismatch = 13;
 inline constexpr long fileNotFound = 53;
 inline constexpr long pathAccess = 75;
 inline constexpr long invalidNull = 94;
+inline constexpr long spreadsheet = 1004;
 inline constexpr long noCurrentRow = 3021;
 inline constexpr long updateNotSupported = 3251;
 inline constexpr long noSuchField = 3265;

@@ -1,6 +1,7 @@
 #include "base/text.h"
 
 #include <unicode/ucnv.h>
+#include <unicode/unistr.h>
 
 #include <memory>
 
@@ -49,6 +50,18 @@ std::size_t characterCount(std::string_view text) {
     std::size_t count = 0;
     for (const char byte : text) count += (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
     return count;
+}
+
+std::u16string toUtf16(std::string_view text) {
+    const auto wide =
+        icu::UnicodeString::fromUTF8(icu::StringPiece(text.data(), static_cast<int32_t>(text.size())));
+    return {wide.getBuffer(), static_cast<std::size_t>(wide.length())};
+}
+
+std::string toUtf8(std::u16string_view text) {
+    std::string bytes;
+    icu::UnicodeString(text.data(), static_cast<int32_t>(text.size())).toUTF8String(bytes);
+    return bytes;
 }
 
 std::string toGbk(std::string_view text) {

@@ -1,0 +1,38 @@
+#include "platform/spreadsheets.h"
+
+#include "base/failure.h"
+
+namespace desk {
+
+namespace {
+
+[[noreturn]] void refuse(const char* why) {
+    throw RuntimeFailure(failure::spreadsheet, why);
+}
+
+}  // namespace
+
+Worksheet::Cell& Worksheet::at(int row, int column) {
+    if (row < 0 || row >= maxRows) refuse("工作表最多 65536 行");
+    if (column < 0 || column >= maxColumns) refuse("工作表最多 256 列");
+    const auto line = static_cast<std::size_t>(row);
+    const auto place = static_cast<std::size_t>(column);
+    if (line >= rows_.size()) rows_.resize(line + 1);
+    if (place >= rows_[line].size()) rows_[line].resize(place + 1);
+    return rows_[line][place];
+}
+
+void Worksheet::setColumnWidth(int column, double characters) {
+    if (characters < 0 || characters > 255) refuse("列宽必须在 0 到 255 个字符之间");
+    if (column < 0 || column >= maxColumns) refuse("工作表最多 256 列");
+    widths_[column] = characters;
+}
+
+void Worksheet::merge(const Range& range) {
+    if (range.top < 0 || range.left < 0 || range.bottom < range.top || range.right < range.left ||
+        range.bottom >= maxRows || range.right >= maxColumns)
+        refuse("没有可以合并的单元格");
+    merges_.push_back(range);
+}
+
+}  // namespace desk

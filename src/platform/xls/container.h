@@ -1,0 +1,24 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace desk::xls {
+
+/// A file or a folder inside a compound file.
+struct Entry {
+    std::string name;
+    bool isFolder = false;
+    std::string bytes;               ///< of a file
+    std::vector<Entry> children;     ///< of a folder
+    std::array<char, 16> classId{};  ///< of a folder
+};
+
+/// All of a compound file. Fails with 1004 if `file` is none, or is damaged.
+Entry readContainer(std::string_view file);
+/// The compound file that holds `root`.
+std::string writeContainer(const Entry& root);
+
+}  // namespace desk::xls
