@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/spreadsheets.h"
+
+namespace desk::xls {
+
+/// The stream of a workbook with one empty sheet.
+std::string emptyWorkbook();
+
+/// The stream of `workbook` with `sheet` behind its sheets, or in the place of that of the same name. Other
+/// sheets keep every byte but the stream positions that they name. Fails with 1004 where Spreadsheets::put()
+/// does.
+std::string withSheet(std::string_view workbook, const Worksheet& sheet);
+
+}  // namespace desk::xls
