@@ -40,6 +40,7 @@ class WorkbookTest : public testing::Test {
         while (const auto got = fread(part.data(), 1, part.size(), pipe.get()))
             output.append(part.data(), got);
         EXPECT_EQ(pclose(pipe.get()), 0) << command;
+        if (output.ends_with('\n')) output.pop_back();
         return split(output, '\n');
     }
 

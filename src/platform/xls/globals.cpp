@@ -47,6 +47,16 @@ std::size_t Globals::count(std::uint16_t id) const {
         std::count_if(items.begin(), items.end(), [id](const Item& item) { return item.id == id; }));
 }
 
+std::size_t Globals::numberOf(std::uint16_t id, std::string_view body) const {
+    std::size_t number = 0;
+    for (const Item& item : items) {
+        if (item.id != id) continue;
+        if (item.body == body) break;
+        ++number;
+    }
+    return number;
+}
+
 std::size_t Globals::lastOf(std::uint16_t id) const {
     for (std::size_t i = items.size(); i-- > 0;)
         if (items[i].id == id) return i;

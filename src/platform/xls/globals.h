@@ -27,6 +27,8 @@ class Globals {
     std::string bytes() const;
 
     std::size_t count(std::uint16_t id) const;
+    /// How many of that kind stand before the first with that body; as many as there are if none has it.
+    std::size_t numberOf(std::uint16_t id, std::string_view body) const;
     /// Position of the last item of that kind, `npos` if there is none.
     std::size_t lastOf(std::uint16_t id) const;
     /// Inserts behind the last item of one of the kinds, the first kind that there is; before the end if none

@@ -61,10 +61,6 @@ std::uint16_t Looks::of(const CellLook& look) {
     if (const auto found = known_.find(look); found != known_.end()) return found->second;
     const std::uint16_t font = fontOf(look.fontSize);
     const std::uint16_t format = numberFormatOf(look.format);
-    const std::size_t number = globals_.count(id::xf);
-    if (number >= mostLooks)
-        throw RuntimeFailure(failure::spreadsheet, "工作簿中的单元格格式太多，不能再增加");
-
     constexpr std::uint32_t locked = 1;
     constexpr std::uint32_t ownFormatFontAlignmentBorder = 0x3C;
     constexpr std::uint32_t automatic = 64;
@@ -76,7 +72,10 @@ std::uint16_t Looks::of(const CellLook& look) {
     body.u8(acrossOf(look.across) | downOf(look.down) << 4).u8(0).u8(0).u8(ownFormatFontAlignmentBorder);
     body.u32(thin | thin << 4 | thin << 8 | thin << 12 | colour << 16 | colour << 23);
     body.u32(colour | colour << 7).u16(noPattern);
-    globals_.insertBehind({id::xf}, {id::xf, body.take()});
+    const std::size_t number = globals_.numberOf(id::xf, body.get());
+    if (number >= mostLooks)
+        throw RuntimeFailure(failure::spreadsheet, "工作簿中的单元格格式太多，不能再增加");
+    if (number == globals_.count(id::xf)) globals_.insertBehind({id::xf}, {id::xf, body.take()});
     return known_[look] = static_cast<std::uint16_t>(number);
 }
 
@@ -90,9 +89,9 @@ std::uint16_t Looks::fontOf(double size) {
     std::string body = usual->body;
     if (body.size() < 16) damaged();
     putShort(body, 0, static_cast<std::uint32_t>(height));
-    const std::size_t count = globals_.count(id::font);
-    globals_.insertBehind({id::font}, {id::font, std::move(body)});
-    return fonts_[height] = static_cast<std::uint16_t>(count < 4 ? count : count + 1);
+    const std::size_t number = globals_.numberOf(id::font, body);
+    if (number == globals_.count(id::font)) globals_.insertBehind({id::font}, {id::font, std::move(body)});
+    return fonts_[height] = static_cast<std::uint16_t>(number < 4 ? number : number + 1);
 }
 
 std::uint16_t Looks::numberFormatOf(CellLook::Format format) {

@@ -32,10 +32,13 @@ class Walk {
         offset = 0;
     }
 
-    void skipText() {
+    /// The text, without what it says of fonts and of its sound.
+    std::u16string readText() {
+        std::u16string text;
         const std::string_view here = segments_[segment];
         std::size_t characters = shortAt(here, offset);
-        std::uint8_t flags = byteAt(here, offset + 2);
+        const std::uint8_t headFlags = byteAt(here, offset + 2);
+        std::uint8_t flags = headFlags;
         offset += 3;
         std::size_t behind = 0;
         if ((flags & richFlag) != 0) {
@@ -48,8 +51,10 @@ class Walk {
         }
         for (;;) {
             const std::size_t width = (flags & wideFlag) != 0 ? 2 : 1;
-            const std::size_t fit = std::min(characters, (segments_[segment].size() - offset) / width);
-            offset += fit * width;
+            const std::string_view there = segments_[segment];
+            const std::size_t fit = std::min(characters, (there.size() - offset) / width);
+            for (std::size_t i = 0; i < fit; ++i, offset += width)
+                text.push_back(width == 2 ? shortAt(there, offset) : byteAt(there, offset));
             characters -= fit;
             if (characters == 0) break;
             next();
@@ -62,7 +67,11 @@ class Walk {
             behind -= fit;
             if (behind > 0) next();
         }
+        plain = (headFlags & (richFlag | extendedFlag)) == 0;
+        return text;
     }
+
+    bool plain = false;  ///< whether the last text was nothing but characters
 
   private:
     void next() {
@@ -93,17 +102,18 @@ SharedStrings::SharedStrings(Globals& globals) : globals_(globals) {
     for (auto item = first; item != end; ++item) segments_.push_back(std::move(item->body));
     where_ = static_cast<std::size_t>(first - items.begin());
     items.erase(first, end);
-    skipOld();
+    readOld();
 }
 
-void SharedStrings::skipOld() {
+void SharedStrings::readOld() {
     total_ = longAt(segments_.front(), 0);
     const std::uint32_t count = longAt(segments_.front(), 4);
     Walk walk(segments_);
     for (std::uint32_t i = 0; i < count; ++i) {
         walk.settle();
         places_.push_back({walk.segment, walk.offset});
-        walk.skipText();
+        std::u16string text = walk.readText();
+        if (walk.plain) known_.try_emplace(std::move(text), i);
     }
     // A new text must follow the last one at once.
     segments_.resize(walk.segment + 1);
@@ -112,14 +122,11 @@ void SharedStrings::skipOld() {
 
 std::uint32_t SharedStrings::add(std::string_view text) {
     ++total_;
-    const auto [entry, isNew] =
-        added_.try_emplace(std::string(text), static_cast<std::uint32_t>(places_.size()));
-    if (isNew) {
-        const std::u16string wide = toUtf16(text);
-        if (wide.size() > longestText)
-            throw RuntimeFailure(failure::spreadsheet, "单元格的文字最多 32767 个字符");
-        append(wide);
-    }
+    const std::u16string wide = toUtf16(text);
+    if (wide.size() > longestText)
+        throw RuntimeFailure(failure::spreadsheet, "单元格的文字最多 32767 个字符");
+    const auto [entry, isNew] = known_.try_emplace(wide, static_cast<std::uint32_t>(places_.size()));
+    if (isNew) append(wide);
     return entry->second;
 }
 

@@ -28,7 +28,7 @@ class SharedStrings {
         std::size_t offset;
     };
 
-    void skipOld();
+    void readOld();
     void append(std::u16string_view text);
     std::string extSst(std::size_t firstItem) const;
 
@@ -37,7 +37,7 @@ class SharedStrings {
     std::vector<std::string> segments_;  ///< bodies of the record and its continuations
     std::vector<Place> places_;
     std::uint32_t total_ = 0;
-    std::unordered_map<std::string, std::uint32_t> added_;
+    std::unordered_map<std::u16string, std::uint32_t> known_;  ///< of texts that are nothing but characters
 };
 
 }  // namespace desk::xls
