@@ -103,6 +103,7 @@ class Assembly {
 
     std::string assemble() {
         sheets_ = sheetsOf(globals_, stream_);
+        dropPadding();
         findReplaced();
         if (!replaced_) list();
         Looks looks(globals_);
@@ -116,6 +117,13 @@ class Assembly {
     }
 
   private:
+    /// Some programs fill the stream up with zeros; others read no sheet behind them.
+    void dropPadding() {
+        std::size_t end = 0;
+        for (const Listed& sheet : sheets_) end = std::max(end, sheet.end);
+        if (stream_.find_first_not_of('\0', end) == std::string_view::npos) stream_ = stream_.substr(0, end);
+    }
+
     void findReplaced() {
         for (std::size_t i = 0; i < sheets_.size(); ++i) {
             if (folded(sheets_[i].name) != folded(name_)) continue;
