@@ -21,6 +21,32 @@ struct Unref {
 template <class T>
 using Held = std::unique_ptr<T, Unref>;
 
+/// The library reads on after damage, and only warns; a file that it warns of is not written back.
+class Warnings {
+  public:
+    Warnings() {
+        for (std::size_t i = 0; i < domains.size(); ++i)
+            handlers_[i] = g_log_set_handler(domains[i], G_LOG_LEVEL_MASK, &Warnings::note, this);
+    }
+    ~Warnings() {
+        for (std::size_t i = 0; i < domains.size(); ++i) g_log_remove_handler(domains[i], handlers_[i]);
+    }
+    Warnings(const Warnings&) = delete;
+    Warnings& operator=(const Warnings&) = delete;
+
+    bool any() const { return any_; }
+
+  private:
+    static constexpr std::array<const char*, 3> domains = {nullptr, "libgsf", "libgsf:msole"};
+
+    static void note(const gchar*, GLogLevelFlags, const gchar*, gpointer self) {
+        static_cast<Warnings*>(self)->any_ = true;
+    }
+
+    std::array<guint, domains.size()> handlers_{};
+    bool any_ = false;
+};
+
 void readClassId(GsfInfile* folder, Entry& entry) {
     gsf_infile_msole_get_class_id(GSF_INFILE_MSOLE(folder), reinterpret_cast<guint8*>(entry.classId.data()));
 }
@@ -73,6 +99,7 @@ void writeChildren(const Entry& folder, GsfOutfile* into) {
 
 Entry readContainer(std::string_view file) {
     gsf_init();
+    const Warnings warnings;
     const Held<GsfInput> input(gsf_input_memory_new(reinterpret_cast<const guint8*>(file.data()),
                                                     static_cast<gsf_off_t>(file.size()), FALSE));
     const Held<GsfInfile> compound(gsf_infile_msole_new(input.get(), nullptr));
@@ -81,6 +108,7 @@ Entry readContainer(std::string_view file) {
     root.isFolder = true;
     int left = mostEntries;
     readChildren(compound.get(), root, 0, left);
+    if (warnings.any()) damaged();
     return root;
 }
 

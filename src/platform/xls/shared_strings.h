@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -18,6 +19,8 @@ class SharedStrings {
 
     /// The number of that text for one more cell. Fails with 1004 where it is too long for a cell.
     std::uint32_t add(std::string_view text);
+    /// So many cells with texts have gone.
+    void forgetCells(std::uint32_t count) { total_ -= std::min(total_, count); }
     /// Puts the texts back, with the table that finds them fast. Nothing that stands before them in the
     /// globals may change its size afterwards.
     void finish();

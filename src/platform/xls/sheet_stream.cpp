@@ -155,6 +155,16 @@ std::size_t sheetEnd(std::string_view stream, std::size_t start) {
     }
 }
 
+std::uint32_t textCells(std::string_view sheet) {
+    std::uint32_t count = 0;
+    for (std::size_t at = 0; at < sheet.size();) {
+        const Record record = recordAt(sheet, at);
+        if (record.id == id::labelSst) ++count;
+        at = record.end();
+    }
+    return count;
+}
+
 void moveSheet(std::string& sheet, std::size_t oldStart, std::ptrdiff_t shift) {
     int depth = 0;
     for (std::size_t at = 0; at < sheet.size();) {

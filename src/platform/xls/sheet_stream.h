@@ -19,6 +19,9 @@ std::string sheetStream(const Worksheet& sheet, Looks& looks, SharedStrings& tex
 /// The end of the sheet that begins at `start`. Fails with 1004 if none begins there, or it does not end.
 std::size_t sheetEnd(std::string_view stream, std::size_t start);
 
+/// How many cells with shared texts stand in the records.
+std::uint32_t textCells(std::string_view sheet);
+
 /// Tells an old sheet that it, and what it names, now lies `shift` bytes further on in the stream.
 void moveSheet(std::string& sheet, std::size_t oldStart, std::ptrdiff_t shift);
 

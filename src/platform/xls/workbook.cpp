@@ -108,6 +108,10 @@ class Assembly {
         if (!replaced_) list();
         Looks looks(globals_);
         SharedStrings texts(globals_);
+        if (replaced_) {
+            const Listed& old = sheets_[*replaced_];
+            texts.forgetCells(textCells(stream_.substr(old.start, old.end - old.start)));
+        }
         const std::string added = sheetStream(sheet_, looks, texts, Shown::behind);
         looks.finish();
         texts.finish();
