@@ -7,6 +7,8 @@
 #include <QLocale>
 #include <QTranslator>
 
+#include "analysis/excel_export.h"
+#include "analysis/status_analysis.h"
 #include "customers/assignment.h"
 #include "customers/follow_up.h"
 #include "customers/registration.h"
@@ -47,11 +49,13 @@ void dress() {
     QApplication::setFont(font);
 }
 
-Program::Program() : app(desktop, Platform{clock, settings, files, programs}) {
+Program::Program() : app(desktop, Platform{clock, settings, files, programs, spreadsheets}) {
     desktop.serve(app.screens);
     offer<Frm引驻客户信息登记>(app);
     offer<Frm客户跟进信息分配>(app);
     offer<Frm客户跟进记录>(app);
+    offer<Frm客户跟进状态分析>(app);
+    offer<FrmToExcel>(app);
     offer<Frm人员设置>(app);
     offer<Frm中介公司设置>(app);
     offer<Frm客户相关信息设置>(app);

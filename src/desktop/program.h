@@ -5,6 +5,7 @@
 #include "platform/files.h"
 #include "platform/settings.h"
 #include "platform/x11/x11_programs.h"
+#include "platform/xls/xls_spreadsheets.h"
 #include "session/application.h"
 
 namespace desk::desktop {
@@ -20,6 +21,7 @@ struct Program {
     IniSettings settings{IniSettings::userFolder()};
     SystemFiles files;
     X11Programs programs;
+    XlsSpreadsheets spreadsheets;
     QtDesktop desktop;
     Application app;
 };

@@ -4,6 +4,7 @@
 #include "platform/files.h"
 #include "platform/programs.h"
 #include "platform/settings.h"
+#include "platform/spreadsheets.h"
 
 namespace desk {
 
@@ -13,6 +14,7 @@ struct Platform {
     SettingsStore& settings;
     Files& files;
     Programs& programs;
+    Spreadsheets& spreadsheets;
 };
 
 }  // namespace desk

@@ -1,5 +1,7 @@
 #include "platform/spreadsheets.h"
 
+#include <algorithm>
+
 #include "base/failure.h"
 
 namespace desk {
@@ -32,7 +34,21 @@ void Worksheet::merge(const Range& range) {
     if (range.top < 0 || range.left < 0 || range.bottom < range.top || range.right < range.left ||
         range.bottom >= maxRows || range.right >= maxColumns)
         refuse("没有可以合并的单元格");
-    merges_.push_back(range);
+    // Cells that are one already come along as a whole: no two ranges ever overlap.
+    Range whole = range;
+    for (std::size_t i = 0; i < merges_.size();) {
+        const Range& other = merges_[i];
+        if (other.top > whole.bottom || other.bottom < whole.top || other.left > whole.right ||
+            other.right < whole.left) {
+            ++i;
+            continue;
+        }
+        whole = {std::min(whole.top, other.top), std::min(whole.left, other.left),
+                 std::max(whole.bottom, other.bottom), std::max(whole.right, other.right)};
+        merges_.erase(merges_.begin() + static_cast<std::ptrdiff_t>(i));
+        i = 0;
+    }
+    merges_.push_back(whole);
 }
 
 }  // namespace desk

@@ -52,7 +52,8 @@ class Worksheet {
     /// The look of a row outside its cells.
     void setRowLook(int row, const CellLook& look) { rowLooks_[row] = look; }
     const std::map<int, CellLook>& rowLooks() const { return rowLooks_; }
-    /// Shows the cells as one. Fails with 1004 if the range holds none.
+    /// Shows the cells as one, with those that they are one with already. Fails with 1004 if the range holds
+    /// none.
     void merge(const Range& range);
     const std::vector<Range>& merges() const { return merges_; }
 

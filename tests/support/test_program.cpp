@@ -29,7 +29,12 @@ bool RecordingPrograms::openForUser(const std::string& what) {
     return true;
 }
 
-TestProgram::TestProgram() : app(desktop, Platform{clock, settings, files, programs}) {
+void MemorySpreadsheets::put(const std::string& path, const Worksheet& sheet) {
+    if (!refusal.empty()) throw RuntimeFailure(failure::spreadsheet, refusal);
+    books[path].push_back(sheet);
+}
+
+TestProgram::TestProgram() : app(desktop, Platform{clock, settings, files, programs, spreadsheets}) {
     desktop.screens = &app.screens;
     settings.keys = {{"Svr", "(embedded)"}, {"DBname", ":memory:"}};
 }

@@ -48,6 +48,15 @@ class RecordingPrograms : public Programs {
     bool openForUser(const std::string& what) override;
 };
 
+/// Keeps the workbooks in memory, each as the sheets that were put into it; `refusal` makes a save fail.
+class MemorySpreadsheets : public Spreadsheets {
+  public:
+    std::map<std::string, std::vector<Worksheet>> books;
+    std::string refusal;
+    void create(const std::string& path) override { books[path]; }
+    void put(const std::string& path, const Worksheet& sheet) override;
+};
+
 /// A whole program without windows, on a database in memory, at 2011-03-05 14:05.
 struct TestProgram {
     TestProgram();
@@ -56,6 +65,7 @@ struct TestProgram {
     MemorySettings settings;
     RecordingFiles files;
     RecordingPrograms programs;
+    MemorySpreadsheets spreadsheets;
     ScriptedDesktop desktop;
     Application app;
 

@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "analysis/excel_export.h"
+#include "analysis/status_analysis.h"
 #include "customers/assignment.h"
 #include "customers/follow_up.h"
 #include "customers/registration.h"
@@ -31,7 +33,8 @@ QWidget* layoutOf(Screen& screen) {
     QWidget* made = nullptr;
     if (!laid(screen, layoutOfLogin, made) && !laid(screen, layoutOfAbout, made) &&
         !laid(screen, layoutOfRegistration, made) && !laid(screen, layoutOfAssignment, made) &&
-        !laid(screen, layoutOfFollowUp, made) && !laid(screen, layoutOfPersonnel, made) &&
+        !laid(screen, layoutOfFollowUp, made) && !laid(screen, layoutOfStatusAnalysis, made) &&
+        !laid(screen, layoutOfExport, made) && !laid(screen, layoutOfPersonnel, made) &&
         !laid(screen, layoutOfAgencies, made) && !laid(screen, layoutOfCustomerDictionaries, made) &&
         !laid(screen, layoutOfLeadSettings, made))
         throw std::logic_error("no layout for " + screen.name());

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "analysis/pie_chart.h"
+#include "session/application.h"
+#include "ui/choices.h"
+#include "ui/fields.h"
+#include "ui/grid.h"
+#include "ui/tree.h"
+
+namespace desk {
+
+/// How the customers registered in a range of days stand: each counts once, under the state of the latest
+/// entry in its diary. A table and a pie, of which the slice under the pointer rises.
+class Frm客户跟进状态分析 : public Screen {
+  public:
+    static constexpr const char* screenName = "Frm客户跟进状态分析";
+
+    explicit Frm客户跟进状态分析(Application& app);
+    void load() override;
+    void activate() override { maximise(); }
+
+    /// Draws the pie and the legend from the last result.
+    void 绘制饼图();
+
+    DatePicker DTPicker1{*this, "DTPicker1"};
+    DatePicker DTPicker2{*this, "DTPicker2"};
+    ComboBox Combo1{*this, "Combo1"};
+    Frame 跟进状态{*this, "跟进状态", "跟进状态"};
+    CheckBox Check6{*this, "Check6", "全部"};
+    Tree TreeView2{*this, "TreeView2", Tree::Style::checkBoxes};
+    Button Command1{*this, "Command1", "统计"};
+    Button Command13{*this, "Command13", "输出"};
+    Button Command4{*this, "Command4", "退出"};
+    TextBox Text2{*this, "Text2"};  ///< never shown: the depth of the pie in twips
+    Canvas Picture1{*this, "Picture1"};
+    Grid 图例{*this, "图例", "<颜色|<状态名称              |>百分比    "};  ///< a row for each slice
+    Frame 结果面板{*this, "结果面板"};
+    Grid MSFlexGrid1{*this, "MSFlexGrid1", resultFormat};
+    StatusBar 状态栏{*this, "状态栏", 2};
+
+  private:
+    static constexpr const char* resultFormat = "序|<状态名称        |颜色表示     |>数量       |>百分比 ";
+
+    struct Result {
+        std::string 状态编号;
+        std::string 状态名称;
+        std::string 颜色表示;
+        std::int16_t 数量 = 0;
+        std::int16_t 百分比 = 0;
+    };
+
+    std::string tickedStates() const;
+    std::string statement(const std::string& states) const;
+    void analyse();
+    void readResults(const std::string& states);
+    void showResults();
+    void showLegend();
+    void setGeometry();
+    void raiseAt(double x, double y);
+    void hand();
+
+    Application& app_;
+    std::vector<Result> results_;
+    std::vector<PieSlice> slices_;
+    PieShape shape_;
+    Picture kept_;  ///< the pie without a raised slice
+};
+
+}  // namespace desk
