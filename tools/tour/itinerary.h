@@ -28,6 +28,8 @@ void assignLead(Tour& tour, Witness& witness);
 void keepReferenceData(Tour& tour, Witness& witness);
 /// The consultant records three contacts with it.
 void followLeadUp(Tour& tour, Witness& witness);
+/// The states of all leads as a pie, put out as a workbook into `folder`.
+void analyseStates(Tour& tour, Witness& witness, const QString& folder);
 /// Out of the session and into that of another person, who has one position.
 void changeTo(Tour& tour, const QString& user);
 /// What a cashier may choose.

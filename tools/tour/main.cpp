@@ -60,6 +60,8 @@ int main(int argc, char** argv) {
     desk::tour::keepReferenceData(tour, witness);
     desk::tour::changeTo(tour, "1015");
     desk::tour::followLeadUp(tour, witness);
+    desk::tour::changeTo(tour, "1001");
+    desk::tour::analyseStates(tour, witness, folder.path());
     desk::tour::changeTo(tour, "1010");
     desk::tour::showCashiersMenu(tour);
     desk::desktop::enter([&] { program.app.start({}); });
