@@ -21,20 +21,36 @@ class Arc {
           startsAbove_(shape.圆心Y - shape.长半轴 * std::sin(from) <= shape.圆心Y),
           endsBelow_(shape.圆心Y - shape.长半轴 * std::sin(to) > shape.圆心Y) {}
 
-    /// Tells `upper` of each point on the far half, and `lower` of each on the near half.
+    /// Tells `upper` of each point on the far half, and `lower` of each on the near half, so densely that no
+    /// pixel between two of them is left out.
     template <class Upper, class Lower>
-    void walk(Upper upper, Lower lower) const {
+    void walk(double pixelsPerTwip, Upper upper, Lower lower) const {
         const double right = shape_.圆心X + shape_.长半轴;
         const bool crosses = startsAbove_ && endsBelow_;
         if (startsAbove_)
-            for (double x = startX_; x <= (crosses ? right : endX_); x += step)
-                upper(x, shape_.圆心Y - heightAt(x));
+            walkHalf(startX_, crosses ? right : endX_, step, pixelsPerTwip,
+                     [&](double x) { upper(x, shape_.圆心Y - heightAt(x)); });
         if (crosses || !startsAbove_)
-            for (double x = crosses ? right : startX_; x >= endX_; x -= step)
-                lower(x, shape_.圆心Y + heightAt(x));
+            walkHalf(crosses ? right : startX_, endX_, -step, pixelsPerTwip,
+                     [&](double x) { lower(x, shape_.圆心Y + heightAt(x)); });
     }
 
   private:
+    template <class Point>
+    void walkHalf(double from, double to, double by, double pixelsPerTwip, Point point) const {
+        if ((to - from) * by < 0) return;
+        for (double x = from;;) {
+            point(x);
+            const double next = by > 0 ? std::min(x + by, to) : std::max(x + by, to);
+            if (next == x) break;
+            // Near the ends of the ellipse a step leads over several rows of pixels.
+            const double rowsOver = 2 * std::abs(heightAt(next) - heightAt(x)) * pixelsPerTwip;
+            const int parts = static_cast<int>(rowsOver * rowsOver);
+            for (int part = 1; part < parts; ++part) point(x + (next - x) * part / parts);
+            x = next;
+        }
+    }
+
     double heightAt(double x) const {
         const double part = (x - shape_.圆心X) / shape_.长半轴;
         return std::sqrt(std::max(0.0, 1 - part * part)) * shape_.短半轴;
@@ -78,11 +94,13 @@ void drawPie(Canvas& canvas, const PieShape& shape, const std::vector<PieSlice>&
         const Colour colour = slices[i].colour;
         const Colour dark = darkShade(colour);
         arcOf(shape, slices, i)
-            .walk([&](double x, double y) { canvas.line(shape.圆心X, shape.圆心Y, x, y, colour); },
-                  [&](double x, double y) {
-                      canvas.line(x, y, x, y + shape.饼厚, dark);
-                      canvas.line(shape.圆心X, shape.圆心Y, x, y, colour);
-                  });
+            .walk(
+                canvas.pixelsPerTwip(),
+                [&](double x, double y) { canvas.line(shape.圆心X, shape.圆心Y, x, y, colour); },
+                [&](double x, double y) {
+                    canvas.line(x, y, x, y + shape.饼厚, dark);
+                    canvas.line(shape.圆心X, shape.圆心Y, x, y, colour);
+                });
     }
     canvas.repaint();
 }
@@ -111,12 +129,12 @@ void drawRaised(Canvas& canvas, const PieShape& shape, const std::vector<PieSlic
         lastY = y;
         wall(x, y);
     };
-    arc.walk(outline, outline);
+    arc.walk(canvas.pixelsPerTwip(), outline, outline);
     if (!any) return;
     drawEdgeWall(canvas, raised, firstX, firstY, raisedBy, dark);
     drawEdgeWall(canvas, raised, lastX, lastY, raisedBy, dark);
     const auto top = [&](double x, double y) { canvas.line(raised.圆心X, raised.圆心Y, x, y, colour); };
-    arc.walk(top, top);
+    arc.walk(canvas.pixelsPerTwip(), top, top);
     canvas.repaint();
 }
 

@@ -37,7 +37,7 @@ class Frm客户跟进状态分析 : public Screen {
     Button Command4{*this, "Command4", "退出"};
     TextBox Text2{*this, "Text2"};  ///< never shown: the depth of the pie in twips
     Canvas Picture1{*this, "Picture1"};
-    Grid 图例{*this, "图例", "<颜色|<状态名称              |>百分比    "};  ///< a row for each slice
+    Grid 图例{*this, "图例", "<颜色|<状态名称        |>百分比 "};  ///< a row for each slice
     Frame 结果面板{*this, "结果面板"};
     Grid MSFlexGrid1{*this, "MSFlexGrid1", resultFormat};
     StatusBar 状态栏{*this, "状态栏", 2};

@@ -169,6 +169,9 @@ class GridWidget : public QTableView {
         const QScopedValueRollback quiet(showing_, true);
         setSelectionBehavior(grid_.selection() == GridSelection::row ? SelectRows : SelectItems);
         horizontalHeader()->setVisible(grid_.fixedRows() > 0);
+        // A number far from the others at the window's edge is hard to read.
+        horizontalHeader()->setStretchLastSection(grid_.columns() == 0 ||
+                                                  grid_.alignment(grid_.columns() - 1) != Align::right);
         for (int column = 0; column < grid_.columns(); ++column) {
             const int width = pixels(grid_.columnWidth(column));
             setColumnHidden(column, width == 0);

@@ -65,6 +65,8 @@ void QtDesktop::showModally(Screen& screen) {
     QWidget* window = windowOf(screen);
     if (window == nullptr) window = windows_[&screen] = new DialogWindow(*screens_, screen, layoutOf(screen));
     window->setWindowModality(Qt::ApplicationModal);
+    if (main_ != nullptr && (screen.left() != 0 || screen.top() != 0))
+        window->move(main_->mapToGlobal(QPoint(pixels(screen.left()), pixels(screen.top()))));
     window->show();
     bringToFront(screen);
     QEventLoop waiting;
