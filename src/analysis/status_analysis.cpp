@@ -56,7 +56,7 @@ std::string Frm客户跟进状态分析::tickedStates() const {
     return join(states, ",");
 }
 
-std::string Frm客户跟进状态分析::statement(const std::string& states) const {
+std::string Frm客户跟进状态分析::统计语句() const {
     const char* latest =
         "SELECT 管理处代号, 登记编号, MAX(跟进日期) AS 跟进日期 FROM YZ_引驻客户跟进记录 GROUP BY "
         "管理处代号, "
@@ -77,25 +77,24 @@ std::string Frm客户跟进状态分析::statement(const std::string& states) co
         "B.跟进状态编号=YZ_跟进状态设置.状态编号 Where YZ_跟进状态设置.状态编号 IN ({} ) AND B.登记日期 "
         "between '{}' AND '{}' Group By "
         "YZ_跟进状态设置.状态编号,YZ_跟进状态设置.状态名称,YZ_跟进状态设置.颜色表示",
-        entries, states, isoDay(DTPicker1.value()), isoDay(DTPicker2.value()));
+        entries, tickedStates(), isoDay(DTPicker1.value()), isoDay(DTPicker2.value()));
 }
 
 void Frm客户跟进状态分析::analyse() {
-    const std::string states = tickedStates();
-    if (states.empty()) return app_.inform("请选择跟进状态!", "提示");
+    if (tickedStates().empty()) return app_.inform("请选择跟进状态!", "提示");
     {
         const Hourglass busy(app_.desktop);
-        readResults(states);
+        readResults();
     }
     showResults();
     if (MSFlexGrid1.rows() > 1) 结果面板.setVisible(true);
     绘制饼图();
 }
 
-void Frm客户跟进状态分析::readResults(const std::string& states) {
+void Frm客户跟进状态分析::readResults() {
     results_.clear();
     double total = 0;
-    for (Recordset rows(app_.主连接, statement(states)); !rows.atEnd(); rows.moveNext()) {
+    for (Recordset rows(app_.主连接, 统计语句()); !rows.atEnd(); rows.moveNext()) {
         results_.push_back({rows["状态编号"].text(), rows["状态名称"].text(), rows["颜色表示"].text(),
                             toInt16(rows["SL"].number()), 0});
         total += results_.back().数量;

@@ -25,6 +25,8 @@ class Frm客户跟进状态分析 : public Screen {
 
     /// Draws the pie and the legend from the last result.
     void 绘制饼图();
+    /// The statement behind the analysis of the ticked states.
+    std::string 统计语句() const;
 
     DatePicker DTPicker1{*this, "DTPicker1"};
     DatePicker DTPicker2{*this, "DTPicker2"};
@@ -54,9 +56,8 @@ class Frm客户跟进状态分析 : public Screen {
     };
 
     std::string tickedStates() const;
-    std::string statement(const std::string& states) const;
     void analyse();
-    void readResults(const std::string& states);
+    void readResults();
     void showResults();
     void showLegend();
     void setGeometry();
