@@ -16,6 +16,9 @@ if(TENANT_SANITIZE)
   target_compile_options(house_rules INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                -fno-omit-frame-pointer)
   target_link_options(house_rules INTERFACE -fsanitize=address,undefined)
+  if(TENANT_FUZZ)
+    target_compile_options(house_rules INTERFACE -fsanitize=fuzzer-no-link)
+  endif()
   if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
     # The instrumented code of a variant looks uninitialised to the compiler (see its manual under -fsanitize).
     target_compile_options(house_rules INTERFACE -Wno-maybe-uninitialized)
