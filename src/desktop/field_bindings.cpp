@@ -22,6 +22,20 @@ bool isEnter(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
+/// A day that can be typed from its first digit to its last, separators included.
+class DateEdit : public QDateEdit {
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        const QString key = event->text();
+        if (key.size() == 1 && key[0].isDigit() && lineEdit()->selectedText() == text())
+            setSelectedSection(YearSection);
+        // Behind its last digit a part has been left already: its separator must not leave the next one too.
+        const bool atStartOfPart = lineEdit()->selectedText() == sectionText(currentSection());
+        if ((key == "-" || key == "/" || key == ".") && atStartOfPart) return event->accept();
+        QDateEdit::keyPressEvent(event);
+    }
+};
+
 /// Enter moves on as Tab does, where the box says so.
 class LineEdit : public QLineEdit {
   public:
@@ -155,10 +169,12 @@ QWidget* optionWidget(OptionButton& option) {
 }
 
 QWidget* dateWidget(DatePicker& picker) {
-    auto* edit = new QDateEdit;
+    auto* edit = new DateEdit;
     edit->setCalendarPopup(true);
     edit->setDisplayFormat("yyyy-MM-dd");
     const auto show = [&picker, edit] {
+        // Writing back what is being typed would lose the keys to come.
+        if (edit->date() == date(picker.value())) return;
         const QSignalBlocker quiet(edit);
         edit->setDate(date(picker.value()));
     };

@@ -34,6 +34,7 @@ struct Form : Screen {
     ListBox list{*this, "list", ListStyle::multiple};
     Tree tree{*this, "tree", Tree::Style::checkBoxes};
     Grid grid{*this, "grid", "<序|<名称    |编号"};
+    DatePicker day{*this, "day"};
 };
 
 class Bindings : public testing::Test {
@@ -191,6 +192,19 @@ TEST(Edge, AFailureThatNobodyTrapsIsShownAndEndsTheProcess) {
         enter([] { throw RuntimeFailure(failure::noCurrentRow, "BOF 或 EOF 中有一个是真"); });
     };
     EXPECT_EXIT(fail(), testing::ExitedWithCode(1), "运行时错误 '3021'.*BOF 或 EOF");
+}
+
+TEST_F(Bindings, ADayIsTypedAsOneReadsIt) {
+    show<QWidget>({&form.first, &form.day});
+    form.day.setValue(DateTime(2026, 11, 25));
+    window->findChild<QWidget*>("first")->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClicks(QApplication::focusWidget(), "2020-01-05");
+    EXPECT_EQ(isoDay(form.day.value()), "2020-01-05");
+    // Also where the whole text was selected first.
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(QApplication::focusWidget(), "2011-03-15");
+    EXPECT_EQ(isoDay(form.day.value()), "2011-03-15");
 }
 
 }  // namespace
