@@ -175,7 +175,9 @@ class GridWidget : public QTableView {
         for (int column = 0; column < grid_.columns(); ++column) {
             const int width = pixels(grid_.columnWidth(column));
             setColumnHidden(column, width == 0);
-            if (width > 0) setColumnWidth(column, width);
+            // The width is that of the text; Qt takes its margins from it.
+            constexpr int margins = 6;
+            if (width > 0) setColumnWidth(column, width + margins);
         }
         for (int row = grid_.fixedRows(); row < grid_.rows(); ++row)
             if (const int height = grid_.rowHeight(row); height > 0)
