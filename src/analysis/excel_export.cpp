@@ -62,8 +62,11 @@ void FrmToExcel::Config(Grid& grid, std::string_view 工作表, std::string_view
         Grid1.setAlignment(column, Align::centre);
         // A column without a header is for the program's own use.
         Grid1.setText(1, column, header.empty() ? "" : tick);
-        Grid1.setColumnWidth(column, header.empty() ? 0 : grid.columnWidth(column));
+        Grid1.setColumnWidth(column, grid.columnWidth(column));
     }
+    列宽自适应(app_, Grid1, *this);
+    for (int column = 0; column < grid.columns(); ++column)
+        if (grid.text(0, column).empty()) Grid1.setColumnWidth(column, 0);
     源表格 = &grid;
     工作表名称.setText(工作表);
     文档标题.setText(标题);

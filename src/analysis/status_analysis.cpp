@@ -118,8 +118,7 @@ void Frm客户跟进状态分析::setGeometry() {
     shape_.短半轴 = toInt16(shape_.长半轴 * 0.64);
     shape_.饼厚 = toInt16(Text2.text());
     shape_.圆心X = Picture1.width() / 2;
-    // The table lies below the picture and takes nothing of it.
-    shape_.圆心Y = Picture1.height() / 2;
+    shape_.圆心Y = (Picture1.height() - 表格高度) / 2;
 }
 
 void Frm客户跟进状态分析::绘制饼图() {

@@ -23,6 +23,9 @@ class Frm客户跟进状态分析 : public Screen {
     void load() override;
     void activate() override { maximise(); }
 
+    /// Of the table, in twips; it lies over the lower edge of the picture.
+    static constexpr double 表格高度 = 3000;
+
     /// Draws the pie and the legend from the last result.
     void 绘制饼图();
     /// The statement behind the analysis of the ticked states.

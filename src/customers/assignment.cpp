@@ -5,6 +5,7 @@
 #include "base/failure.h"
 #include "base/text.h"
 #include "customers/lead_tree.h"
+#include "customers/typed_day.h"
 #include "db/statement.h"
 #include "session/coded_combo.h"
 #include "session/helpers.h"
@@ -65,11 +66,13 @@ std::string Frm客户跟进信息分配::code() const {
 }
 
 std::string Frm客户跟进信息分配::loadedNumber() {
-    return std::string(trimmed(客户信息["登记编号"].text()));
+    // The block keeps the customer of the office before, whose number is another customer's here.
+    return 已选客户_ ? std::string(trimmed(客户信息["登记编号"].text())) : std::string();
 }
 
 void Frm客户跟进信息分配::chooseOffice() {
     const Hourglass busy(app_.desktop);
+    已选客户_ = false;
     Recordset leads(
         app_.主连接,
         sql("Select * From YZ_引驻客户信息 Where  管理处代号='{}'  Order By Len(登记编号),登记编号", code()));
@@ -100,6 +103,7 @@ void Frm客户跟进信息分配::selectCustomer(const TreeNode& node) {
     选择组.setIndex(-1);
     选择人员.setIndex(-1);
     清空文本框(*this);
+    已选客户_ = true;
     const std::string no = 登记编号Of(node);
     if (no.empty()) return;
     {
@@ -131,15 +135,14 @@ void Frm客户跟进信息分配::assign() {
         if (分配日期.text().empty()) return app_.tell("分配日期不能为空，请填写分配日期！");
         const std::string no = loadedNumber();
         if (no.empty()) return;
-        const auto present =
+        Recordset assignment(
+            app_.主连接,
             sql("Select * From YZ_引驻客户分配 Where 登记编号='{}' and 分配日期 is not null AND 终止日期 IS "
-                "Null AND "
-                "管理处代号='{}'",
-                no, code());
-        if (anyRow(app_.主连接, present))
+                "Null AND 管理处代号='{}'",
+                no, code()),
+            Rows::updatable);
+        if (!assignment.atEnd())
             return app_.inform(fmt::format("已经为'{}'分配为负责人，请核对相关信息！", no));
-
-        Recordset assignment(app_.主连接, present, Rows::updatable);
         assignment.addNew();
         assignment["登记编号"] = no;
         assignment["管理处代号"] = code();
@@ -168,7 +171,7 @@ void Frm客户跟进信息分配::end() {
                 no, code()),
             Rows::updatable);
         if (assignment.atEnd()) return;
-        assignment["终止日期"] = 终止日期.text();
+        assignment["终止日期"] = typedDay(终止日期.text());
         assignment.update();
     } catch (const RuntimeFailure&) {
         // An assignment that cannot be ended stays, without a word.

@@ -34,6 +34,7 @@ class Frm客户跟进信息分配 : public Screen {
 
   private:
     std::string code() const;
+    /// Of the customer on whom 确定 and 终止 act, empty without one.
     std::string loadedNumber();
     void chooseOffice();
     void chooseTeam();
@@ -43,6 +44,7 @@ class Frm客户跟进信息分配 : public Screen {
     void end();
 
     Application& app_;
+    bool 已选客户_ = false;  ///< since the office was chosen
 };
 
 }  // namespace desk

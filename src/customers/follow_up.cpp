@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "customers/lead_tree.h"
+#include "customers/typed_day.h"
 #include "db/recordset.h"
 #include "db/statement.h"
 #include "session/coded_combo.h"
@@ -16,13 +17,6 @@ namespace {
 enum DateField { 跟进日期序号 = 17, 预约日期序号 = 19 };
 
 enum Column { 序列, 日期列, 跟进人列, 情况列, 状态列, 颜色列, 预约列, 编号列 };
-
-/// A day as the diary stores it; a text that is no date is left for the database to refuse.
-Value storedDay(const std::string& text) {
-    if (text.empty()) return {};
-    const auto day = parseDate(text);
-    return day ? Value(isoDay(*day)) : Value(text);
-}
 
 }  // namespace
 
@@ -115,6 +109,11 @@ std::string Frm客户跟进记录::code() const {
 
 void Frm客户跟进记录::chooseOffice() {
     const Hourglass busy(app_.desktop);
+    // A number means another customer in another office.
+    leaveCustomer();
+    跟进列表.setRows(跟进列表.fixedRows());
+    新增.setCaption("新增");
+    页签.setIndex(0);
     Recordset leads(
         app_.主连接,
         sql("Select * From YZ_引驻客户信息 Where  登记编号 in (Select 登记编号 From YZ_引驻客户分配  Where "
@@ -134,12 +133,16 @@ void Frm客户跟进记录::clearEntry() {
     currentId_.clear();
 }
 
-void Frm客户跟进记录::selectCustomer(const TreeNode& node) {
+void Frm客户跟进记录::leaveCustomer() {
     clearEntry();
     删除.setEnabled(false);
     跟进日期按钮.setVisible(false);
     预约日期按钮.setVisible(false);
     清空文本框(*this);
+}
+
+void Frm客户跟进记录::selectCustomer(const TreeNode& node) {
+    leaveCustomer();
     const std::string no = 登记编号Of(node);
     if (no.empty()) return;
     showCustomer(no);
@@ -233,11 +236,11 @@ void Frm客户跟进记录::save() {
 }
 
 void Frm客户跟进记录::writeEntry(Recordset& diary) {
-    diary["跟进日期"] = storedDay(跟进日期.text());
+    diary["跟进日期"] = typedDay(跟进日期.text());
     diary["跟进人工号"] = codeBeforeBlank(跟进人员.text());
     diary["跟进情况"] = nullIfEmpty(跟进情况.text());
     diary["跟进状态编号"] = codeBeforeBlank(跟进状态.text());
-    diary["预约日期"] = storedDay(预约日期.text());
+    diary["预约日期"] = typedDay(预约日期.text());
     diary.update();
 }
 

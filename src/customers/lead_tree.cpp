@@ -10,6 +10,8 @@ namespace desk {
 namespace {
 
 constexpr std::string_view 键前缀 = "D";
+/// Stands in a key between a number that another node has already and what tells the two apart.
+constexpr char 重号 = '\x1f';
 
 bool known(std::string_view kind) {
     for (const std::string_view each : {"引驻来人", "引驻来电", "中介来人", "自行开发"})
@@ -26,7 +28,6 @@ void 填充客户树(Tree& tree, Recordset& leads) {
     const int number = leads.column("登记编号");
     const int company = leads.column("公司名称");
     const int contact = leads.column("客户姓名");
-    std::string key;
     std::string text;
     for (; !leads.atEnd(); leads.moveNext()) {
         const auto mark = leads[kind].view();
@@ -38,15 +39,29 @@ void 填充客户树(Tree& tree, Recordset& leads) {
         text += leads[number].view();
         text += ' ';
         text += leads[showContact ? contact : company].view();
-        key = 键前缀;
-        key += leads[number].view();
-        // Of two leads that drew one number only the first answers to it.
-        tree.add(nullptr, tree.find(key) == nullptr ? key : std::string_view{}, text);
+        添加客户(tree, nullptr, 键前缀, leads[number].view(), text);
     }
 }
 
 std::string 登记编号Of(const TreeNode& node) {
-    return node.key().starts_with(键前缀) ? std::string(without(node.key(), 键前缀.size())) : std::string();
+    return 登记编号Of(node, 键前缀);
+}
+
+void 添加客户(Tree& tree, TreeNode* parent, std::string_view prefix, std::string_view number,
+              std::string_view text) {
+    std::string key(prefix);
+    key += number;
+    if (tree.find(key) != nullptr) {
+        key += 重号;
+        key += std::to_string((parent != nullptr ? parent->children() : tree.roots()).size());
+    }
+    tree.add(parent, key, text);
+}
+
+std::string 登记编号Of(const TreeNode& node, std::string_view prefix) {
+    const std::string_view key = node.key();
+    if (!key.starts_with(prefix)) return {};
+    return std::string(without(key.substr(0, key.find(重号)), prefix.size()));
 }
 
 }  // namespace desk

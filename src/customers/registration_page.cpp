@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "base/text.h"
+#include "customers/lead_tree.h"
 #include "db/statement.h"
 #include "ui/batch.h"
 
@@ -137,15 +138,9 @@ void 登记页::refillTree() {
     const int company = rows.column("公司名称");
     const int contact = rows.column("客户姓名");
     const int date = rows.column("登记日期");
-    std::string key;
-    for (; !rows.atEnd(); rows.moveNext()) {
-        key = rules_.键前缀;
-        key += rows[number].view();
-        // Two seats that save at the same moment can draw one number. Both leads are shown, but only the
-        // first answers to the number.
-        客户.add(&root, 客户.find(key) == nullptr ? key : std::string_view{},
+    for (; !rows.atEnd(); rows.moveNext())
+        添加客户(客户, &root, rules_.键前缀, rows[number].view(),
                  nodeText(rows, company, contact, number, date));
-    }
     客户.setExpanded(root, true);
 }
 
@@ -173,8 +168,7 @@ void 登记页::selectNode(const TreeNode& node) {
     删除.setEnabled(true);
     清空文本框(screen_);
     if (!node.key().starts_with(rules_.键前缀)) return;
-
-    Recordset lead(app_.主连接, rules_.查询语句(without(node.key(), rules_.键前缀.size()), code()));
+    Recordset lead(app_.主连接, rules_.查询语句(登记编号Of(node, rules_.键前缀), code()));
     if (!lead.atEnd()) showLead(lead);
 }
 
@@ -255,7 +249,7 @@ void 登记页::followAutomaticBox() {
 void 登记页::remove() {
     const TreeNode* node = 客户.selected();
     if (node == nullptr || !node->key().starts_with(rules_.键前缀)) return;
-    const std::string no(without(node->key(), rules_.键前缀.size()));
+    const std::string no = 登记编号Of(*node, rules_.键前缀);
     if (!app_.confirm(fmt::format("确定要删除编号为 {}的信息？ ", no))) return;
     app_.主连接.execute(
         sql("Delete From YZ_引驻客户信息 Where 登记编号='{}' and 管理处代号='{}'", no, code()));

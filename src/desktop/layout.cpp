@@ -139,6 +139,16 @@ QWidget* pages(TabStrip& strip, std::vector<QWidget*> pages) {
     return rows({bar, stack}, {0, 1});
 }
 
+QWidget* overLowerEdge(QWidget* area, QWidget* part, double height) {
+    auto* whole = new QWidget;
+    auto* grid = new QGridLayout(whole);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->addWidget(area, 0, 0);
+    part->setFixedHeight(pixels(height));
+    grid->addWidget(part, 0, 0, Qt::AlignBottom);
+    return whole;
+}
+
 QWidget* atLeast(QWidget* part, double width, double height) {
     part->setMinimumSize(pixels(width), pixels(height));
     return part;

@@ -45,6 +45,8 @@ QWidget* row(std::initializer_list<Control*> controls);
 QWidget* caption(std::string_view text);
 /// The strip and, below it, of the pages the one that it selects.
 QWidget* pages(TabStrip& strip, std::vector<QWidget*> pages);
+/// `part` over the lower edge of `area`, as wide as it and `height` twips high.
+QWidget* overLowerEdge(QWidget* area, QWidget* part, double height);
 /// A part of at least that size, in twips.
 QWidget* atLeast(QWidget* part, double width, double height);
 /// A part of at most that width, in twips.

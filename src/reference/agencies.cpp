@@ -55,7 +55,7 @@ void Frm中介公司设置::load() {
 void Frm中介公司设置::chooseNode(const TreeNode& node) {
     管理处代号_.clear();
     status_.showAdding(title);
-    if (!node.key().starts_with("G")) return 列表.empty();
+    if (!node.key().starts_with("G")) return;
     管理处代号_ = without(node.key(), 1);
     Recordset agencies(
         app_.主连接,
@@ -65,6 +65,7 @@ void Frm中介公司设置::chooseNode(const TreeNode& node) {
     std::vector<std::string_view> columns;
     for (const Field& field : fields) columns.push_back(field.column);
     列表.fill(agencies, columns);
+    列宽自适应1(app_, 列表, *this);
 }
 
 void Frm中介公司设置::showEntry() {

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "db/statement.h"
+#include "session/helpers.h"
 
 namespace desk {
 
@@ -35,6 +36,7 @@ CodedTab::CodedTab(Screen& screen, Application& app, SetupStatus& status, const 
     确定.clicked += [this] { save(); };
     删除.clicked += [this] { remove(); };
     退出.clicked += [this] { app_.screens.unload(框.screen()); };
+    status_.shown += [this] { 代号.setLocked(status_.showsTitle(kind.title) && !status_.showsAdding()); };
 }
 
 Recordset CodedTab::entries() {
@@ -45,11 +47,11 @@ Recordset CodedTab::entries() {
 void CodedTab::load() {
     auto rows = entries();
     列表.fill(rows, {kind.codeColumn, kind.nameColumn, kind.noteColumn});
+    列宽自适应1(app_, 列表, 框.screen());
 }
 
 void CodedTab::clearFields() {
     for (TextBox* box : {&代号, &名称, &说明}) box->setText("");
-    代号.setLocked(false);
 }
 
 void CodedTab::focusCode() {
@@ -67,7 +69,6 @@ void CodedTab::showEntry() {
     代号.setText(列表.text(列表.row(), 1));
     名称.setText(列表.text(列表.row(), 2));
     说明.setText(列表.text(列表.row(), 3));
-    代号.setLocked(true);
     status_.showChanging(kind.title);
     名称.selectAll();
     名称.focus();

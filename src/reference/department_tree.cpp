@@ -125,7 +125,8 @@ void 添加岗位信息(Application& app, Tree& tree, const std::string& 部门�
 }
 
 bool isStaff(const TreeNode& node) {
-    return node.key().starts_with("G");
+    // The code of a department may begin with the same letter.
+    return node.key().starts_with("G") && !node.key().ends_with("$");
 }
 
 std::string_view staffNumber(const TreeNode& node) {

@@ -18,6 +18,8 @@ void Frm引驻设置::load() {
     咨询内容.load();
     媒体.load();
     跟进状态.load();
+    for (Grid* grid : std::initializer_list<Grid*>{&咨询内容.列表, &媒体.列表, &跟进状态.列表})
+        列宽自适应1(app_, *grid, *this);
     pages_.showCurrent();
 }
 

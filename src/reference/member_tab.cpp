@@ -4,6 +4,7 @@
 #include "db/statement.h"
 #include "reference/department_tree.h"
 #include "session/coded_combo.h"
+#include "session/helpers.h"
 #include "ui/batch.h"
 
 namespace desk {
@@ -95,9 +96,14 @@ std::string MemberTab::selectedTeam() const {
 }
 
 void MemberTab::showMembers() {
-    status_.showAdding(title);
     const std::string team = selectedTeam();
-    if (team.empty()) return MSFlexGrid3.empty();
+    if (team.empty()) return;
+    status_.showAdding(title);
+    readMembers(team);
+}
+
+void MemberTab::readMembers(const std::string& team) {
+    列表组_ = team;
     Recordset members(
         app_.主连接, sql("Select  员工档案.工号,员工档案.姓名,岗位信息new.岗位名称,YZ_主职表.主职名称,"
                          "YZ_组人员设置.设置日期,YZ_组人员设置.备注 From YZ_组表 Inner Join YZ_组人员设置 On "
@@ -109,6 +115,7 @@ void MemberTab::showMembers() {
                          "岗位信息new.职能部门代号='{}'",
                          team, app_.session.登录部门编号));
     MSFlexGrid3.fill(members, {"姓名", "岗位名称", "主职名称", "设置日期", "备注", "工号"});
+    列宽自适应1(app_, MSFlexGrid3, Frame3.screen());
 }
 
 void MemberTab::clearFields() {
@@ -142,16 +149,18 @@ void MemberTab::save() {
     if (!Combo1.hasSelection()) return app_.tell("未选择对应主职，请选择主职！");
     if (status_.showsAdding()) {
         if (!add(team)) return;
+        readMembers(team);
     } else {
+        const std::string changed = MSFlexGrid3.key();
         change();
+        readMembers(team);
+        MSFlexGrid3.goTo(changed);
     }
-    showMembers();
-    clearFields();
 }
 
 bool MemberTab::add(const std::string& team) {
     Recordset member(app_.主连接,
-                     sql("Select * From YZ_组人员设置 Where 员工工号='{}' And 终止日期 is null", 员工工号_),
+                     sql("Select * From YZ_组人员设置 Where 员工工号='{}' And 终止日期 is Null", 员工工号_),
                      Rows::updatable);
     if (!member.atEnd()) {
         app_.tell("该员工已经设置过对应的组信息，请重新选择！");
@@ -169,7 +178,7 @@ bool MemberTab::add(const std::string& team) {
 void MemberTab::change() {
     Recordset member(
         app_.主连接,
-        sql("Select * From YZ_组人员设置 Where 员工工号='{}' And 终止日期 is null", MSFlexGrid3.key()),
+        sql("Select * From YZ_组人员设置 Where 员工工号='{}' And 终止日期 is Null", MSFlexGrid3.key()),
         Rows::updatable);
     if (!member.atEnd()) write(member);
 }
@@ -187,8 +196,9 @@ void MemberTab::remove() {
     if (!app_.confirm("确定要从组中删除选中的员工信息吗？")) return;
     app_.主连接.execute(sql("Delete From YZ_组人员设置 Where 员工工号='{}'", number));
     app_.tell("删除成功！");
-    showMembers();
+    readMembers(列表组_);
     clearFields();
+    status_.showAdding(title);
 }
 
 }  // namespace desk

@@ -40,6 +40,7 @@ class MemberTab {
     /// Empty where the root or nothing is selected.
     std::string selectedTeam() const;
     void showMembers();
+    void readMembers(const std::string& team);
     void showMember();
     void clearFields();
     void save();
@@ -51,6 +52,7 @@ class MemberTab {
     Application& app_;
     SetupStatus& status_;
     std::string 员工工号_;  ///< of the person in Text7
+    std::string 列表组_;    ///< the team whose members the grid shows
 };
 
 }  // namespace desk

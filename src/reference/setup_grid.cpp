@@ -11,7 +11,8 @@ constexpr const char* marker = "→";
 SetupGrid::SetupGrid(Screen& screen, std::string name, std::string_view format, int keyColumn)
     : Grid(screen, std::move(name), format), keyColumn_(keyColumn) {
     setSelection(GridSelection::row);
-    empty();
+    addRow();
+    goToLast();
 }
 
 std::string SetupGrid::key() const {
@@ -36,13 +37,6 @@ void SetupGrid::fill(Recordset& entries, const std::vector<std::string_view>& co
     goToLast();
 }
 
-void SetupGrid::empty() {
-    const Batch emptying(*this);
-    setRows(fixedRows());
-    addRow();
-    goToLast();
-}
-
 void SetupGrid::mark() {
     const Batch marking(*this);
     for (int each = fixedRows(); each < rows(); ++each)
@@ -53,6 +47,15 @@ void SetupGrid::goToLast() {
     const Batch going(*this);
     setRow(rows() - 1);
     mark();
+}
+
+void SetupGrid::goTo(std::string_view key) {
+    for (int each = fixedRows(); each < rows(); ++each) {
+        if (text(each, keyColumn_) != key) continue;
+        const Batch going(*this);
+        setRow(each);
+        return mark();
+    }
 }
 
 void SetupGrid::grow() {

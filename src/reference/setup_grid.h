@@ -24,11 +24,11 @@ class SetupGrid : public Grid {
     /// them. `each` is told of each row while the recordset stands on it.
     void fill(Recordset& entries, const std::vector<std::string_view>& columns,
               const std::function<void(int row)>& each = {});
-    /// Leaves the blank row alone.
-    void empty();
     /// Numbers all rows and marks the current one.
     void mark();
     void goToLast();
+    /// Goes to the first row of that key, where there is one.
+    void goTo(std::string_view key);
     /// Appends a blank row; the current one stays.
     void grow();
     /// Writes `cells` behind the row's number.

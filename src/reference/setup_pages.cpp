@@ -8,6 +8,7 @@ SetupStatus::SetupStatus(StatusBar& bar, Order order)
 void SetupStatus::show(std::string_view mode, std::string_view title) {
     bar_.setPanel(modePanel_, mode);
     bar_.setPanel(titlePanel_, title);
+    shown();
 }
 
 SetupPages::SetupPages(TabStrip& strip, SetupStatus& status, std::vector<Page> pages)

@@ -22,6 +22,8 @@ class SetupStatus {
     bool showsTitle(std::string_view title) const { return bar_.panel(titlePanel_) == title; }
     bool showsAdding() const { return bar_.panel(modePanel_) == "新增"; }
 
+    Signal<> shown;  ///< mode and title have been set
+
   private:
     void show(std::string_view mode, std::string_view title);
 

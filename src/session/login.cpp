@@ -94,8 +94,7 @@ void FrmLogin::checkStaff() {
                                  trimmed(txtPassword.text()))))
         return app_.inform("用户名或密码不正确,请重新输入!");
 
-    readPositions();
-    if (positions_.empty()) return app_.tell("对不起，您没有岗位，请选择系统管理员");
+    if (!readPositions()) return app_.tell("对不起，您没有岗位，请选择系统管理员");
     if (positions_.size() == 1) {
         List1.setSelected(0, true);
         return choosePosition(0);
@@ -104,7 +103,7 @@ void FrmLogin::checkStaff() {
     List1.setVisible(true);
 }
 
-void FrmLogin::readPositions() {
+bool FrmLogin::readPositions() {
     Recordset rows(
         app_.主连接,
         sql("Select 员工档案.姓名,职能部门类别.部门类别代号,职能部门类别.部门类别名称,岗位类别.岗位类别编号,"
@@ -118,6 +117,7 @@ void FrmLogin::readPositions() {
             "员工档案 on 岗位员工new.员工代号 = 员工档案.工号 Where 岗位员工new.员工代号='{}' and "
             "员工档案.离职日期 is null AND (岗位员工new.离岗日期 IS NULL)",
             TxtUser.text()));
+    if (rows.atEnd()) return false;
     positions_.clear();
     const Batch fill(List1);
     List1.clear();
@@ -129,6 +129,7 @@ void FrmLogin::readPositions() {
                               rows["部门类别代号"].text(), rows["部门类别名称"].text(),
                               rows["岗位类别编号"].text(), rows["岗位类别名称"].text()});
     }
+    return true;
 }
 
 void FrmLogin::choosePosition(int line) {

@@ -32,7 +32,8 @@ class FrmLogin : public Screen {
     void clearSession();
     void logIn();
     void checkStaff();
-    void readPositions();
+    /// False without a position; the list then stands as it stood.
+    bool readPositions();
     void choosePosition(int line);
     void enterMainWindow();
 

@@ -173,6 +173,48 @@ TEST_F(Pipeline, EndingKeepsTheDateOfTheLeadAndAllowsAnother) {
     EXPECT_EQ(program.rows("Select 员工工号 From YZ_引驻客户分配 Where 终止日期 is Null").size(), 1U);
 }
 
+TEST_F(Pipeline, AnotherOfficeHasAnotherCustomerOfThatNumber) {
+    program.run({"Insert Into YZ_引驻客户信息 (登记编号,管理处代号,客源类别) Values ('9','02','引驻来人')",
+                 "Insert Into YZ_组对应管理项目设置 (组代号,管理处代号) Values ('2','02')"});
+    assign("9", "E01 林晓", "2011-3-5");
+    ownCustomers();
+    choose(diary(), "9");
+    record("2011-3-6", "E01 林晓", "1 初次联系", "");
+    diary().跟进列表.click(1, 1);
+    program.desktop.messages.clear();
+
+    // The diary is left as it opened: neither a new entry nor a deletion has a customer.
+    diary().管理项目.pick("02 西塔");
+    EXPECT_EQ(diary().客户信息["登记编号"].text(), "");
+    EXPECT_EQ(diary().业务员.text() + diary().跟进日期.text(), "");
+    EXPECT_EQ(diary().跟进列表.rows(), 1);
+    EXPECT_EQ(diary().页签.index(), 0);
+    EXPECT_FALSE(diary().删除.enabled());
+    record("2011-3-7", "E01 林晓", "1 初次联系", "");
+    EXPECT_EQ(program.rows("Select * From YZ_引驻客户跟进记录").size(), 1U);
+
+    // The assignment keeps its fields, and acts on nobody until a customer is selected.
+    auto& screen = assigning();
+    screen.管理项目.pick("02 西塔");
+    screen.选择组.pick("2 现场组");
+    screen.选择人员.pick("E2 周平");
+    screen.终止日期.type("2011-3-20");
+    screen.确定.click();
+    screen.终止.click();
+    EXPECT_TRUE(program.desktop.messages.empty());
+    EXPECT_EQ(program.rows("Select 管理处代号,终止日期 From YZ_引驻客户分配"), std::vector<std::string>{"01|"});
+}
+
+TEST_F(Pipeline, TwoLeadsOfOneNumberAnswerToItBoth) {
+    addLead("9", "引驻来人", "后到的公司");
+    assigning().管理项目.pick("01 东塔");
+    ASSERT_EQ(assigning().客户.roots().size(), 5U);
+    TreeNode& second = *assigning().客户.roots()[1];
+    EXPECT_EQ(second.text(), "（引驻来人）9 后到的公司");
+    assigning().客户.click(second);
+    EXPECT_EQ(assigning().客户信息["登记编号"].text(), "9");
+}
+
 TEST_F(Pipeline, AnAssignmentToATeamThatTheOfficeLostShowsItsDateOnly) {
     program.run(
         {"Insert Into YZ_引驻客户分配 (登记编号,管理处代号,组代号,员工工号,分配日期) Values "

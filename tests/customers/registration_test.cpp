@@ -365,13 +365,19 @@ TEST_F(Registration, AnApostropheBreaksTheStatementAndNothingElse) {
     EXPECT_EQ(leads(), 0);
 }
 
-TEST_F(Registration, TwoSeatsWithOneNumberAreBothShown) {
+TEST_F(Registration, TwoLeadsOfOneNumberAnswerToItBoth) {
     add(来人(), "A1", "甲公司", "1");
     program.run(
         {"Insert Into YZ_引驻客户信息 (登记编号,管理处代号,客源类别,公司名称) Values "
          "('A1','01','引驻来人','乙公司')"});
     来人().管理项目.pick("01 东塔");
-    EXPECT_EQ(nodes(来人()).size(), 2U);
+    const auto& leads = 来人().客户.roots().front()->children();
+    ASSERT_EQ(leads.size(), 2U);
+    来人().客户.click(*leads[1]);
+    EXPECT_EQ(来人().登记编号.text(), "A1");
+    program.desktop.answers = {Answer::no};
+    来人().删除.click();
+    EXPECT_EQ(program.desktop.takeMessage(), "确定要删除编号为 A1的信息？ ");
 }
 
 TEST_F(Registration, ClosingAsksNothing) {

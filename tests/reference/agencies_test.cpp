@@ -32,6 +32,7 @@ TEST_F(Agencies, NothingIsListedUntilAnOfficeIsChosen) {
 
     // Deleting goes by the remembered office, saving by the selected node.
     choose("L");
+    EXPECT_EQ(screen.列表.rows(), 4);
     screen.删除.click();
     EXPECT_EQ(said(), "请选择管理项目！");
     screen["公司名称"].type("新");

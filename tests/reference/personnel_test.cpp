@@ -100,6 +100,12 @@ TEST_F(Personnel, DutiesAreAddedChangedAndDeleted) {
               std::vector<std::string>{"2|队长"});
     EXPECT_EQ(line(tab.列表, 1), "→|2|队长|");
 
+    // Another tab and back: the entry is a new one, with a code to type.
+    screen.页签.click(1);
+    screen.页签.click(0);
+    tab.代号.type("98");
+    EXPECT_EQ(tab.代号.text(), "98");
+
     tab.列表.click(5, 0);
     EXPECT_EQ(panels(screen.状态栏), "主职设置|新增");
     EXPECT_EQ(tab.代号.text(), "");
@@ -186,11 +192,10 @@ TEST_F(Personnel, AMemberIsCheckedInOrderAndBelongsToOneTeam) {
     EXPECT_EQ(program.rows("Select 组代号,员工工号,主职代号,设置日期,备注 From YZ_组人员设置"),
               std::vector<std::string>{"1|E01|10|2011-03-05|骨干"});
     EXPECT_EQ(line(tab.MSFlexGrid3, 1), "1|林晓|岗位0101|顾问|2011-03-05|骨干|E01");
+    EXPECT_EQ(tab.MSFlexGrid3.columnWidth(2), 6 * 150 + 90);
     EXPECT_EQ(tab.MSFlexGrid3.columnWidth(6), 0);
-    EXPECT_EQ(tab.Text7.text(), "");
+    EXPECT_EQ(tab.Text8.text(), "骨干");
 
-    pick(tab, "岗位0101 [E01] 林晓");
-    tab.Combo1.pick("2 组长");
     tab.确定.click();
     EXPECT_EQ(said(), "该员工已经设置过对应的组信息，请重新选择！");
 
@@ -202,7 +207,10 @@ TEST_F(Personnel, AMemberIsCheckedInOrderAndBelongsToOneTeam) {
     tab.确定.click();
     EXPECT_EQ(program.rows("Select 组代号,主职代号,设置日期 From YZ_组人员设置"),
               std::vector<std::string>{"1|2|2011-04-01"});
+    EXPECT_EQ(panels(screen.状态栏), "人员设置|修改");
+    EXPECT_EQ(line(tab.MSFlexGrid3, 1), "→|林晓|岗位0101|组长|2011-04-01|骨干|E01");
 
+    clickTeam(tab, "Z1");
     tab.删除.click();
     EXPECT_EQ(said(), "您尚未选择要删除的员工信息，请选择！");
     program.run(
@@ -244,6 +252,7 @@ TEST_F(Personnel, OnesOwnDepartmentOrTheWholeCompany) {
     EXPECT_NE(tab.TreeView2.find("0101$"), nullptr);
     pick(tab, "01 招商部");
     EXPECT_EQ(tab.Text7.text(), "");
+    EXPECT_FALSE(isStaff(tab.TreeView2.add(nullptr, "G01$", "G01 高新部")));
     pick(tab, "岗位0103 [] ");
     tab.确定.click();
     EXPECT_EQ(said(), "未选择员工，请选择员工信息！");

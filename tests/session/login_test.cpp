@@ -102,6 +102,10 @@ TEST_F(Login, SeveralPositionsWaitForADoubleClick) {
     ASSERT_EQ(login().List1.count(), 2);
     EXPECT_EQ(login().List1.items()[1].text, "招商部 招商经理 (兼职)");
 
+    // Whoever has no position leaves the list as it stands.
+    logIn("E04", "four");
+    EXPECT_EQ(program.desktop.takeMessage(), "对不起，您没有岗位，请选择系统管理员");
+    EXPECT_EQ(login().List1.count(), 2);
     login().TxtUser.focused();
     EXPECT_FALSE(login().List1.visible());
     logIn("E02", "two");

@@ -13,10 +13,9 @@ QWidget* layoutOfStatusAnalysis(Frm客户跟进状态分析& screen) {
     auto* left = rows({fields({{"管理项目", screen.Combo1}}), group("统计条件", span), states,
                        buttons({&screen.Command1, &screen.Command13, &screen.Command4})},
                       {0, 0, 1, 0});
-    auto* picture =
-        columns({plain(screen.Picture1), atMost(atLeast(plain(screen.图例), 3900, 0), 3900)}, {1, 0});
-    auto* result = framed(screen.结果面板, plain(screen.MSFlexGrid1));
-    auto* right = rows({picture, result}, {3, 2});
+    auto* picture = overLowerEdge(plain(screen.Picture1), framed(screen.结果面板, plain(screen.MSFlexGrid1)),
+                                  Frm客户跟进状态分析::表格高度);
+    auto* right = columns({picture, atMost(atLeast(plain(screen.图例), 3900, 0), 3900)}, {1, 0});
     auto* whole = rows({columns({left, right}, {2, 7}), plain(screen.状态栏)}, {1, 0});
     whole->setContentsMargins(6, 6, 6, 4);
     return whole;
