@@ -6,8 +6,8 @@
 
 namespace desk {
 
-/// The day that a date field tells, as the tables store it ("YYYY-MM-DD"); NULL for an empty field. A text that
-/// is no date is left as it is, for the database to refuse.
+/// The day that a date field tells, as the tables store it ("YYYY-MM-DD"); NULL for an empty field. A text
+/// that is no date is left as it is, for the database to refuse.
 Value typedDay(const std::string& text);
 
 }  // namespace desk

@@ -202,7 +202,8 @@ TEST_F(Pipeline, AnotherOfficeHasAnotherCustomerOfThatNumber) {
     screen.确定.click();
     screen.终止.click();
     EXPECT_TRUE(program.desktop.messages.empty());
-    EXPECT_EQ(program.rows("Select 管理处代号,终止日期 From YZ_引驻客户分配"), std::vector<std::string>{"01|"});
+    EXPECT_EQ(program.rows("Select 管理处代号,终止日期 From YZ_引驻客户分配"),
+              std::vector<std::string>{"01|"});
 }
 
 TEST_F(Pipeline, TwoLeadsOfOneNumberAnswerToItBoth) {
