@@ -20,6 +20,9 @@ TEST(Collation, IgnoresCaseWidthAndTrailingBlanks) {
     for (const auto& [a, b] : std::vector<std::pair<std::string, std::string>>{{"Abc", "aBC"},
                                                                                {"01", "01   "},
                                                                                {"", "  "},
+                                                                               {"", "\u3000 \u3000"},
+                                                                               {"01", "01\u3000"},
+                                                                               {"东塔 \u3000", "东塔"},
                                                                                {"ＡＢ１", "ab1"},
                                                                                {"东塔A", "东塔a "},
                                                                                {"x。", "x。 "}}) {
@@ -27,6 +30,8 @@ TEST(Collation, IgnoresCaseWidthAndTrailingBlanks) {
         EXPECT_EQ(collation.compare(b, a), 0) << a << " " << b;
     }
     EXPECT_NE(collation.compare(" 01", "01"), 0);
+    EXPECT_NE(collation.compare("\u300001", "01"), 0);
+    EXPECT_EQ(collation.compare("东\u3000塔", "东 塔"), 0);
     EXPECT_NE(collation.compare("e", "é"), 0);
     EXPECT_NE(collation.compare("东塔", "西塔"), 0);
 }
@@ -97,6 +102,24 @@ TEST(Collation, RulesEverywhereInStatements) {
                      "YZ_区域设置) t "
                      "Where t.甲='x'"),
               "5");
+}
+
+/// In a join without an index SQLite looks texts up in one that it makes for the occasion.
+TEST(Collation, JoinsEqualTextsWhateverTheirBytes) {
+    EmptyDatabase db;
+    db.connection.execute("Insert Into YZ_区域设置 Values ('甲','01'),('乙','02'),('丙','03'),('丁','A ')");
+    db.connection.execute("Insert Into YZ_媒体设置 Values ('a','01 '),('b','０２'),('c','03'),('d','a')");
+    EXPECT_EQ(db.row("Select 区域名称,媒体名称 From YZ_区域设置 Inner Join YZ_媒体设置 On "
+                     "YZ_区域设置.说明=YZ_媒体设置.说明 Order By YZ_媒体设置.媒体名称"),
+              "甲|a\n乙|b\n丙|c\n丁|d");
+    db.connection.execute("Insert Into 设置管理处 (GYD_DH) Values ('01'),('02'),('03')");
+    db.connection.execute(
+        "Insert Into 职能部门对应管理项目设置 (职能部门编号,管理处代号) Values ('D','01 "
+        "'),('D','０２'),('D','03')");
+    EXPECT_EQ(db.row("Select GYD_DH From 设置管理处 Inner Join 职能部门对应管理项目设置 On "
+                     "设置管理处.GYD_DH=职能部门对应管理项目设置.管理处代号 Where "
+                     "职能部门对应管理项目设置.职能部门编号='d' Order by len(GYD_DH),GYD_DH"),
+              "01\n02\n03");
 }
 
 }  // namespace

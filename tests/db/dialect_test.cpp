@@ -57,6 +57,10 @@ TEST_F(Dialect, MatchesPatterns) {
     EXPECT_TRUE(isLike("楼7", "楼[^1-5]"));
     EXPECT_TRUE(isLike("100%", "100[%]"));
     EXPECT_FALSE(isLike("[", "["));
+    EXPECT_TRUE(isLike("报纸,网络［官网］", "%网络［官网］%"));
+    EXPECT_FALSE(isLike("楼A", "楼＿"));
+    EXPECT_FALSE(isLike("楼AB", "楼％"));
+    EXPECT_TRUE(isLike("楼］", "楼[a］]"));
     EXPECT_EQ(row("Select Count(*) From YZ_引驻客户信息 Where 媒体 Not Like ('%报纸%')"), "1");
 }
 
@@ -153,8 +157,44 @@ TEST_F(Dialect, TellsWhereASentenceBreaks) {
                               "Select 1 From YZ_组表 Where 组代号 In (Select * From YZ_组表)",
                               "Select 组代号 a b From YZ_组表"})
         EXPECT_EQ(failureOf([&] { connection.execute(wrong); }), failure::wrongStatement) << wrong;
-    const std::string deep = "Select " + std::string(5000, '(') + "1" + std::string(5000, ')');
-    EXPECT_EQ(failureOf([&] { rows(deep); }), failure::wrongStatement);
+}
+
+/// `piece` that often, `between` between them.
+std::string repeated(const std::string& piece, int times, const std::string& between = "") {
+    return join(std::vector<std::string>(static_cast<std::size_t>(times), piece), between);
+}
+
+TEST_F(Dialect, TakesChainsOfAnyLength) {
+    for (const int links : {90, 201, 5000}) {
+        std::string any = "组代号='02'";
+        std::string all = "组代号='02'";
+        for (int i = 0; i < links; ++i) {
+            any += sql(" or 组代号='x{}'", i);
+            all += sql(" and 组代号<>'x{}'", i);
+        }
+        EXPECT_EQ(row("Select 组代号 From YZ_组表 Where " + any), "02") << links;
+        EXPECT_EQ(row("Select 组代号 From YZ_组表 Where Not (" + any + ")"), "01") << links;
+        EXPECT_EQ(row("Select 组代号 From YZ_组表 Where " + all), "02") << links;
+        EXPECT_EQ(row("Select 组代号 From YZ_组表 Where " + all + " and 组代号='01'"), "") << links;
+    }
+    EXPECT_EQ(row("Select 100-1" + repeated("-1", 89) + "+5"), "15");
+    EXPECT_EQ(row("Select Len('a'" + repeated("+'b'", 300) + ")"), "301");
+    EXPECT_EQ(row("Select '1'+'2'+3+4, 10-(3-2), 10-3-2"), "19|9|5");
+}
+
+TEST_F(Dialect, RefusesWhatIsTooDeepForTheStack) {
+    const auto nested = [](const std::string& before, const std::string& core, const std::string& after) {
+        return repeated(before, 20000) + core + repeated(after, 20000);
+    };
+    for (const auto& deep :
+         {"Select " + nested("(", "1", ")"), "Select " + nested("Len(", "1", ")"),
+          "Select " + nested("Case When 1=1 Then ", "1", " End"), "Select 1" + repeated("+1", 100000),
+          "Select 'a'" + repeated("+'a'", 100000), nested("Select * From (", "Select 1 As a", ") t"),
+          "Select 1 Where " + nested("1 In (Select 1 Where ", "1=1", ")"),
+          "Select " + repeated("1+(", 90) + "1" + repeated("+1", 490) + repeated(")", 90)})
+        EXPECT_EQ(failureOf([&] { rows(deep); }), failure::wrongStatement) << deep.substr(0, 40);
+    EXPECT_EQ(row("Select " + repeated("- ", 100000) + "1"), "1");
+    EXPECT_EQ(row("Select 1 Where " + repeated("Not ", 100000) + "1=1"), "1");
 }
 
 TEST_F(Dialect, PlacesValuesAsTheyStand) {

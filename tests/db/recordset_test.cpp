@@ -57,6 +57,37 @@ TEST_F(RecordsetTest, ReadsOnAfterAWriteOfItsOwnConnection) {
     EXPECT_EQ(row("Select Count(*) From 设置管理处"), "1");
 }
 
+/// A reader's rows are kept when its connection writes. What is wrong with them is the reader's own matter.
+TEST_F(RecordsetTest, KeepsItsFailureToItself) {
+    connection.execute(
+        "Insert Into YZ_区域设置 (区域名称,说明) Values ('一','1'),('二','2'),('三','三'),('四','4')");
+    const std::string numbers =
+        "Select 区域名称,说明+0 As 数 From YZ_区域设置 Where 区域名称<>'样本' And "
+        "区域名称<>'浦东'";
+    Recordset before(connection, "Select GYD_DH From 设置管理处 Order By GYD_DH");
+    Recordset faulty(connection, numbers);
+    Recordset after(connection, "Select GYD_DH From 设置管理处 Order By GYD_DH");
+    faulty.moveNext();
+    EXPECT_EQ(connection.execute("Insert Into YZ_组表 (组代号) Values ('09')"), 1);
+    EXPECT_EQ(connection.execute("Delete From 设置管理处"), 3);
+    EXPECT_EQ(row("Select Count(*) From YZ_组表 Where 组代号='09'"), "1");
+
+    EXPECT_EQ(faulty["数"].integer(), 2);
+    EXPECT_EQ(failureOf([&] { faulty.moveNext(); }), failure::badConversion);
+    EXPECT_TRUE(faulty.atEnd());
+    for (auto* rows : {&before, &after}) {
+        std::string seen;
+        for (; !rows->atEnd(); rows->moveNext()) seen += (*rows)[0].text() + " ";
+        EXPECT_EQ(seen, "01 10 2 ");
+    }
+    // The same without a write in between.
+    Recordset alone(connection, numbers);
+    alone.moveNext();
+    EXPECT_EQ(failureOf([&] { alone.moveNext(); }), failure::badConversion);
+    EXPECT_TRUE(alone.atEnd());
+    EXPECT_EQ(connection.execute("Delete From YZ_区域设置"), 6);
+}
+
 TEST_F(RecordsetTest, OutlivesItsConnection) {
     Recordset rows(connection, "Select GYD_DH From 设置管理处 Order By GYD_DH");
     connection = Connection();

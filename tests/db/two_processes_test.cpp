@@ -50,5 +50,22 @@ TEST(TwoSeats, RegisterAtTheSameTimeWithoutLosingARow) {
     EXPECT_GE(highest[0].integer(), each);
 }
 
+TEST(TwoSeats, WaitForEachOtherNoLongerThanTheirTimeOut) {
+    const TemporaryFolder folder;
+    const auto path = folder.path("seats.db");
+    embedded::createDatabase(path);
+    Connection writer;
+    Connection waiter;
+    writer.open(fileConnection(path), std::chrono::seconds(5));
+    waiter.open(fileConnection(path), std::chrono::seconds(1));
+    writer.begin();
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(failureOf([&] { waiter.execute("Delete From YZ_组表"); }), failure::unspecified);
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    EXPECT_EQ(waiter.execute("Select 1"), 0);
+    writer.commit();
+    EXPECT_EQ(waiter.execute("Insert Into YZ_组表 (组代号) Values ('01')"), 1);
+}
+
 }  // namespace
 }  // namespace desk

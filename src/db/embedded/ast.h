@@ -34,8 +34,8 @@ enum class Form {
     number,
     null,
     compare,  ///< `text` is the operator
-    both,
-    either,
+    both,     ///< all parts
+    either,   ///< any part
     negation,
     isNull,
     inList,   ///< the first part in the others
@@ -60,12 +60,13 @@ struct Expression {
     bool negated = false;     ///< Not In, Is Not Null, Not Like, Not Between
     std::vector<Expression> parts{};
     std::shared_ptr<Query> query{};
+    int depth = 1;  ///< of the tree below, this included
 
     // resolved
     Type type = Type::null;
     Conversion conversion = Conversion::none;
-    const schema::Table* table = nullptr;    ///< of a column that is one of the catalogue's
-    const schema::Column* column = nullptr;  ///< likewise
+    const schema::Table* table = nullptr;    ///< of a column that is read from one of the catalogue's
+    const schema::Column* column = nullptr;  ///< of the catalogue, from which the value comes as it stands
     bool collated = false;                   ///< a text that carries the collation by itself
 };
 

@@ -9,8 +9,8 @@ struct UCollator;
 
 namespace desk::embedded {
 
-/// The order of texts as on the server: case, width and trailing blanks do not count; digits come before
-/// Latin letters, and these before Han, which goes by pinyin.
+/// The order of texts as on the server: case, width and trailing blanks, wide ones too, do not count; digits
+/// come before Latin letters, and these before Han, which goes by pinyin.
 class Collation {
   public:
     /// Fails with -2147467259 when the machine has no such order.

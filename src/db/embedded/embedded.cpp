@@ -52,6 +52,7 @@ class EmbeddedEngine : public Engine {
         requireTransaction(true, "没有打开的事务。");
         store_->stopReading();
         store_->sqlite().run(how);
+        store_->statistics().followWrites();
     }
 
     void requireTransaction(bool open, const char* otherwise) const {
@@ -145,6 +146,7 @@ std::shared_ptr<Store> openedMemory() {
 std::unique_ptr<Engine> open(const std::string& path, std::chrono::seconds timeout) {
     auto store = path == inMemory ? openedMemory() : openedFile(path, timeout);
     tune(store->sqlite());
+    store->statistics().refresh();
     return std::make_unique<EmbeddedEngine>(std::move(store));
 }
 

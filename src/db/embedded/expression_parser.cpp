@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "db/embedded/sql_failure.h"
 
@@ -9,15 +10,9 @@ namespace desk::embedded {
 
 namespace {
 
-/// Deeper than any statement of the system, and far from the end of the stack.
-constexpr int deepest = 100;
-
-template <class... Parts>
-Expression made(Form form, Parts&&... parts) {
-    Expression expression{.form = form};
-    (expression.parts.push_back(std::forward<Parts>(parts)), ...);
-    return expression;
-}
+// More than any statement of the system has, and far from the end of the stack for all that walks the tree.
+constexpr int mostBraces = 100;
+constexpr int deepestTree = 500;
 
 Expression literal(Form form, std::string text) {
     return {.form = form, .text = std::move(text)};
@@ -25,18 +20,42 @@ Expression literal(Form form, std::string text) {
 
 }  // namespace
 
+template <class... Parts>
+Expression ExpressionParser::made(Form form, Parts&&... parts) {
+    Expression expression{.form = form};
+    (add(expression, std::forward<Parts>(parts)), ...);
+    return expression;
+}
+
+void ExpressionParser::add(Expression& whole, Expression part) {
+    deepen(whole, part.depth);
+    whole.parts.push_back(std::move(part));
+}
+
+void ExpressionParser::deepen(Expression& whole, int below) {
+    whole.depth = std::max(whole.depth, below + 1);
+    deepest_ = std::max(deepest_, whole.depth);
+    if (whole.depth > deepestTree) wrongStatement("语句嵌套过深。");
+}
+
 Expression ExpressionParser::expression() {
-    if (++depth_ > deepest) wrongStatement("语句嵌套过深。");
-    auto left = conjunction();
-    while (tokens_.takeWord("OR")) left = made(Form::either, std::move(left), conjunction());
-    --depth_;
-    return left;
+    if (++braces_ > mostBraces) wrongStatement("语句嵌套过深。");
+    auto found = chain("OR", Form::either, &ExpressionParser::conjunction);
+    --braces_;
+    return found;
 }
 
 Expression ExpressionParser::conjunction() {
-    auto left = inversion();
-    while (tokens_.takeWord("AND")) left = made(Form::both, std::move(left), inversion());
-    return left;
+    return chain("AND", Form::both, &ExpressionParser::inversion);
+}
+
+/// A chain is one node, however long it is: sets of ticked states and offices grow.
+Expression ExpressionParser::chain(std::string_view word, Form form, Expression (ExpressionParser::*link)()) {
+    auto first = (this->*link)();
+    if (!tokens_.isWord(word)) return first;
+    auto whole = made(form, std::move(first));
+    while (tokens_.takeWord(word)) add(whole, (this->*link)());
+    return whole;
 }
 
 Expression ExpressionParser::inversion() {
@@ -85,9 +104,12 @@ Expression ExpressionParser::listOrQuery(Expression left, bool negated) {
     test.negated = negated;
     if (tokens_.isWord("SELECT")) {
         test.form = Form::inQuery;
+        const int around = std::exchange(deepest_, 0);
         test.query = query_();
+        deepen(test, deepest_);
+        deepest_ = std::max(around, test.depth);
     } else {
-        do test.parts.push_back(sum());
+        do add(test, sum());
         while (tokens_.takeSymbol(","));
     }
     tokens_.expectSymbol(")");
@@ -139,11 +161,11 @@ Expression ExpressionParser::choice() {
     Expression choice{.form = Form::choice};
     tokens_.expectWord("WHEN");
     do {
-        choice.parts.push_back(expression());
+        add(choice, expression());
         tokens_.expectWord("THEN");
-        choice.parts.push_back(expression());
+        add(choice, expression());
     } while (tokens_.takeWord("WHEN"));
-    if (tokens_.takeWord("ELSE")) choice.parts.push_back(expression());
+    if (tokens_.takeWord("ELSE")) add(choice, expression());
     tokens_.expectWord("END");
     return choice;
 }
@@ -161,7 +183,7 @@ Expression ExpressionParser::function() {
         if (known == aggregates.end()) wrongStatement(fmt::format("'{}' 不是可以识别的函数名。", name));
         call = literal(Form::aggregate, std::string(*known));
         const bool rows = call.text == "COUNT" && tokens_.takeSymbol("*");
-        if (!rows) call.parts.push_back(expression());
+        if (!rows) add(call, expression());
     }
     tokens_.expectSymbol(")");
     return call;

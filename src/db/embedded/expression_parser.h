@@ -19,7 +19,14 @@ class ExpressionParser {
     Expression expression();
 
   private:
+    /// A node over these parts. Fails with -2147217900 where the tree grows too deep.
+    template <class... Parts>
+    Expression made(Form form, Parts&&... parts);
+    void add(Expression& whole, Expression part);
+    void deepen(Expression& whole, int below);
+
     Expression conjunction();
+    Expression chain(std::string_view word, Form form, Expression (ExpressionParser::*link)());
     Expression inversion();
     Expression comparison();
     Expression listOrQuery(Expression left, bool negated);
@@ -32,7 +39,8 @@ class ExpressionParser {
 
     TokenStream& tokens_;
     QueryReader query_;
-    int depth_ = 0;
+    int braces_ = 0;   ///< that are open
+    int deepest_ = 0;  ///< the depth of the deepest tree of the query that is read
 };
 
 }  // namespace desk::embedded

@@ -1,5 +1,7 @@
 #include "db/embedded/forward_cursor.h"
 
+#include <utility>
+
 #include "base/failure.h"
 
 namespace desk::embedded {
@@ -30,25 +32,37 @@ ForwardCursor::~ForwardCursor() {
 
 void ForwardCursor::step() {
     live_ = false;
-    live_ = statement_.step();
-    if (!live_) statement_.close();
+    try {
+        live_ = statement_.step();
+    } catch (const RuntimeFailure&) {
+        end();
+        throw;
+    }
+    if (!live_) end();
+}
+
+void ForwardCursor::end() {
+    statement_.close();
+    store_->ended(*this);
 }
 
 void ForwardCursor::moveNext() {
     requireRow();
     if (!kept_.empty()) {
         kept_.pop_front();
+        if (kept_.empty() && failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
         return;
     }
     step();
-    if (!live_) store_->ended(*this);
 }
 
-void ForwardCursor::keepRest() {
+void ForwardCursor::keepRest() try {
     while (live_) {
         kept_.push_back(heldRow(statement_, 0));
         step();
     }
+} catch (const RuntimeFailure&) {
+    failure_ = std::current_exception();
 }
 
 bool ForwardCursor::heldNull(int column) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <exception>
 
 #include "db/embedded/row_cursor.h"
 #include "db/embedded/store.h"
@@ -35,12 +36,14 @@ class ForwardCursor : public RowCursor, public Streaming {
 
   private:
     void step();
+    void end();
 
     std::shared_ptr<Store> store_;
     SqliteStatement statement_;
     /// Rows read ahead, the current one first. When it is empty the statement's own row is the current one.
     std::deque<HeldRow> kept_;
-    bool live_ = false;  ///< the statement stands on a row that has not been passed yet
+    bool live_ = false;           ///< the statement stands on a row that has not been passed yet
+    std::exception_ptr failure_;  ///< what stands behind the kept rows, when keeping them has failed
 };
 
 }  // namespace desk::embedded

@@ -39,8 +39,11 @@ bool takeSet(std::string_view& pattern, UChar32 c) {
     if (outside) pattern.remove_prefix(1);
     bool found = false;
     for (bool first = true; !pattern.empty(); first = false) {
+        if (pattern.front() == ']' && !first) {
+            pattern.remove_prefix(1);
+            return found != outside;
+        }
         const UChar32 low = take(pattern);
-        if (low == ']' && !first) return found != outside;
         UChar32 high = low;
         if (pattern.size() > 1 && pattern[0] == '-' && pattern[1] != ']') {
             pattern.remove_prefix(1);
@@ -51,12 +54,14 @@ bool takeSet(std::string_view& pattern, UChar32 c) {
     return false;
 }
 
-/// Takes one element other than % off the pattern and one character off the text; whether they fit.
+/// Takes one element other than % off the pattern and one character off the text; whether they fit. Only the
+/// plain forms of _ and [ are wildcards: the full-width ones are characters like any other.
 bool takeOne(std::string_view& text, std::string_view& pattern) {
+    const char first = pattern.front();
     const UChar32 wanted = take(pattern);
     const UChar32 c = take(text);
-    if (wanted == '_') return true;
-    if (wanted == '[') return takeSet(pattern, c);
+    if (first == '_') return true;
+    if (first == '[') return takeSet(pattern, c);
     return wanted == c;
 }
 

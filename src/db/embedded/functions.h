@@ -10,7 +10,7 @@ namespace desk::embedded {
 void addFunctions(sqlite3* database);
 
 /// Whether `text` matches the pattern of LIKE: % for any characters, _ for one, [a-c] and [^a-c] for one of a
-/// set. Case and width do not count.
+/// set, all of them in their ASCII form only. Case and width do not count.
 bool isLike(std::string_view text, std::string_view pattern);
 
 }  // namespace desk::embedded

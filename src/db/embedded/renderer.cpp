@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <span>
 
 #include "schema/definition.h"
 
@@ -38,11 +39,27 @@ std::string_view joinWords(Join join) {
     return "";
 }
 
-/// Whether a sum is one of texts; its own type may tell already what it is converted to.
-bool joinsTexts(const std::vector<Expression>& parts) {
-    return std::all_of(parts.begin(), parts.end(), [](const Expression& part) {
+/// The operator of a sum or difference. Whether it joins texts is told by its parts: its own type may tell
+/// already what it is converted to.
+std::string_view operatorOf(const Expression& sum) {
+    if (sum.form == Form::subtract) return " - ";
+    const bool texts = std::all_of(sum.parts.begin(), sum.parts.end(), [](const Expression& part) {
         return part.type == Type::text || part.type == Type::null;
     });
+    return texts ? "||" : "+";
+}
+
+/// Whether the left part of a sum can stand in it without braces of its own.
+bool goesOn(const Expression& left, const Expression& sum) {
+    const bool isSum = left.form == Form::add || left.form == Form::subtract;
+    return isSum && left.conversion == Conversion::none &&
+           (operatorOf(left) == "||") == (operatorOf(sum) == "||");
+}
+
+/// The column of the file that is read: SQLite sees no key behind a column that is generated as a copy of it.
+std::string_view readColumn(const Expression& column) {
+    const bool isCopy = column.table != nullptr && !column.column->copyOf.empty();
+    return isCopy ? column.column->copyOf : std::string_view(column.text);
 }
 
 class Renderer {
@@ -160,7 +177,7 @@ class Renderer {
         const std::string_view negation = expression.negated ? "NOT " : "";
         switch (expression.form) {
             case Form::column:
-                return quotedName(expression.qualifier) + '.' + quotedName(expression.text);
+                return quotedName(expression.qualifier) + '.' + quotedName(readColumn(expression));
             case Form::text:
                 return quoted(expression.text, '\'');
             case Form::number:
@@ -170,9 +187,9 @@ class Renderer {
             case Form::compare:
                 return comparison(expression);
             case Form::both:
-                return fmt::format("({} AND {})", part(0), part(1));
+                return chain(parts, " AND ");
             case Form::either:
-                return fmt::format("({} OR {})", part(0), part(1));
+                return chain(parts, " OR ");
             case Form::negation:
                 return fmt::format("(NOT {})", part(0));
             case Form::isNull:
@@ -188,9 +205,8 @@ class Renderer {
                 return fmt::format("({} {}BETWEEN {} AND {})", collated(parts[0]), negation, part(1),
                                    part(2));
             case Form::add:
-                return fmt::format("({}{}{})", part(0), joinsTexts(parts) ? "||" : "+", part(1));
             case Form::subtract:
-                return fmt::format("({} - {})", part(0), part(1));
+                return '(' + terms(expression) + ')';
             case Form::minus:
                 return fmt::format("(- {})", part(0));
             case Form::choice:
@@ -203,6 +219,27 @@ class Renderer {
                 return aggregate(expression);
         }
         return {};
+    }
+
+    /// All parts in one pair of braces: SQLite bears no deep nesting of braces. Since it bears no long chain
+    /// either, a long one is a chain of chains.
+    std::string chain(std::span<const Expression> parts, std::string_view word) const {
+        constexpr std::size_t longest = 200;
+        std::size_t each = 1;
+        while (each * longest < parts.size()) each *= longest;
+        std::string sql = "(";
+        for (std::size_t from = 0; from < parts.size(); from += each) {
+            const auto part = parts.subspan(from, std::min(each, parts.size() - from));
+            if (from != 0) sql += word;
+            sql += part.size() == 1 ? any(part.front()) : chain(part, word);
+        }
+        return sql + ')';
+    }
+
+    std::string terms(const Expression& sum) const {
+        const auto& left = sum.parts[0];
+        return fmt::format("{}{}{}", goesOn(left, sum) ? terms(left) : any(left), operatorOf(sum),
+                           any(sum.parts[1]));
     }
 
     std::string comparison(const Expression& test) const {

@@ -40,8 +40,7 @@ void fillFromQuery(Source& source) {
             if (schema::sameName(other.name, output.name))
                 wrongStatement(fmt::format("多次为 '{}' 指定了列 '{}'。", source.name(), output.name));
         const auto& value = *output.value;
-        source.columns.push_back(
-            {output.name, value.type, value.table, value.column, value.type == Type::text});
+        source.columns.push_back({output.name, value.type, nullptr, value.column, value.type == Type::text});
     }
 }
 

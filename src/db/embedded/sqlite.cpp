@@ -110,7 +110,7 @@ void SqliteStatement::reset() {
     sqlite3_reset(handle_.get());
 }
 
-Sqlite::Sqlite(std::string_view path, Missing missing, std::chrono::seconds timeout) {
+Sqlite::Sqlite(std::string_view path, Missing missing, std::chrono::seconds timeout) : patience_(timeout) {
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE |
                       (missing == Missing::isCreated ? SQLITE_OPEN_CREATE : 0);
     sqlite3* handle = nullptr;
@@ -118,7 +118,11 @@ Sqlite::Sqlite(std::string_view path, Missing missing, std::chrono::seconds time
     handle_.reset(handle);
     if (handle == nullptr) throw RuntimeFailure(failure::unspecified, "内存不足，无法打开数据库文件。");
     if (result != SQLITE_OK) fail(handle);
-    sqlite3_busy_timeout(handle, static_cast<int>(std::chrono::milliseconds(timeout).count()));
+    patience_.serve(handle);
+    // A Bloom filter hashes texts by their bytes. Texts that the collation holds for equal though their bytes
+    // differ ("01" and "01 ") would lose each other in a join without a word.
+    constexpr unsigned bloomFilters = 0x80000;
+    sqlite3_test_control(SQLITE_TESTCTRL_OPTIMIZATIONS, handle, bloomFilters);
     // Strict rules: no texts in double quotes, no calls from a file that somebody else has made.
     for (const int option :
          {SQLITE_DBCONFIG_DQS_DML, SQLITE_DBCONFIG_DQS_DDL, SQLITE_DBCONFIG_TRUSTED_SCHEMA})

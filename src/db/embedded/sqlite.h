@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "db/embedded/collation.h"
+#include "db/embedded/patience.h"
 #include "db/value.h"
 
 namespace desk::embedded {
@@ -50,7 +51,10 @@ class Sqlite {
   public:
     enum class Missing { isFailure, isCreated };
 
+    /// `timeout` bounds every wait for another seat. Fails with -2147467259.
     Sqlite(std::string_view path, Missing missing, std::chrono::seconds timeout);
+    Sqlite(const Sqlite&) = delete;
+    Sqlite& operator=(const Sqlite&) = delete;
 
     SqliteStatement prepare(std::string_view sql) const { return {handle_.get(), sql}; }
     /// Runs a statement of the engine's own.
@@ -60,14 +64,32 @@ class Sqlite {
     sqlite3* handle() const { return handle_.get(); }
     bool inTransaction() const { return sqlite3_get_autocommit(handle_.get()) == 0; }
     std::int64_t lastIdentity() const { return sqlite3_last_insert_rowid(handle_.get()); }
+    /// How many rows this connection has written so far.
+    std::int64_t allChanges() const { return sqlite3_total_changes64(handle_.get()); }
     long changedRows() const { return static_cast<long>(sqlite3_changes(handle_.get())); }
 
   private:
+    friend class Hurry;
     struct Close {
         void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
     };
     Collation collation_;
+    mutable Patience patience_;
     std::unique_ptr<sqlite3, Close> handle_;
+};
+
+/// While it lives nothing waits for another seat.
+class Hurry {
+  public:
+    explicit Hurry(const Sqlite& sqlite) : sqlite_(sqlite) {
+        sqlite3_busy_handler(sqlite.handle(), nullptr, nullptr);
+    }
+    ~Hurry() { sqlite_.patience_.serve(sqlite_.handle()); }
+    Hurry(const Hurry&) = delete;
+    Hurry& operator=(const Hurry&) = delete;
+
+  private:
+    const Sqlite& sqlite_;
 };
 
 }  // namespace desk::embedded

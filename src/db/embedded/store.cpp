@@ -1,26 +1,23 @@
 #include "db/embedded/store.h"
 
-#include <utility>
-
 #include "base/failure.h"
 
 namespace desk::embedded {
 
 void Store::stopReading() {
-    const auto reading = std::exchange(streaming_, {});
-    for (auto* cursor : reading) cursor->keepRest();
+    while (!streaming_.empty()) streaming_.extract(streaming_.begin()).value()->keepRest();
 }
 
-Writing::Writing(Store& store) : sqlite_(store.sqlite()), own_(!sqlite_.inTransaction()) {
+Writing::Writing(Store& store) : store_(store), own_(!store.sqlite().inTransaction()) {
     store.stopReading();
-    if (own_) sqlite_.run("BEGIN IMMEDIATE");
+    if (own_) store.sqlite().run("BEGIN IMMEDIATE");
 }
 
 Writing::~Writing() {
     // A failure may have undone the transaction already.
-    if (!own_ || !sqlite_.inTransaction()) return;
+    if (!own_ || !store_.sqlite().inTransaction()) return;
     try {
-        sqlite_.run("ROLLBACK");
+        store_.sqlite().run("ROLLBACK");
     } catch (const RuntimeFailure&) {
         // The failure that led here is the one to be told.
     }
@@ -28,8 +25,9 @@ Writing::~Writing() {
 
 void Writing::commit() {
     if (!own_) return;
-    sqlite_.run("COMMIT");
+    store_.sqlite().run("COMMIT");
     own_ = false;
+    store_.statistics().followWrites();
 }
 
 }  // namespace desk::embedded

@@ -3,6 +3,7 @@
 #include <set>
 
 #include "db/embedded/sqlite.h"
+#include "db/embedded/statistics.h"
 
 namespace desk::embedded {
 
@@ -10,7 +11,8 @@ namespace desk::embedded {
 class Streaming {
   public:
     virtual ~Streaming() = default;
-    /// Reads all that is left into memory and lets go of the lock.
+    /// Reads all that is left into memory and lets go of the lock. What fails on the way is told to whoever
+    /// reads the cursor, when he comes to that row.
     virtual void keepRest() = 0;
 };
 
@@ -20,6 +22,7 @@ class Store {
     explicit Store(std::unique_ptr<Sqlite> sqlite) : sqlite_(std::move(sqlite)) {}
 
     const Sqlite& sqlite() const { return *sqlite_; }
+    Statistics& statistics() { return statistics_; }
 
     void started(Streaming& cursor) { streaming_.insert(&cursor); }
     void ended(Streaming& cursor) { streaming_.erase(&cursor); }
@@ -31,6 +34,7 @@ class Store {
 
   private:
     std::unique_ptr<Sqlite> sqlite_;
+    Statistics statistics_{*sqlite_};
     std::set<Streaming*> streaming_;
 };
 
@@ -45,7 +49,7 @@ class Writing {
     void commit();
 
   private:
-    const Sqlite& sqlite_;
+    Store& store_;
     bool own_;
 };
 
