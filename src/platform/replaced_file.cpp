@@ -22,20 +22,67 @@ mode_t modeFor(const std::string& path, Readers readers) {
     return ::stat(path.c_str(), &old) == 0 ? old.st_mode & 0777 : 0666;
 }
 
-/// A new file beside `path`; `name` takes its name. Other seats may be writing theirs at the same time.
-Descriptor openBeside(const std::string& path, mode_t mode, std::string& name) {
-    constexpr int attempts = 100;
-    for (int i = 0; i < attempts; ++i) {
-        name = path + "." + std::to_string(::getpid()) + "-" + std::to_string(i) + ".new";
-        Descriptor file(::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
-        if (file.isOpen() || errno != EEXIST) return file;
-    }
-    return Descriptor();
+[[noreturn]] void refuse() {
+    throw RuntimeFailure(failure::pathAccess, "路径/文件访问错误");
 }
 
-bool writeWhole(Descriptor& file, std::string_view bytes) {
-    return file.writeAll(bytes) && ::fsync(file.number()) == 0 && file.close();
-}
+/// A new file beside the one that it is to replace, gone again unless it has done so.
+class Beside final : public NewFile {
+  public:
+    Beside(const std::string& path, mode_t mode, const SaveGate& gate) : path_(path), gate_(gate) {
+        if (!allowed(SaveStep::open)) return;
+        // Other seats may be writing theirs at the same time.
+        constexpr int attempts = 100;
+        for (int i = 0; i < attempts && !file_.isOpen(); ++i) {
+            name_ = path + "." + std::to_string(::getpid()) + "-" + std::to_string(i) + ".new";
+            file_ = Descriptor(::open(name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+            if (!file_.isOpen() && errno != EEXIST) break;
+        }
+        if (!file_.isOpen()) name_.clear();
+    }
+    ~Beside() {
+        if (!name_.empty()) ::unlink(name_.c_str());
+    }
+    Beside(const Beside&) = delete;
+    Beside& operator=(const Beside&) = delete;
+
+    bool isOpen() const { return file_.isOpen(); }
+
+    bool write(std::string_view bytes) override {
+        constexpr std::size_t much = 65536;
+        waiting_ += bytes;
+        return waiting_.size() < much || flush();
+    }
+    bool seek(std::uint64_t position) override {
+        whole_ = flush() && ::lseek(file_.number(), static_cast<off_t>(position), SEEK_SET) >= 0;
+        return whole_;
+    }
+
+    bool takePlace() {
+        if (!flush() || !allowed(SaveStep::sync) || ::fsync(file_.number()) != 0) return false;
+        if (!allowed(SaveStep::close) || !file_.close()) return false;
+        if (!allowed(SaveStep::rename) || std::rename(name_.c_str(), path_.c_str()) != 0) return false;
+        name_.clear();
+        return true;
+    }
+
+  private:
+    bool allowed(SaveStep step) const { return !gate_ || gate_(step); }
+    bool flush() {
+        if (waiting_.empty()) return whole_;
+        // Who fills the file may not heed what it is told, so a loss is remembered.
+        whole_ = whole_ && allowed(SaveStep::write) && file_.writeAll(waiting_);
+        waiting_.clear();
+        return whole_;
+    }
+
+    const std::string& path_;
+    const SaveGate& gate_;
+    std::string name_;  ///< empty once there is nothing to take away
+    Descriptor file_;
+    std::string waiting_;
+    bool whole_ = true;
+};
 
 /// Makes a rename in the folder outlast a power failure.
 void syncFolder(const std::filesystem::path& folder) {
@@ -46,16 +93,18 @@ void syncFolder(const std::filesystem::path& folder) {
 
 }  // namespace
 
-void replaceFile(const std::string& path, std::string_view bytes, Readers readers) {
-    std::string beside;
-    Descriptor file = openBeside(path, modeFor(path, readers), beside);
-    if (!file.isOpen()) throw RuntimeFailure(failure::pathAccess, "路径/文件访问错误");
-    if (!writeWhole(file, bytes) || std::rename(beside.c_str(), path.c_str()) != 0) {
-        ::unlink(beside.c_str());
-        throw RuntimeFailure(failure::pathAccess, "路径/文件访问错误");
-    }
+void replaceFile(const std::string& path, const std::function<bool(NewFile&)>& fill, Readers readers,
+                 const SaveGate& gate) {
+    Beside file(path, modeFor(path, readers), gate);
+    if (!file.isOpen() || !fill(file) || !file.takePlace()) refuse();
+    if (gate && !gate(SaveStep::syncFolder)) return;
     const auto folder = std::filesystem::path(path).parent_path();
     syncFolder(folder.empty() ? "." : folder);
+}
+
+void replaceFile(const std::string& path, std::string_view bytes, Readers readers) {
+    replaceFile(
+        path, [bytes](NewFile& file) { return file.write(bytes); }, readers);
 }
 
 }  // namespace desk

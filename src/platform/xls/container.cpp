@@ -1,7 +1,9 @@
 #include "platform/xls/container.h"
 
+#include <gsf/gsf-output-impl.h>
 #include <gsf/gsf.h>
 
+#include <algorithm>
 #include <memory>
 
 #include "base/failure.h"
@@ -73,26 +75,76 @@ void readChildren(GsfInfile* folder, Entry& into, int depth, int& left) {
         if (entry.isFolder)
             readChildren(GSF_INFILE(child.get()), entry, depth + 1, left);
         else
-            entry.bytes = readBytes(child.get());
+            entry.parts.push_back(readBytes(child.get()));
     }
 }
 
-void check(gboolean written) {
-    if (written == FALSE) throw RuntimeFailure(failure::spreadsheet, "内存不足，不能生成文件");
+/// Lets the library write into a file in the making.
+struct FileOutput {
+    GsfOutput base;
+    NewFile* file;
+};
+struct FileOutputClass {
+    GsfOutputClass base;
+};
+
+NewFile& fileOf(GsfOutput* output) {
+    return *reinterpret_cast<FileOutput*>(output)->file;
 }
 
-void writeChildren(const Entry& folder, GsfOutfile* into) {
+void describeFileOutput(gpointer classOf, gpointer) {
+    auto* described = static_cast<GsfOutputClass*>(classOf);
+    described->Close = [](GsfOutput*) -> gboolean { return TRUE; };
+    described->Write = [](GsfOutput* output, size_t size, const guint8* bytes) -> gboolean {
+        return fileOf(output).write({reinterpret_cast<const char*>(bytes), size}) ? TRUE : FALSE;
+    };
+    described->Seek = [](GsfOutput* output, gsf_off_t offset, GSeekType whence) -> gboolean {
+        const gsf_off_t from = whence == G_SEEK_CUR   ? gsf_output_tell(output)
+                               : whence == G_SEEK_END ? gsf_output_size(output)
+                                                      : 0;
+        return fileOf(output).seek(static_cast<std::uint64_t>(from + offset)) ? TRUE : FALSE;
+    };
+}
+
+Held<GsfOutput> outputInto(NewFile& file) {
+    static const GType type =
+        g_type_register_static_simple(GSF_OUTPUT_TYPE, "TenantDeskFileOutput", sizeof(FileOutputClass),
+                                      describeFileOutput, sizeof(FileOutput), nullptr, G_TYPE_FLAG_NONE);
+    auto* output = static_cast<FileOutput*>(g_object_new(type, nullptr));
+    output->file = &file;
+    return Held<GsfOutput>(&output->base);
+}
+
+class MemoryFile final : public NewFile {
+  public:
+    bool write(std::string_view written) override {
+        bytes.resize(std::max(bytes.size(), place_ + written.size()));
+        bytes.replace(place_, written.size(), written);
+        place_ += written.size();
+        return true;
+    }
+    bool seek(std::uint64_t position) override {
+        place_ = position;
+        return true;
+    }
+    std::string bytes;
+
+  private:
+    std::size_t place_ = 0;
+};
+
+bool writeChildren(const Entry& folder, GsfOutfile* into) {
     gsf_outfile_msole_set_class_id(GSF_OUTFILE_MSOLE(into),
                                    reinterpret_cast<const guint8*>(folder.classId.data()));
     for (const Entry& entry : folder.children) {
         const Held<GsfOutput> child(gsf_outfile_new_child(into, entry.name.c_str(), entry.isFolder));
-        if (entry.isFolder)
-            writeChildren(entry, GSF_OUTFILE(child.get()));
-        else
-            check(gsf_output_write(child.get(), entry.bytes.size(),
-                                   reinterpret_cast<const guint8*>(entry.bytes.data())));
-        check(gsf_output_close(child.get()));
+        bool written = !entry.isFolder || writeChildren(entry, GSF_OUTFILE(child.get()));
+        for (const std::string& part : entry.parts)
+            written = written && gsf_output_write(child.get(), part.size(),
+                                                  reinterpret_cast<const guint8*>(part.data())) != FALSE;
+        if (gsf_output_close(child.get()) == FALSE || !written) return false;
     }
+    return true;
 }
 
 }  // namespace
@@ -112,17 +164,18 @@ Entry readContainer(std::string_view file) {
     return root;
 }
 
-std::string writeContainer(const Entry& root) {
+bool writeContainer(const Entry& root, NewFile& file) {
     gsf_init();
-    const Held<GsfOutput> sink(gsf_output_memory_new());
-    {
-        const Held<GsfOutfile> compound(gsf_outfile_msole_new(sink.get()));
-        writeChildren(root, compound.get());
-        check(gsf_output_close(GSF_OUTPUT(compound.get())));
-    }
-    const auto* bytes =
-        reinterpret_cast<const char*>(gsf_output_memory_get_bytes(GSF_OUTPUT_MEMORY(sink.get())));
-    return {bytes, static_cast<std::size_t>(gsf_output_size(sink.get()))};
+    const Held<GsfOutput> sink = outputInto(file);
+    const Held<GsfOutfile> compound(gsf_outfile_msole_new(sink.get()));
+    const bool written = writeChildren(root, compound.get());
+    return gsf_output_close(GSF_OUTPUT(compound.get())) != FALSE && written;
+}
+
+std::string writeContainer(const Entry& root) {
+    MemoryFile file;
+    writeContainer(root, file);
+    return std::move(file.bytes);
 }
 
 }  // namespace desk::xls
