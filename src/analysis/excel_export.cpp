@@ -4,6 +4,10 @@
 
 #include "analysis/export_sheet.h"
 #include "base/failure.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/programs.h"
+#include "platform/spreadsheets.h"
 #include "session/helpers.h"
 #include "ui/batch.h"
 

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "db/recordset.h"
 #include "db/statement.h"
+#include "platform/clock.h"
 #include "session/helpers.h"
 #include "ui/batch.h"
 
@@ -17,9 +18,6 @@ constexpr int 结果颜色列 = 2;
 
 Frm客户跟进状态分析::Frm客户跟进状态分析(Application& app)
     : Screen(screenName, "客户跟进状态分析", WindowKind::child, 18000, 10200), app_(app) {
-    TreeView2.setHolder(&跟进状态);
-    Check6.setHolder(&跟进状态);
-    MSFlexGrid1.setHolder(&结果面板);
     Text2.setText("600");
     Text2.setVisible(false);
     结果面板.setVisible(false);

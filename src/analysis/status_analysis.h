@@ -6,6 +6,7 @@
 
 #include "analysis/pie_chart.h"
 #include "session/application.h"
+#include "ui/canvas.h"
 #include "ui/choices.h"
 #include "ui/fields.h"
 #include "ui/grid.h"
@@ -35,8 +36,8 @@ class Frm客户跟进状态分析 : public Screen {
     DatePicker DTPicker2{*this, "DTPicker2"};
     ComboBox Combo1{*this, "Combo1"};
     Frame 跟进状态{*this, "跟进状态", "跟进状态"};
-    CheckBox Check6{*this, "Check6", "全部"};
-    Tree TreeView2{*this, "TreeView2", Tree::Style::checkBoxes};
+    CheckBox Check6{跟进状态, "Check6", "全部"};
+    Tree TreeView2{跟进状态, "TreeView2", Tree::Style::checkBoxes};
     Button Command1{*this, "Command1", "统计"};
     Button Command13{*this, "Command13", "输出"};
     Button Command4{*this, "Command4", "退出"};
@@ -44,7 +45,7 @@ class Frm客户跟进状态分析 : public Screen {
     Canvas Picture1{*this, "Picture1"};
     Grid 图例{*this, "图例", "<颜色|<状态名称        |>百分比 "};  ///< a row for each slice
     Frame 结果面板{*this, "结果面板"};
-    Grid MSFlexGrid1{*this, "MSFlexGrid1", resultFormat};
+    Grid MSFlexGrid1{结果面板, "MSFlexGrid1", resultFormat};
     StatusBar 状态栏{*this, "状态栏", 2};
 
   private:

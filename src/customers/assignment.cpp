@@ -7,6 +7,7 @@
 #include "customers/lead_tree.h"
 #include "customers/typed_day.h"
 #include "db/statement.h"
+#include "platform/clock.h"
 #include "session/coded_combo.h"
 #include "session/helpers.h"
 

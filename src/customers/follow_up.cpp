@@ -5,6 +5,7 @@
 #include "customers/typed_day.h"
 #include "db/recordset.h"
 #include "db/statement.h"
+#include "platform/clock.h"
 #include "session/coded_combo.h"
 #include "session/helpers.h"
 #include "ui/batch.h"
@@ -35,7 +36,7 @@ Frm客户跟进记录::Frm客户跟进记录(Application& app)
                        {"推荐楼层", "推荐楼层"},
                        {"中介公司", "中介公司名称"},
                        {"备    注", "备注"}}),
-      跟进列表(*this, "跟进列表",
+      跟进列表(情况页, "跟进列表",
                "序|<跟进日期  |<跟进人|<跟进情况                                            |<跟进状态|颜色|"
                "<预约日期  |"),
       日历(*this, app.desktop, "日历"),
@@ -44,12 +45,6 @@ Frm客户跟进记录::Frm客户跟进记录(Application& app)
     跟进列表.setColumnWidth(编号列, 0);
     跟进列表.setSelection(GridSelection::row);
     删除.setEnabled(false);
-
-    for (Control* part :
-         std::initializer_list<Control*>{&跟进日期, &跟进日期按钮, &跟进人员, &跟进状态, &颜色, &跟进情况,
-                                         &预约日期, &预约日期按钮, &新增, &确定, &删除, &退出})
-        part->setHolder(&记录页);
-    跟进列表.setHolder(&情况页);
 
     管理项目.selected += [this] { chooseOffice(); };
     客户.nodeClicked += [this](TreeNode& node) { selectCustomer(node); };

@@ -4,6 +4,7 @@
 
 #include "base/failure.h"
 #include "db/recordset.h"
+#include "platform/clock.h"
 #include "session/helpers.h"
 
 namespace desk {

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "customers/lead_tree.h"
 #include "db/statement.h"
+#include "platform/clock.h"
 #include "ui/batch.h"
 
 namespace desk {
@@ -55,14 +56,11 @@ bool 多选项目::choose(std::string_view text) {
     : 中介公司名称(screen, name + ".中介公司名称"),
       选择中介公司(screen, name + ".选择中介公司", "选择中介公司"),
       面板(screen, name + ".中介公司面板", "选择中介公司"),
-      列表(screen, name + ".中介公司列表", "序 |中介公司名称|"),
-      面板确定(screen, name + ".面板确定", "确定"),
-      面板关闭(screen, name + ".面板关闭", "关闭") {
+      列表(面板, name + ".中介公司列表", "序 |中介公司名称|"),
+      面板确定(面板, name + ".面板确定", "确定"),
+      面板关闭(面板, name + ".面板关闭", "关闭") {
     面板.setVisible(false);
     面板.setAnchor(&中介公司名称);
-    for (Control* part :
-         {static_cast<Control*>(&列表), static_cast<Control*>(&面板确定), static_cast<Control*>(&面板关闭)})
-        part->setHolder(&面板);
     列表.setColumnWidth(1, 4200);
     列表.setColumnWidth(2, 0);
     列表.setSelection(GridSelection::row);

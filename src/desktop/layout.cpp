@@ -1,5 +1,6 @@
 #include "desktop/layout.h"
 
+#include <QAbstractButton>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -25,6 +26,20 @@ QWidget* inBox(QBoxLayout::Direction direction, const std::vector<QWidget*>& par
     for (std::size_t i = 0; i < parts.size(); ++i)
         box->addWidget(parts[i], i < shares.size() ? shares[i] : 0);
     return whole;
+}
+
+/// Tells those who cannot see the caption what the fields behind it are.
+void name(QWidget* content, QLabel* label) {
+    const QString caption = label->text().remove(' ');
+    if (caption.isEmpty()) return;
+    const auto parts = content->findChildren<QWidget*>();
+    for (QWidget* part : QWidgetList{content} + parts) {
+        // A widget of a control has its name; a list that drops out of one has none.
+        if (part->objectName().isEmpty() || part->objectName().startsWith("qt_")) continue;
+        if (part->focusPolicy() == Qt::NoFocus || qobject_cast<QAbstractButton*>(part) != nullptr) continue;
+        if (part->accessibleName().isEmpty()) part->setAccessibleName(caption);
+        if (label->buddy() == nullptr) label->setBuddy(part);
+    }
 }
 
 bool growsDown(QWidget* widget) {
@@ -92,6 +107,7 @@ QWidget* fields(std::vector<Field> entries, int perLine) {
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         grid->addWidget(label, line, place * 2);
         QWidget* content = entry.widgets.size() == 1 ? entry.widgets.front() : columns(entry.widgets);
+        name(content, label);
         grid->addWidget(content, line, place * 2 + 1);
         grid->setColumnStretch(place * 2 + 1, 1);
         if (growsDown(content)) grid->setRowStretch(line, 1);

@@ -7,15 +7,7 @@
 #include <QLocale>
 #include <QTranslator>
 
-#include "analysis/excel_export.h"
-#include "analysis/status_analysis.h"
-#include "customers/assignment.h"
-#include "customers/follow_up.h"
-#include "customers/registration.h"
-#include "reference/agencies.h"
-#include "reference/customer_dictionaries.h"
-#include "reference/lead_settings.h"
-#include "reference/personnel.h"
+#include "desktop/screen_list.h"
 
 /// The pictures lie in a library, from which nothing is linked that nobody names.
 static void linkPictures() {
@@ -23,15 +15,6 @@ static void linkPictures() {
 }
 
 namespace desk::desktop {
-
-namespace {
-
-template <class S>
-void offer(Application& app) {
-    app.screens.offer(S::screenName, [&app] { return std::make_unique<S>(app); });
-}
-
-}  // namespace
 
 void dress() {
     linkPictures();
@@ -50,16 +33,8 @@ void dress() {
 }
 
 Program::Program() : app(desktop, Platform{clock, settings, files, programs, spreadsheets}) {
-    desktop.serve(app.screens);
-    offer<Frm引驻客户信息登记>(app);
-    offer<Frm客户跟进信息分配>(app);
-    offer<Frm客户跟进记录>(app);
-    offer<Frm客户跟进状态分析>(app);
-    offer<FrmToExcel>(app);
-    offer<Frm人员设置>(app);
-    offer<Frm中介公司设置>(app);
-    offer<Frm客户相关信息设置>(app);
-    offer<Frm引驻设置>(app);
+    desktop.serve(app.screens, layoutOf);
+    offerScreens(app);
 }
 
 }  // namespace desk::desktop

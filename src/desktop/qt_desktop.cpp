@@ -15,28 +15,30 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "base/failure.h"
 #include "desktop/binding.h"
 #include "desktop/canvas_binding.h"
-#include "desktop/layouts/layouts.h"
 #include "desktop/main_window_view.h"
 #include "desktop/screen_windows.h"
 
 namespace desk::desktop {
 
 QtDesktop::QtDesktop() {
-    // Not at once: Qt may still be inside an event of a window that has been closed by it.
-    edge().afterwards([this] {
-        if (!closed_.empty()) QTimer::singleShot(0, qApp, [this] { dropClosed(); });
-    });
+    edge().afterwards([this] { dropLater(); });
 }
 
 QtDesktop::~QtDesktop() {
-    for (const auto& [screen, window] : windows_) delete window;
+    edge().afterwards({});
     dropClosed();
+    // The children first: the main window would take them with it.
+    for (const auto& [screen, window] : windows_)
+        if (window != main_) delete window;
+    delete main_;
 }
 
-void QtDesktop::serve(Screens& screens) {
+void QtDesktop::serve(Screens& screens, LayoutOf layoutOf) {
     screens_ = &screens;
+    layoutOf_ = layoutOf;
 }
 
 QWidget* QtDesktop::windowOf(Screen& screen) {
@@ -45,10 +47,10 @@ QWidget* QtDesktop::windowOf(Screen& screen) {
 }
 
 QWidget* QtDesktop::makeWindow(Screen& screen) {
-    if (auto* main = dynamic_cast<MDIForm1*>(&screen)) return main_ = new MainWindowView(*main);
+    if (screen.kind() == WindowKind::main) return main_ = new MainWindowView(static_cast<MDIForm1&>(screen));
     if (screen.kind() == WindowKind::child && main_ != nullptr)
-        return new ChildWindow(*screens_, screen, layoutOf(screen), main_->area());
-    return new DialogWindow(*screens_, screen, layoutOf(screen));
+        return new ChildWindow(*screens_, screen, layoutOf_(screen), main_->area());
+    return new DialogWindow(*screens_, screen, layoutOf_(screen));
 }
 
 void QtDesktop::show(Screen& screen) {
@@ -62,16 +64,17 @@ void QtDesktop::show(Screen& screen) {
 }
 
 void QtDesktop::showModally(Screen& screen) {
-    QWidget* window = windowOf(screen);
-    if (window == nullptr) window = windows_[&screen] = new DialogWindow(*screens_, screen, layoutOf(screen));
+    if (windowOf(screen) != nullptr) throw RuntimeFailure(400, "窗体已显示；不能显示为模态");
+    if (!screen.isThere()) return;
+    QWidget* window = windows_[&screen] = new DialogWindow(*screens_, screen, layoutOf_(screen));
     window->setWindowModality(Qt::ApplicationModal);
     if (main_ != nullptr && (screen.left() != 0 || screen.top() != 0))
         window->move(main_->mapToGlobal(QPoint(pixels(screen.left()), pixels(screen.top()))));
+    QEventLoop waiting;
+    follow(&waiting, screen.gone, [&waiting] { waiting.quit(); });
     window->show();
     bringToFront(screen);
-    QEventLoop waiting;
-    follow(&waiting, static_cast<DialogWindow*>(window)->closed, [&waiting] { waiting.quit(); });
-    waiting.exec();
+    if (screen.isThere()) waiting.exec();
 }
 
 void QtDesktop::bringToFront(Screen& screen) {
@@ -81,6 +84,7 @@ void QtDesktop::bringToFront(Screen& screen) {
         child->bringToFront();
         return;
     }
+    if (window->isMinimized()) window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
     window->raise();
     window->activateWindow();
     screens_->activated(screen);
@@ -91,17 +95,24 @@ void QtDesktop::close(Screen& screen) {
     if (found == windows_.end()) return;
     QWidget* window = found->second;
     windows_.erase(found);
+    if (window == main_) main_ = nullptr;
     window->hide();
     // One of its own handlers may be running: it goes when none does.
     closed_.push_back(window);
-    if (auto* dialog = dynamic_cast<DialogWindow*>(window)) dialog->closed();
+}
+
+void QtDesktop::dropLater() {
+    // Not at once: Qt may still be inside an event of a window that has been closed by it.
+    if (!closed_.empty() || (screens_ != nullptr && screens_->hasUnloaded()))
+        QTimer::singleShot(0, &alive_, [this] {
+            if (edge().isInside()) return;
+            dropClosed();
+            screens_->dropUnloaded();
+        });
 }
 
 void QtDesktop::dropClosed() {
-    if (edge().isInside()) return;
-    for (QWidget* window : closed_) delete window;
-    closed_.clear();
-    if (screens_ != nullptr) screens_->dropUnloaded();
+    for (const auto& window : std::exchange(closed_, {})) delete window;
 }
 
 Answer QtDesktop::messageBox(const Message& message) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QObject>
+#include <QPointer>
 #include <map>
 #include <memory>
 #include <vector>
@@ -20,13 +22,17 @@ class QtDesktop : public Desktop {
     QtDesktop();
     ~QtDesktop() override;
 
-    /// The screens that are shown; to be told once, before the first is.
-    void serve(Screens& screens);
+    /// The content of a screen's window.
+    using LayoutOf = QWidget* (*)(Screen&);
+
+    /// The screens that are shown, and what their windows hold; to be told once, before the first is.
+    void serve(Screens& screens, LayoutOf layoutOf);
 
     void show(Screen& screen) override;
     void showModally(Screen& screen) override;
     void bringToFront(Screen& screen) override;
     void close(Screen& screen) override;
+    void dropClosed() override;
     Answer messageBox(const Message& message) override;
     std::optional<Colour> chooseColour(Colour present) override;
     std::optional<std::string> chooseFile(const FileQuestion& question) override;
@@ -41,12 +47,14 @@ class QtDesktop : public Desktop {
   private:
     QWidget* windowOf(Screen& screen);
     QWidget* makeWindow(Screen& screen);
-    void dropClosed();
+    void dropLater();
 
     Screens* screens_ = nullptr;
+    LayoutOf layoutOf_ = nullptr;
     MainWindowView* main_ = nullptr;
     std::map<Screen*, QWidget*> windows_;
-    std::vector<QWidget*> closed_;
+    std::vector<QPointer<QWidget>> closed_;  ///< a main window takes its children with it
+    QObject alive_;                          ///< what is put off for later is dropped with it
     std::unique_ptr<QProgressDialog> progress_;
 };
 

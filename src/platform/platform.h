@@ -1,12 +1,12 @@
 #pragma once
 
-#include "platform/clock.h"
-#include "platform/files.h"
-#include "platform/programs.h"
-#include "platform/settings.h"
-#include "platform/spreadsheets.h"
-
 namespace desk {
+
+class Clock;
+class Files;
+class Programs;
+class SettingsStore;
+class Spreadsheets;
 
 /// What the program needs of the machine. Each member is the real one or a recording twin.
 struct Platform {

@@ -21,17 +21,15 @@ const CodedKind 组种类{
 CodedTab::CodedTab(Screen& screen, Application& app, SetupStatus& status, const CodedKind& of)
     : kind(of),
       框(screen, kind.frame),
-      列表(screen, kind.grid, kind.gridFormat),
-      代号(screen, kind.code),
-      名称(screen, kind.named),
-      说明(screen, kind.note),
-      确定(screen, fmt::format("{}.确定", kind.title), "确定"),
-      删除(screen, fmt::format("{}.删除", kind.title), "删除"),
-      退出(screen, fmt::format("{}.退出", kind.title), "退出"),
+      列表(框, kind.grid, kind.gridFormat),
+      代号(框, kind.code),
+      名称(框, kind.named),
+      说明(框, kind.note),
+      确定(框, fmt::format("{}.确定", kind.title), "确定"),
+      删除(框, fmt::format("{}.删除", kind.title), "删除"),
+      退出(框, fmt::format("{}.退出", kind.title), "退出"),
       app_(app),
       status_(status) {
-    for (Control* part : std::initializer_list<Control*>{&列表, &代号, &名称, &说明, &确定, &删除, &退出})
-        part->setHolder(&框);
     列表.clicked += [this] { showEntry(); };
     确定.clicked += [this] { save(); };
     删除.clicked += [this] { remove(); };

@@ -51,18 +51,16 @@ DictionaryTab::DictionaryTab(Screen& screen, Application& app, SetupStatus& stat
                              const DictionaryKind& dictionary)
     : kind(dictionary),
       框(screen, nameOf(kind, "框")),
-      列表(screen, nameOf(kind, "列表"),
+      列表(框, nameOf(kind, "列表"),
            fmt::format("<序  |<{}                    |<说明                                        ",
                        kind.nameColumn)),
-      名称(screen, nameOf(kind, "名称")),
-      说明(screen, nameOf(kind, "说明")),
-      确定(screen, nameOf(kind, "确定"), "确定"),
-      删除(screen, nameOf(kind, "删除"), "删除"),
-      退出(screen, nameOf(kind, "退出"), "退出"),
+      名称(框, nameOf(kind, "名称")),
+      说明(框, nameOf(kind, "说明")),
+      确定(框, nameOf(kind, "确定"), "确定"),
+      删除(框, nameOf(kind, "删除"), "删除"),
+      退出(框, nameOf(kind, "退出"), "退出"),
       app_(app),
       status_(status) {
-    for (Control* part : std::initializer_list<Control*>{&列表, &名称, &说明, &确定, &删除, &退出})
-        part->setHolder(&框);
     列表.clicked += [this] { showEntry(); };
     确定.clicked += [this] { save(); };
     删除.clicked += [this] { remove(); };

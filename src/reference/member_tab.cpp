@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "db/statement.h"
+#include "platform/clock.h"
 #include "reference/department_tree.h"
 #include "session/coded_combo.h"
 #include "session/helpers.h"
@@ -20,23 +21,20 @@ constexpr const char* teamLetter = "Z";
 
 MemberTab::MemberTab(Screen& screen, Application& app, SetupStatus& status)
     : Frame3(screen, "Frame3"),
-      TreeView1(screen, "TreeView1"),
-      MSFlexGrid3(screen, "MSFlexGrid3",
+      TreeView1(Frame3, "TreeView1"),
+      MSFlexGrid3(Frame3, "MSFlexGrid3",
                   "<序|<姓名         |<岗位        |<对应主职    |<设置日期    |<备注             |", 工号列),
-      Text7(screen, "Text7"),
-      选择员工(screen, "选择员工", "…"),
-      Combo1(screen, "Combo1"),
-      DTPicker1(screen, "DTPicker1"),
-      Text8(screen, "Text8"),
-      TreeView2(screen, "TreeView2"),
-      确定(screen, "人员设置.确定", "确定"),
-      删除(screen, "人员设置.删除", "删除"),
-      退出(screen, "人员设置.退出", "退出"),
+      Text7(Frame3, "Text7"),
+      选择员工(Frame3, "选择员工", "…"),
+      Combo1(Frame3, "Combo1"),
+      DTPicker1(Frame3, "DTPicker1"),
+      Text8(Frame3, "Text8"),
+      TreeView2(Frame3, "TreeView2"),
+      确定(Frame3, "人员设置.确定", "确定"),
+      删除(Frame3, "人员设置.删除", "删除"),
+      退出(Frame3, "人员设置.退出", "退出"),
       app_(app),
       status_(status) {
-    for (Control* part : std::initializer_list<Control*>{&TreeView1, &MSFlexGrid3, &Text7, &选择员工, &Combo1,
-                                                         &DTPicker1, &Text8, &TreeView2, &确定, &删除, &退出})
-        part->setHolder(&Frame3);
     MSFlexGrid3.setColumnWidth(工号列, 0);
     // A typed name would leave the staff number behind it unknown.
     Text7.setLocked(true);

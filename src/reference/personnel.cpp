@@ -9,10 +9,9 @@ Frm人员设置::Frm人员设置(Application& app)
       app_(app),
       主职(*this, app, status_, 主职种类),
       组(*this, app, status_, 组种类),
-      组管理处(*this, app, 组.列表),
+      组管理处(组.框, app, 组.列表),
       人员(*this, app, status_),
       pages_(页签, status_, {{主职.框, 主职.列表}, {组.框, 组.列表}, {人员.Frame3, 人员.MSFlexGrid3}}) {
-    组管理处.TreeView3.setHolder(&组.框);
     组.列表.clicked += [this] { 组管理处.showCurrent(); };
     主职.written += [this] { 人员.fillDuties(主职.entries()); };
     组.written += [this] {

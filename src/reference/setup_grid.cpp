@@ -8,8 +8,8 @@ namespace {
 constexpr const char* marker = "→";
 }
 
-SetupGrid::SetupGrid(Screen& screen, std::string name, std::string_view format, int keyColumn)
-    : Grid(screen, std::move(name), format), keyColumn_(keyColumn) {
+SetupGrid::SetupGrid(Place place, std::string name, std::string_view format, int keyColumn)
+    : Grid(place, std::move(name), format), keyColumn_(keyColumn) {
     setSelection(GridSelection::row);
     addRow();
     goToLast();

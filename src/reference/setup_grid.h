@@ -15,7 +15,7 @@ namespace desk {
 class SetupGrid : public Grid {
   public:
     /// `keyColumn` is the column that is empty in a blank row and names the entry in any other.
-    SetupGrid(Screen& screen, std::string name, std::string_view format, int keyColumn = 1);
+    SetupGrid(Place place, std::string name, std::string_view format, int keyColumn = 1);
 
     /// The key of the current row, empty where that is blank.
     std::string key() const;

@@ -12,21 +12,18 @@ enum Column { 编号列 = 1, 名称列, 颜色列, 说明列 };
 
 StateTab::StateTab(Screen& screen, Application& app, SetupStatus& status)
     : 框(screen, "跟进状态设置.框"),
-      列表(screen, "跟进状态设置.列表",
+      列表(框, "跟进状态设置.列表",
            "<序  |<状态编号  |<状态名称            |<颜色      |<说明                            "),
-      状态编号(screen, "状态编号"),
-      状态名称(screen, "状态名称"),
-      说明(screen, "跟进状态设置.说明"),
-      颜色(screen, "颜色"),
-      选择颜色(screen, "选择颜色", "选择颜色"),
-      确定(screen, "跟进状态设置.确定", "确定"),
-      删除(screen, "跟进状态设置.删除", "删除"),
-      退出(screen, "跟进状态设置.退出", "退出"),
+      状态编号(框, "状态编号"),
+      状态名称(框, "状态名称"),
+      说明(框, "跟进状态设置.说明"),
+      颜色(框, "颜色"),
+      选择颜色(框, "选择颜色", "选择颜色"),
+      确定(框, "跟进状态设置.确定", "确定"),
+      删除(框, "跟进状态设置.删除", "删除"),
+      退出(框, "跟进状态设置.退出", "退出"),
       app_(app),
       status_(status) {
-    for (Control* part : std::initializer_list<Control*>{&列表, &状态编号, &状态名称, &说明, &颜色, &选择颜色,
-                                                         &确定, &删除, &退出})
-        part->setHolder(&框);
     列表.clicked += [this] { showEntry(); };
     选择颜色.clicked += [this] { chooseColour(); };
     确定.clicked += [this] { save(); };

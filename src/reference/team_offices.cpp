@@ -4,12 +4,13 @@
 #include "base/text.h"
 #include "db/recordset.h"
 #include "db/statement.h"
+#include "platform/clock.h"
 #include "session/helpers.h"
 
 namespace desk {
 
-TeamOffices::TeamOffices(Screen& screen, Application& app, SetupGrid& teams)
-    : TreeView3(screen, "TreeView3", Tree::Style::checkBoxes), app_(app), teams_(teams) {
+TeamOffices::TeamOffices(Place place, Application& app, SetupGrid& teams)
+    : TreeView3(place, "TreeView3", Tree::Style::checkBoxes), app_(app), teams_(teams) {
     TreeView3.nodeChecked += [this](TreeNode& office) { change(office, office.checked()); };
 }
 

@@ -12,7 +12,7 @@ namespace desk {
 class TeamOffices {
   public:
     /// `teams` has the team as its current row.
-    TeamOffices(Screen& screen, Application& app, SetupGrid& teams);
+    TeamOffices(Place place, Application& app, SetupGrid& teams);
     TeamOffices(const TeamOffices&) = delete;
     TeamOffices& operator=(const TeamOffices&) = delete;
 

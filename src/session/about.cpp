@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "platform/files.h"
+#include "platform/settings.h"
 #include "session/helpers.h"
 
 namespace desk {

@@ -1,19 +1,12 @@
 #include "session/application.h"
 
-#include "session/about.h"
-#include "session/background.h"
 #include "session/login.h"
-#include "session/main_window.h"
+#include "ui/desktop.h"
 
 namespace desk {
 
 Application::Application(Desktop& shownBy, Platform runsOn)
-    : desktop(shownBy), platform(runsOn), screens(shownBy) {
-    screens.offer(FrmLogin::screenName, [this] { return std::make_unique<FrmLogin>(*this); });
-    screens.offer(MDIForm1::screenName, [this] { return std::make_unique<MDIForm1>(*this); });
-    screens.offer(Frmtu::screenName, [this] { return std::make_unique<Frmtu>(*this); });
-    screens.offer(FrmAbout::screenName, [this] { return std::make_unique<FrmAbout>(*this); });
-}
+    : desktop(shownBy), platform(runsOn), screens(shownBy) {}
 
 void Application::start(std::string commandLine) {
     命令行参数 = std::move(commandLine);

@@ -1,5 +1,6 @@
 #include "session/background.h"
 
+#include "platform/files.h"
 #include "session/main_window.h"
 
 namespace desk {

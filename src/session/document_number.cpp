@@ -4,6 +4,7 @@
 #include "base/number.h"
 #include "db/recordset.h"
 #include "db/statement.h"
+#include "platform/clock.h"
 #include "session/application.h"
 
 namespace desk {

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "db/recordset.h"
 #include "db/statement.h"
+#include "platform/settings.h"
 #include "session/main_connection.h"
 #include "session/main_window.h"
 #include "ui/batch.h"

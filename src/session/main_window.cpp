@@ -9,6 +9,8 @@
 #include "base/text.h"
 #include "db/recordset.h"
 #include "db/statement.h"
+#include "platform/files.h"
+#include "platform/programs.h"
 #include "session/about.h"
 #include "session/background.h"
 #include "session/helpers.h"
@@ -63,9 +65,17 @@ void MDIForm1::addScreenMenu(const char* top,
     MenuEntry& menu = add(top);
     for (const auto& [caption, screen] : entries) {
         MenuEntry& entry = add(caption, &menu);
-        if (screen != nullptr)
-            entry.clicked += [this, caption = caption, screen = screen] { openScreen(caption, screen); };
+        if (screen != nullptr) openOnClick(entry, screen);
     }
+}
+
+void MDIForm1::openOnClick(MenuEntry& entry, const char* screen) {
+    entry.tag = screen;
+    entry.clicked += [this, &entry] {
+        if (!app_.screens.offers(entry.tag))
+            return app_.inform(fmt::format("“{}”尚未启用。", entry.caption()));
+        app_.screens.open(entry.tag);
+    };
 }
 
 void MDIForm1::addOwnMenus() {
@@ -74,7 +84,7 @@ void MDIForm1::addOwnMenus() {
     add("退出", &leaving).clicked += [this] { app_.desktop.endProcess(); };
     add("注销", &leaving).clicked += [this] { logOff(); };
     MenuEntry& about = add("关于");
-    add("关于我们", &about).clicked += [this] { app_.screens.open(FrmAbout::screenName); };
+    openOnClick(add("关于我们", &about), FrmAbout::screenName);
     add("联系我们", &about).clicked += [this] { contactUs(); };
 }
 
@@ -113,11 +123,6 @@ void MDIForm1::权限设置(const std::string& 模块) {
         app_.inform(fmt::format("错误号：{}\r\n错误描述：{}", failure.number(), failure.description()),
                     "提示");
     }
-}
-
-void MDIForm1::openScreen(const char* caption, const char* screen) {
-    if (!app_.screens.offers(screen)) return app_.inform(fmt::format("“{}”尚未启用。", caption));
-    app_.screens.open(screen);
 }
 
 void MDIForm1::switchModule() {

@@ -25,6 +25,7 @@ class MDIForm1 : public Screen {
 
     /// The entry of that caption, null without one; the first if several have it.
     MenuEntry* entry(std::string_view caption);
+    /// The tag of an entry that opens a screen is the screen's name.
     const std::deque<MenuEntry>& entries() const { return entries_; }
 
     Canvas Picture1{*this, "Picture1"};  ///< the banner along the top
@@ -38,7 +39,7 @@ class MDIForm1 : public Screen {
     MenuEntry& add(const char* caption, MenuEntry* parent = nullptr);
     void addScreenMenu(const char* top, std::initializer_list<std::pair<const char*, const char*>> entries);
     void addOwnMenus();
-    void openScreen(const char* caption, const char* screen);
+    void openOnClick(MenuEntry& entry, const char* screen);
     void switchModule();
     void logOff();
     void leaveMultiModule();

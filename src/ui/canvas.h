@@ -1,38 +1,15 @@
 #pragma once
 
-#include <cstdint>
-#include <vector>
-
-#include "ui/colour.h"
 #include "ui/control.h"
+#include "ui/picture.h"
 
 namespace desk {
-
-/// Pixels in rows from the top, each 0xFFrrggbb.
-struct Picture {
-    int width = 0;
-    int height = 0;
-    std::vector<std::uint32_t> pixels;
-
-    Picture() = default;
-    Picture(int w, int h, Colour fill = windowColour);
-
-    bool empty() const { return pixels.empty(); }
-    void set(int x, int y, Colour colour);  ///< nothing outside the picture
-    Colour at(int x, int y) const;          ///< -1 outside the picture
-    void line(double x0, double y0, double x1, double y1, Colour colour);
-    /// Copies the rectangle of `source` at (sourceX, sourceY) to (x, y), what lies outside either picture
-    /// left out.
-    void copy(const Picture& source, int sourceX, int sourceY, int w, int h, int x, int y);
-    /// `source` stretched over this whole picture.
-    void stretch(const Picture& source);
-};
 
 /// An area to draw on. What is drawn lies in a picture of as many pixels as the area has on the screen; the
 /// numbers of the calls are twips.
 class Canvas : public Control {
   public:
-    Canvas(Screen& screen, std::string name);
+    Canvas(Place place, std::string name);
 
     double width() const { return width_; }    ///< twips
     double height() const { return height_; }  ///< twips

@@ -42,7 +42,7 @@ void ItemHolder::tellItemsChanged() {
     if (updating_ == 0) itemsChanged();
 }
 
-ComboBox::ComboBox(Screen& screen, std::string name) : ItemHolder(screen, std::move(name)) {}
+ComboBox::ComboBox(Place place, std::string name) : ItemHolder(place, std::move(name)) {}
 
 void ComboBox::setIndex(int index) {
     if (index < -1 || index >= count()) throw RuntimeFailure(invalidProperty, "无效的属性值");
@@ -74,8 +74,8 @@ void ComboBox::pick(int index) {
         setIndex(index);
 }
 
-ListBox::ListBox(Screen& screen, std::string name, ListStyle style)
-    : ItemHolder(screen, std::move(name)), style_(style) {}
+ListBox::ListBox(Place place, std::string name, ListStyle style)
+    : ItemHolder(place, std::move(name)), style_(style) {}
 
 bool ListBox::isSelected(int line) const {
     return line >= 0 && line < static_cast<int>(selected_.size()) &&
@@ -119,8 +119,8 @@ void ListBox::doubleClick(int line) {
     if (usable() && has(items_, line)) doubleClicked(line);
 }
 
-TabStrip::TabStrip(Screen& screen, std::string name, std::vector<std::string> titles)
-    : Control(screen, std::move(name)), titles_(std::move(titles)) {}
+TabStrip::TabStrip(Place place, std::string name, std::vector<std::string> titles)
+    : Control(place, std::move(name)), titles_(std::move(titles)) {}
 
 void TabStrip::setIndex(int index) {
     if (index < 0 || index >= static_cast<int>(titles_.size()))
@@ -132,8 +132,8 @@ void TabStrip::click(int index) {
     if (usable()) setIndex(index);
 }
 
-StatusBar::StatusBar(Screen& screen, std::string name, int panels)
-    : Control(screen, std::move(name)), panels_(static_cast<std::size_t>(panels)) {}
+StatusBar::StatusBar(Place place, std::string name, int panels)
+    : Control(place, std::move(name)), panels_(static_cast<std::size_t>(panels)) {}
 
 void StatusBar::setPanel(int index, std::string_view text) {
     set(panels_.at(static_cast<std::size_t>(index)), text);

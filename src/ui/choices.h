@@ -50,7 +50,7 @@ class ItemHolder : public Control {
 /// it.
 class ComboBox : public ItemHolder {
   public:
-    ComboBox(Screen& screen, std::string name);
+    ComboBox(Place place, std::string name);
 
     /// -1 = none.
     int index() const { return index_; }
@@ -80,7 +80,7 @@ enum class ListStyle { single, multiple };
 
 class ListBox : public ItemHolder {
   public:
-    ListBox(Screen& screen, std::string name, ListStyle style = ListStyle::single);
+    ListBox(Place place, std::string name, ListStyle style = ListStyle::single);
 
     ListStyle style() const { return style_; }
     bool isSelected(int line) const;
@@ -109,7 +109,7 @@ class ListBox : public ItemHolder {
 /// Titles of which one is current. A new current tab raises `selected`.
 class TabStrip : public Control {
   public:
-    TabStrip(Screen& screen, std::string name, std::vector<std::string> titles);
+    TabStrip(Place place, std::string name, std::vector<std::string> titles);
 
     const std::vector<std::string>& titles() const { return titles_; }
     int index() const { return index_; }
@@ -128,7 +128,7 @@ class TabStrip : public Control {
 /// The line at a screen's foot, in panels.
 class StatusBar : public Control {
   public:
-    StatusBar(Screen& screen, std::string name, int panels);
+    StatusBar(Place place, std::string name, int panels);
 
     int panelCount() const { return static_cast<int>(panels_.size()); }
     /// Panels are counted from 0.

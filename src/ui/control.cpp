@@ -1,11 +1,26 @@
 #include "ui/control.h"
 
+#include <algorithm>
+
 #include "ui/screen.h"
 
 namespace desk {
 
-Control::Control(Screen& screen, std::string name) : screen_(screen), name_(std::move(name)) {
-    screen.controls_.push_back(this);
+Place::Place(const Control& frame) : screen(frame.screen()), holder(&frame) {}
+
+Control::Control(Place place, std::string name)
+    : screen_(place.screen), name_(std::move(name)), holder_(place.holder) {
+    screen_.controls_.push_back(this);
+}
+
+Control::~Control() {
+    auto& others = screen_.controls_;
+    others.erase(std::find(others.begin(), others.end(), this));
+    for (Control* other : others) {
+        if (other->holder_ == this) other->holder_ = nullptr;
+        if (other->anchor_ == this) other->anchor_ = nullptr;
+    }
+    gone();
 }
 
 bool Control::usable() const {

@@ -7,16 +7,27 @@
 
 namespace desk {
 
+class Control;
 class Screen;
+
+/// Where a control lies: on the screen itself, or in a frame on it.
+struct Place {
+    Place(Screen& on) : screen(on) {}
+    Place(const Control& frame);
+
+    Screen& screen;
+    const Control* holder = nullptr;
+};
 
 /// What every control has. Controls are plain objects without a toolkit: screens read and write their
 /// properties, people (or tests) act on them through the same calls, and whoever shows them listens to
-/// `touched`.
+/// `touched`. A control may come and go while its screen lives.
 class Control {
   public:
-    /// Registers itself with `screen` under `name`, the name that tests and tours find it by.
-    Control(Screen& screen, std::string name);
-    virtual ~Control() = default;
+    /// Registers itself with the screen under `name`, the name that tests and tours find it by.
+    Control(Place place, std::string name);
+    /// Leaves the screen, and tells whoever shows it.
+    virtual ~Control();
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
 
@@ -31,9 +42,8 @@ class Control {
     bool usable() const;
     /// The frame that holds this control, null when it lies on the screen itself.
     const Control* holder() const { return holder_; }
-    void setHolder(const Control* holder) { set(holder_, holder); }
 
-    /// The control at whose lower edge a floating control (a drop-down calendar, its button) lies; null for a
+    /// The control at whose lower edge a floating control (a panel, a button inside a field) lies; null for a
     /// control with a place of its own.
     const Control* anchor() const { return anchor_; }
     void setAnchor(const Control* anchor) { set(anchor_, anchor); }
@@ -46,6 +56,7 @@ class Control {
     Signal<> touched;     ///< a property has a new value
     Signal<> focusAsked;  ///< the screen wants the focus here
     Signal<> focused;     ///< the focus has come here
+    Signal<> gone;        ///< it is being destroyed: nothing of it may be used any more
 
   protected:
     /// Gives `property` a new value and tells observers; false when it had that value already.
@@ -62,7 +73,7 @@ class Control {
     std::string name_;
     bool enabled_ = true;
     bool visible_ = true;
-    const Control* holder_ = nullptr;
+    const Control* holder_;
     const Control* anchor_ = nullptr;
 };
 

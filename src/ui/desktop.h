@@ -5,12 +5,12 @@
 #include <string_view>
 
 #include "base/date.h"
-#include "ui/canvas.h"
 #include "ui/colour.h"
 
 namespace desk {
 
 class Screen;
+struct Picture;
 
 enum class Buttons { ok, yesNo };
 enum class Icon { none, information, question, warning };
@@ -40,11 +40,14 @@ class Desktop {
 
     /// Shows the screen's window without waiting; nothing if it is shown already.
     virtual void show(Screen& screen) = 0;
-    /// Shows the screen's window and returns when the screen has been unloaded.
+    /// Shows the screen's window and returns when the screen has been unloaded. Fails with 400 if it is shown
+    /// already.
     virtual void showModally(Screen& screen) = 0;
     virtual void bringToFront(Screen& screen) = 0;
     /// Takes the window away; the screen is about to go.
     virtual void close(Screen& screen) = 0;
+    /// Destroys the windows that were taken away; no handler runs.
+    virtual void dropClosed() {}
 
     virtual Answer messageBox(const Message& message) = 0;
     /// Nothing when the person cancels.

@@ -2,15 +2,15 @@
 
 namespace desk {
 
-Label::Label(Screen& screen, std::string name, std::string caption)
-    : Control(screen, std::move(name)), caption_(std::move(caption)) {}
+Label::Label(Place place, std::string name, std::string caption)
+    : Control(place, std::move(name)), caption_(std::move(caption)) {}
 
 void Label::click() {
     if (usable()) clicked();
 }
 
-TextBox::TextBox(Screen& screen, std::string name, TextStyle style)
-    : Control(screen, std::move(name)), style_(style) {}
+TextBox::TextBox(Place place, std::string name, TextStyle style)
+    : Control(place, std::move(name)), style_(style) {}
 
 void TextBox::setText(std::string_view text) {
     if (set(text_, text)) changed();
@@ -24,15 +24,15 @@ void TextBox::pressEnter() {
     if (usable()) entered();
 }
 
-Button::Button(Screen& screen, std::string name, std::string caption)
-    : Control(screen, std::move(name)), caption_(std::move(caption)) {}
+Button::Button(Place place, std::string name, std::string caption)
+    : Control(place, std::move(name)), caption_(std::move(caption)) {}
 
 void Button::click() {
     if (usable()) clicked();
 }
 
-CheckBox::CheckBox(Screen& screen, std::string name, std::string caption)
-    : Control(screen, std::move(name)), caption_(std::move(caption)) {}
+CheckBox::CheckBox(Place place, std::string name, std::string caption)
+    : Control(place, std::move(name)), caption_(std::move(caption)) {}
 
 void CheckBox::setChecked(bool checked) {
     if (set(checked_, checked)) clicked();
@@ -42,11 +42,17 @@ void CheckBox::click() {
     if (usable()) setChecked(!checked_);
 }
 
-OptionButton::OptionButton(Screen& screen, std::string name, std::string caption, OptionButton* first)
-    : Control(screen, std::move(name)), caption_(std::move(caption)), next_(this) {
+OptionButton::OptionButton(Place place, std::string name, std::string caption, OptionButton* first)
+    : Control(place, std::move(name)), caption_(std::move(caption)), next_(this) {
     if (first == nullptr) return;
     next_ = first->next_;
     first->next_ = this;
+}
+
+OptionButton::~OptionButton() {
+    OptionButton* before = this;
+    while (before->next_ != this) before = before->next_;
+    before->next_ = next_;
 }
 
 void OptionButton::choose() {
@@ -60,7 +66,7 @@ void OptionButton::click() {
     if (usable()) choose();
 }
 
-DatePicker::DatePicker(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+DatePicker::DatePicker(Place place, std::string name) : Control(place, std::move(name)) {}
 
 void DatePicker::setValue(const DateTime& value) {
     if (set(value_, value.dayOnly())) changed();
@@ -70,7 +76,7 @@ void DatePicker::pick(const DateTime& value) {
     if (usable()) setValue(value);
 }
 
-MonthCalendar::MonthCalendar(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+MonthCalendar::MonthCalendar(Place place, std::string name) : Control(place, std::move(name)) {}
 
 void MonthCalendar::clickDay(const DateTime& day) {
     if (!usable()) return;
@@ -78,12 +84,12 @@ void MonthCalendar::clickDay(const DateTime& day) {
     dayClicked(day.dayOnly());
 }
 
-Swatch::Swatch(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+Swatch::Swatch(Place place, std::string name) : Control(place, std::move(name)) {}
 
-Frame::Frame(Screen& screen, std::string name, std::string caption)
-    : Control(screen, std::move(name)), caption_(std::move(caption)) {}
+Frame::Frame(Place place, std::string name, std::string caption)
+    : Control(place, std::move(name)), caption_(std::move(caption)) {}
 
-Timer::Timer(Screen& screen, std::string name, int milliseconds)
-    : Control(screen, std::move(name)), interval_(milliseconds) {}
+Timer::Timer(Place place, std::string name, int milliseconds)
+    : Control(place, std::move(name)), interval_(milliseconds) {}
 
 }  // namespace desk

@@ -12,7 +12,7 @@ namespace desk {
 /// A fixed or changing text.
 class Label : public Control {
   public:
-    Label(Screen& screen, std::string name, std::string caption = {});
+    Label(Place place, std::string name, std::string caption = {});
 
     const std::string& caption() const { return caption_; }
     void setCaption(std::string_view caption) { set(caption_, caption); }
@@ -32,7 +32,7 @@ enum class TextStyle { line, paragraph, password };
 /// A text that a person types. A new text raises `changed`, whoever set it.
 class TextBox : public Control {
   public:
-    TextBox(Screen& screen, std::string name, TextStyle style = TextStyle::line);
+    TextBox(Place place, std::string name, TextStyle style = TextStyle::line);
 
     TextStyle style() const { return style_; }
     const std::string& text() const { return text_; }
@@ -60,7 +60,7 @@ class TextBox : public Control {
 
 class Button : public Control {
   public:
-    Button(Screen& screen, std::string name, std::string caption);
+    Button(Place place, std::string name, std::string caption);
 
     const std::string& caption() const { return caption_; }
     void setCaption(std::string_view caption) { set(caption_, caption); }
@@ -77,7 +77,7 @@ class Button : public Control {
 /// A box that is ticked or not. A new state raises `clicked`, whoever set it.
 class CheckBox : public Control {
   public:
-    CheckBox(Screen& screen, std::string name, std::string caption);
+    CheckBox(Place place, std::string name, std::string caption);
 
     const std::string& caption() const { return caption_; }
     bool checked() const { return checked_; }
@@ -97,7 +97,8 @@ class CheckBox : public Control {
 class OptionButton : public Control {
   public:
     /// Joins the group of `first`, or starts one when it is null.
-    OptionButton(Screen& screen, std::string name, std::string caption, OptionButton* first = nullptr);
+    OptionButton(Place place, std::string name, std::string caption, OptionButton* first = nullptr);
+    ~OptionButton() override;
 
     const std::string& caption() const { return caption_; }
     bool chosen() const { return chosen_; }
@@ -117,7 +118,7 @@ class OptionButton : public Control {
 /// A day that is always there.
 class DatePicker : public Control {
   public:
-    DatePicker(Screen& screen, std::string name);
+    DatePicker(Place place, std::string name);
 
     const DateTime& value() const { return value_; }
     /// The time of day is dropped.
@@ -135,7 +136,7 @@ class DatePicker : public Control {
 /// A month's days, one of which can be clicked.
 class MonthCalendar : public Control {
   public:
-    MonthCalendar(Screen& screen, std::string name);
+    MonthCalendar(Place place, std::string name);
 
     const DateTime& value() const { return value_; }
     void setValue(const DateTime& value) { set(value_, value.dayOnly()); }
@@ -152,7 +153,7 @@ class MonthCalendar : public Control {
 /// A coloured area.
 class Swatch : public Control {
   public:
-    Swatch(Screen& screen, std::string name);
+    Swatch(Place place, std::string name);
 
     Colour colour() const { return colour_; }
     void setColour(Colour colour) { set(colour_, colour); }
@@ -164,7 +165,7 @@ class Swatch : public Control {
 /// A part of a screen that is shown, hidden, enabled or disabled as a whole.
 class Frame : public Control {
   public:
-    Frame(Screen& screen, std::string name, std::string caption = {});
+    Frame(Place place, std::string name, std::string caption = {});
 
     const std::string& caption() const { return caption_; }
     void setCaption(std::string_view caption) { set(caption_, caption); }
@@ -176,7 +177,7 @@ class Frame : public Control {
 /// A tick that comes again and again. Whoever shows the screen runs it while it is enabled.
 class Timer : public Control {
   public:
-    Timer(Screen& screen, std::string name, int milliseconds);
+    Timer(Place place, std::string name, int milliseconds);
 
     int interval() const { return interval_; }
 

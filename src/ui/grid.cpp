@@ -30,7 +30,7 @@ int placesOf(std::string_view text) {
 
 }  // namespace
 
-Grid::Grid(Screen& screen, std::string name, std::string_view format) : Control(screen, std::move(name)) {
+Grid::Grid(Place place, std::string name, std::string_view format) : Control(place, std::move(name)) {
     rows_.resize(1);
     if (format.empty())
         setColumns(2);

@@ -27,7 +27,7 @@ class Grid : public Control {
   public:
     /// `format` is the header: titles between "|", each led by "<", "^" or ">" for its alignment, the title's
     /// length with its blanks giving the width. Sets the columns and leaves one header row.
-    Grid(Screen& screen, std::string name, std::string_view format = {});
+    Grid(Place place, std::string name, std::string_view format = {});
 
     void setFormat(std::string_view format);
 

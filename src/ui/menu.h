@@ -12,6 +12,7 @@ class MenuEntry : public Control {
   public:
     /// `parent` is null for a top entry. The name is the caption.
     MenuEntry(Screen& screen, std::string caption, MenuEntry* parent = nullptr);
+    ~MenuEntry() override;
 
     const std::string& caption() const { return name(); }
     MenuEntry* parent() const { return parent_; }

@@ -9,6 +9,10 @@ namespace desk {
 Screen::Screen(std::string name, std::string caption, WindowKind kind, double width, double height)
     : name_(std::move(name)), caption_(std::move(caption)), kind_(kind), width_(width), height_(height) {}
 
+Screen::~Screen() {
+    *there_ = false;
+}
+
 void Screen::setCaption(std::string_view caption) {
     if (caption_ == caption) return;
     caption_ = caption;
@@ -35,8 +39,15 @@ Control* Screen::control(std::string_view controlName) const {
 }
 
 void 清空文本框(Screen& screen) {
-    for (Control* control : screen.controls())
-        if (auto* box = dynamic_cast<TextBox*>(control)) box->setText("");
+    // A text that goes may take other controls with it, or bring new ones.
+    const auto before = screen.controls();
+    const auto isThere = [&](Control* control) {
+        const auto& now = screen.controls();
+        return std::find(now.begin(), now.end(), control) != now.end();
+    };
+    for (Control* control : before)
+        if (isThere(control))
+            if (auto* box = dynamic_cast<TextBox*>(control)) box->setText("");
 }
 
 }  // namespace desk

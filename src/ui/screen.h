@@ -1,14 +1,15 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "ui/control.h"
+#include "ui/signal.h"
 
 namespace desk {
 
-class TextBox;
+class Control;
 
 /// How a screen's window stands.
 enum class WindowKind {
@@ -23,7 +24,7 @@ class Screen {
   public:
     /// `width` and `height` are those it is designed for, in twips.
     Screen(std::string name, std::string caption, WindowKind kind, double width, double height);
-    virtual ~Screen() = default;
+    virtual ~Screen();
     Screen(const Screen&) = delete;
     Screen& operator=(const Screen&) = delete;
 
@@ -54,6 +55,10 @@ class Screen {
     void moveTo(double left, double top);
     void maximise() { maximiseAsked(); }
 
+    /// Whether it is in use: false from its last step on, though the object lives until no handler runs.
+    bool isThere() const { return *there_; }
+
+    /// Those that live now; they may come and go while a handler runs.
     const std::vector<Control*>& controls() const { return controls_; }
     /// The control of that name, null when there is none.
     Control* control(std::string_view controlName) const;
@@ -62,9 +67,12 @@ class Screen {
 
     Signal<> touched;  ///< caption or place is new
     Signal<> maximiseAsked;
+    Signal<> gone;  ///< it has been unloaded and will not be shown again
 
   private:
     friend class Control;
+    friend class Screens;
+    friend class ScreenWatch;
     std::string name_;
     std::string caption_;
     WindowKind kind_;
@@ -73,6 +81,22 @@ class Screen {
     double left_ = 0;
     double top_ = 0;
     std::vector<Control*> controls_;
+    std::shared_ptr<bool> there_ = std::make_shared<bool>(true);
+};
+
+/// For a handler that lets events run, or shows a box, in the middle of its work: tells afterwards whether
+/// its screen is still there. May outlive the screen.
+///
+///     const ScreenWatch screen(*this);
+///     app_.desktop.letEventsRun();
+///     if (!screen.isThere()) return;
+class ScreenWatch {
+  public:
+    explicit ScreenWatch(const Screen& screen) : there_(screen.there_) {}
+    bool isThere() const { return *there_; }
+
+  private:
+    std::shared_ptr<const bool> there_;
 };
 
 /// Sets the text of each text box of the screen to the empty text; other controls are left alone.

@@ -4,7 +4,7 @@
 
 namespace desk {
 
-Tree::Tree(Screen& screen, std::string name, Style style) : Control(screen, std::move(name)), style_(style) {}
+Tree::Tree(Place place, std::string name, Style style) : Control(place, std::move(name)), style_(style) {}
 
 TreeNode& Tree::add(TreeNode* parent, std::string_view key, std::string_view text, std::string_view image) {
     if (!key.empty() && byKey_.contains(key))

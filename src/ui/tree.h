@@ -42,7 +42,7 @@ class Tree : public Control {
     /// How the nodes look.
     enum class Style { plain, checkBoxes };
 
-    Tree(Screen& screen, std::string name, Style style = Style::plain);
+    Tree(Place place, std::string name, Style style = Style::plain);
 
     Style style() const { return style_; }
     const std::vector<std::unique_ptr<TreeNode>>& roots() const { return roots_; }

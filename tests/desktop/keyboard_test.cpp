@@ -4,7 +4,7 @@
 #include <QTest>
 #include <QWidget>
 
-#include "desktop/layouts/layouts.h"
+#include "desktop/screen_list.h"
 #include "reference/customer_dictionaries.h"
 #include "support/test_program.h"
 

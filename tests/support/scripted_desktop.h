@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "ui/desktop.h"
+#include "ui/picture.h"
 #include "ui/screens.h"
 
 namespace desk {

@@ -4,6 +4,9 @@
 
 #include "base/failure.h"
 #include "base/text.h"
+#include "session/about.h"
+#include "session/background.h"
+#include "session/login.h"
 #include "session/main_window.h"
 
 namespace desk {
@@ -36,6 +39,10 @@ void MemorySpreadsheets::put(const std::string& path, const Worksheet& sheet) {
 
 TestProgram::TestProgram() : app(desktop, Platform{clock, settings, files, programs, spreadsheets}) {
     desktop.screens = &app.screens;
+    app.screens.offer<FrmLogin>(app);
+    app.screens.offer<MDIForm1>(app);
+    app.screens.offer<Frmtu>(app);
+    app.screens.offer<FrmAbout>(app);
     settings.keys = {{"Svr", "(embedded)"}, {"DBname", ":memory:"}};
 }
 

@@ -5,7 +5,12 @@
 #include <vector>
 
 #include "db/recordset.h"
+#include "platform/clock.h"
+#include "platform/files.h"
 #include "platform/platform.h"
+#include "platform/programs.h"
+#include "platform/settings.h"
+#include "platform/spreadsheets.h"
 #include "session/application.h"
 #include "support/scripted_desktop.h"
 

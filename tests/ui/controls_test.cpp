@@ -54,8 +54,7 @@ TEST(TextBox, TellsOfNewTextsOnlyAndOfThoseOfTheScreenToo) {
 TEST(Control, NothingInAHiddenFrameCanBeUsed) {
     Sheet sheet;
     Frame frame(sheet, "frame");
-    Button button(sheet, "button", "确定");
-    button.setHolder(&frame);
+    Button button(frame, "button", "确定");
     Count clicks(button.clicked);
     frame.setVisible(false);
     button.click();

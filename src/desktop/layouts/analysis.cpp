@@ -1,7 +1,6 @@
-#include "analysis/excel_export.h"
-#include "analysis/status_analysis.h"
+#include "desktop/layouts/analysis.h"
+
 #include "desktop/layout.h"
-#include "desktop/layouts/each.h"
 
 namespace desk::desktop {
 

@@ -1,9 +1,8 @@
-#include "customers/assignment.h"
-#include "customers/follow_up.h"
+#include "desktop/layouts/pipeline.h"
+
 #include "desktop/binding.h"
 #include "desktop/floating.h"
 #include "desktop/layout.h"
-#include "desktop/layouts/each.h"
 
 namespace desk::desktop {
 

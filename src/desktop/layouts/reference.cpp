@@ -1,9 +1,6 @@
+#include "desktop/layouts/reference.h"
+
 #include "desktop/layout.h"
-#include "desktop/layouts/each.h"
-#include "reference/agencies.h"
-#include "reference/customer_dictionaries.h"
-#include "reference/lead_settings.h"
-#include "reference/personnel.h"
 
 namespace desk::desktop {
 

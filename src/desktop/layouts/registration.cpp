@@ -1,4 +1,4 @@
-#include "customers/registration.h"
+#include "desktop/layouts/registration.h"
 
 #include <QFrame>
 #include <QVBoxLayout>
@@ -6,7 +6,6 @@
 #include "desktop/binding.h"
 #include "desktop/floating.h"
 #include "desktop/layout.h"
-#include "desktop/layouts/each.h"
 
 namespace desk::desktop {
 

@@ -1,3 +1,5 @@
+#include "desktop/layouts/session.h"
+
 #include <QHBoxLayout>
 #include <QLinearGradient>
 #include <QPainter>
@@ -5,9 +7,6 @@
 
 #include "desktop/binding.h"
 #include "desktop/layout.h"
-#include "desktop/layouts/each.h"
-#include "session/about.h"
-#include "session/login.h"
 
 namespace desk::desktop {
 

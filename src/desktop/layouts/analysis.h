@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QWidget>
+
+#include "analysis/excel_export.h"
+#include "analysis/status_analysis.h"
+
+namespace desk::desktop {
+
+QWidget* layoutOfStatusAnalysis(Frm客户跟进状态分析& screen);
+QWidget* layoutOfExport(FrmToExcel& screen);
+
+}  // namespace desk::desktop

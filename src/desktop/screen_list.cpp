@@ -1,0 +1,73 @@
+#include "desktop/screen_list.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "desktop/layout.h"
+#include "desktop/layouts/analysis.h"
+#include "desktop/layouts/pipeline.h"
+#include "desktop/layouts/reference.h"
+#include "desktop/layouts/registration.h"
+#include "desktop/layouts/session.h"
+#include "session/background.h"
+#include "session/main_window.h"
+
+namespace desk::desktop {
+
+namespace {
+
+template <class S>
+std::unique_ptr<Screen> make(Application& app) {
+    return std::make_unique<S>(app);
+}
+
+/// A screen whose window holds what `layOut` makes.
+template <class S, QWidget* (*layOut)(S&)>
+constexpr KnownScreen screen() {
+    return {S::screenName, make<S>, [](Screen& shown) { return layOut(static_cast<S&>(shown)); }};
+}
+
+/// The main window lays itself out, and its background is never shown.
+template <class S>
+constexpr KnownScreen withoutLayout() {
+    return {S::screenName, make<S>, nullptr};
+}
+
+}  // namespace
+
+const std::vector<KnownScreen>& screenList() {
+    static const std::vector<KnownScreen> list{
+        screen<FrmLogin, layoutOfLogin>(),
+        screen<FrmAbout, layoutOfAbout>(),
+        withoutLayout<MDIForm1>(),
+        withoutLayout<Frmtu>(),
+        screen<Frm引驻客户信息登记, layoutOfRegistration>(),
+        screen<Frm客户跟进信息分配, layoutOfAssignment>(),
+        screen<Frm客户跟进记录, layoutOfFollowUp>(),
+        screen<Frm客户跟进状态分析, layoutOfStatusAnalysis>(),
+        screen<FrmToExcel, layoutOfExport>(),
+        screen<Frm人员设置, layoutOfPersonnel>(),
+        screen<Frm中介公司设置, layoutOfAgencies>(),
+        screen<Frm客户相关信息设置, layoutOfCustomerDictionaries>(),
+        screen<Frm引驻设置, layoutOfLeadSettings>(),
+    };
+    return list;
+}
+
+void offerScreens(Application& app) {
+    for (const KnownScreen& known : screenList())
+        app.screens.offer(known.name, [&app, make = known.make] { return make(app); });
+}
+
+QWidget* layoutOf(Screen& screen) {
+    const auto& list = screenList();
+    const auto known = std::find_if(list.begin(), list.end(),
+                                    [&](const KnownScreen& line) { return line.name == screen.name(); });
+    if (known == list.end() || known->layOut == nullptr)
+        throw std::logic_error("no layout for " + screen.name());
+    QWidget* content = known->layOut(screen);
+    layout::orderTabs(content);
+    return content;
+}
+
+}  // namespace desk::desktop
