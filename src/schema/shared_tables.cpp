@@ -13,7 +13,7 @@ std::vector<Table> staffTables() {
          {{"员工档案_工号", "工号", true}}},
         {"岗位员工new",
          {text("员工代号"), text("岗位代号"), flag("主要岗位"), date("离岗日期")},
-         {{"岗位员工_员工", "员工代号"}}},
+         {{"岗位员工_员工", "员工代号"}, {"岗位员工_岗位", "岗位代号"}}},
         {"岗位信息new",
          {text("岗位代号"), text("岗位名称"), text("职能部门代号"), text("岗位类别代号"), text("工号"),
           longText("主要职责"), date("起始日期"), text("备注"), date("终止日期")},
@@ -24,20 +24,28 @@ std::vector<Table> staffTables() {
         {"上级部门new",
          {text("职能部门编号"), text("上级部门编号"), date("起始日期")},
          {{"上级部门_部门", "职能部门编号,起始日期"}}},
-        {"职能部门类别", {text("部门类别代号"), text("部门类别名称")}, {}},
-        {"岗位类别", {text("岗位类别编号"), text("岗位类别名称")}, {}},
+        {"职能部门类别",
+         {text("部门类别代号"), text("部门类别名称")},
+         {{"职能部门类别_代号", "部门类别代号"}}},
+        {"岗位类别", {text("岗位类别编号"), text("岗位类别名称")}, {{"岗位类别_编号", "岗位类别编号"}}},
     };
 }
 
 std::vector<Table> officeTables() {
     return {
-        {"设置管理处", {key("GYD_DH"), text("GYD_Name"), date("终止日期")}, {}},
-        {"职能部门对应管理项目设置", {text("职能部门编号"), text("管理处代号"), date("终止日期")}, {}},
+        {"设置管理处", {key("GYD_DH"), text("GYD_Name"), date("终止日期")}, {{"管理处_代号", "GYD_DH"}}},
+        {"职能部门对应管理项目设置",
+         {text("职能部门编号"), text("管理处代号"), date("终止日期")},
+         {{"部门管理项目_部门", "职能部门编号,管理处代号"}}},
         {"岗位权限设置",
          {id("ID"), text("组代号"), text("岗位代号"), flag("授权")},
          {{"岗位权限_岗位", "岗位代号"}}},
-        {"GroupPrivilege", {text("GroupID"), text("FormName"), flag("Popedom"), text("memo")}, {}},
-        {"专项审核权限表", {id("ID"), text("类型"), text("部门代号"), text("岗位代号")}, {}},
+        {"GroupPrivilege",
+         {text("GroupID"), text("FormName"), flag("Popedom"), text("memo")},
+         {{"权限组_组", "GroupID"}}},
+        {"专项审核权限表",
+         {id("ID"), text("类型"), text("部门代号"), text("岗位代号")},
+         {{"专项审核权限_岗位", "部门代号,岗位代号"}}},
         {"Temp_Type", {key("TypeName"), text("Value"), text("Character")}, {{"单据类型", "TypeName", true}}},
     };
 }
@@ -48,7 +56,7 @@ std::vector<Table> buildingTables() {
          {integer("L_ID"), text("楼编号"), text("地址1"), text("字1"), text("地址2"), text("字2"),
           text("地址3"), text("字3"), text("地址4"), text("字4"), text("管理处"), date("开始日期"),
           date("终止日期")},
-         {{"楼_编号", "L_ID"}}},
+         {{"楼_编号", "L_ID"}, {"楼_管理处", "管理处"}}},
         // No 状态: the statement over a unit and its letting status names that column bare, and means the
         // status.
         {"室表",
@@ -63,13 +71,15 @@ std::vector<Table> buildingTables() {
          {{"合同单元_单元", "单元ID"}, {"合同单元_合同", "合同ID"}}},
         {"合同信息", {id("ID"), text("客户编号")}, {}},
         {"客户信息", {text("客户编号"), text("客户名称")}, {{"客户_编号", "客户编号"}}},
-        {"楼域范围设置", {text("工号"), integer("L_ID")}, {}},
+        {"楼域范围设置", {text("工号"), integer("L_ID")}, {{"楼域范围_员工", "工号"}}},
     };
 }
 
 std::vector<Table> receiptTables() {
     return {
-        {"票据类型", {text("票据类型代号"), text("票据类型"), flag("税控"), flag("定额")}, {}},
+        {"票据类型",
+         {text("票据类型代号"), text("票据类型"), flag("税控"), flag("定额")},
+         {{"票据类型_代号", "票据类型代号"}}},
         {"票据入库单",
          {text("入库单编号"), text("票据类型编号"), flag("税控")},
          {{"票据入库单_编号", "入库单编号"}}},
@@ -79,7 +89,7 @@ std::vector<Table> receiptTables() {
         {"票据领用清单",
          {text("领用记录编号"), text("入库单编号"), date("核销日期"), date("归还日期")},
          {{"票据领用清单_记录", "领用记录编号"}}},
-        {"票据共用设置", {text("领用部门编号"), text("共用部门编号")}, {}},
+        {"票据共用设置", {text("领用部门编号"), text("共用部门编号")}, {{"票据共用_部门", "共用部门编号"}}},
         {"票据",
          {id("ID"), text("入库单编号"), text("票据编号"), moment("开票日期"), moment("作废日期"),
           money("金额"), text("付款人"), moment("收款日期"), text("开票人"), text("收款人"),
@@ -121,11 +131,11 @@ std::vector<Table> reimbursementTables() {
 }
 
 /// X and Y of a step are texts: the run converts them, and what is no number stops it there.
-Table scriptTable(std::string_view name) {
+Table scriptTable(std::string_view name, std::string_view index) {
     return {name,
             {id("ID"), integer("SK_ID"), text("Stage"), integer("Operate_step"), text("Operate_type"),
              text("X"), text("Y"), text("KeyString"), text("Remark"), text("Operate_Help")},
-            {}};
+            {{index, "SK_ID,Operate_step"}}};
 }
 
 std::vector<Table> taxDeviceTables() {
@@ -137,8 +147,8 @@ std::vector<Table> taxDeviceTables() {
         {"SKOperator",
          {id("ID"), integer("SK_ID"), text("OperatorNum"), text("UserNum"), text("Password")},
          {}},
-        scriptTable("SKStep"),
-        scriptTable("SKTPStep"),
+        scriptTable("SKStep", "开票步骤_税控机"),
+        scriptTable("SKTPStep", "退票步骤_税控机"),
         {"SKSfxm",
          {id("ID"), integer("税控ID"), text("项目编号"), text("项目名称"), text("XM_Num"), text("XM_Name"),
           integer("XM_Xu")},

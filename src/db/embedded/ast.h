@@ -48,7 +48,8 @@ enum class Form {
     choice,    ///< Case When: condition and value by turns; a last odd part is the Else
     length,    ///< Len(x)
     day112,    ///< Convert(Char(8), x, 112)
-    aggregate  ///< `text` is the function; no part is Count(*)
+    aggregate,  ///< `text` is the function; no part is Count(*)
+    single,     ///< the value that `query` gives, NULL without a row; no text has it, see grouped_join.h
 };
 
 struct Query;

@@ -50,6 +50,7 @@ void ExpressionResolver::any(Expression& expression, const Scope& scope, Aggrega
             type = expression.text.find_first_of(".eE") == std::string::npos ? Type::integer : Type::number;
             break;
         case Form::null:
+        case Form::single:
             type = Type::null;
             break;
         case Form::both:

@@ -217,6 +217,8 @@ class Renderer {
                 return fmt::format("replace(substr({},1,10),'-','')", part(0));
             case Form::aggregate:
                 return aggregate(expression);
+            case Form::single:
+                return '(' + select(*expression.query, RowNumbers::without, Outermost::no) + ')';
         }
         return {};
     }

@@ -19,8 +19,6 @@ namespace {
 constexpr std::int64_t fewRows = 64;
 /// A table is looked at anew when it has so many times the rows it had.
 constexpr std::int64_t growth = 4;
-/// So many rows with one value tell enough of an index; it bounds the time that a large table takes.
-constexpr int rowsLookedAt = 1000;
 constexpr std::int64_t manyChanges = 1000;
 
 using Sizes = std::map<std::string, std::int64_t, std::less<>>;
@@ -77,7 +75,6 @@ void Statistics::followWrites() {
 void Statistics::gather() const {
     const auto tables = outgrown(sqlite_);
     if (tables.empty()) return;
-    sqlite_.run(fmt::format("PRAGMA analysis_limit={}", rowsLookedAt));
     sqlite_.run("BEGIN IMMEDIATE");
     for (const auto& table : tables) sqlite_.run(fmt::format("ANALYZE {}", quotedName(table)));
     sqlite_.run("COMMIT");
