@@ -45,9 +45,9 @@ enum class Form {
     add,
     subtract,
     minus,
-    choice,    ///< Case When: condition and value by turns; a last odd part is the Else
-    length,    ///< Len(x)
-    day112,    ///< Convert(Char(8), x, 112)
+    choice,     ///< Case When: condition and value by turns; a last odd part is the Else
+    length,     ///< Len(x)
+    day112,     ///< Convert(Char(8), x, 112)
     aggregate,  ///< `text` is the function; no part is Count(*)
     single,     ///< the value that `query` gives, NULL without a row; no text has it, see grouped_join.h
 };

@@ -15,8 +15,9 @@ class Statistics {
   public:
     explicit Statistics(const Sqlite& sqlite) : sqlite_(sqlite) {}
 
-    /// Gathers anew for each table that has outgrown what is known of it. It takes a tenth of a second for 100,000 leads, never
-    /// waits for another seat and never fails: without statistics everything is right, only slower.
+    /// Gathers anew for each table that has outgrown what is known of it. It takes a tenth of a second for
+    /// 100,000 leads, never waits for another seat and never fails: without statistics everything is right,
+    /// only slower.
     void refresh();
 
     /// refresh(), if this connection has written much since the last time. Outside of a transaction.
