@@ -17,13 +17,16 @@ Connection& Connection::operator=(Connection&&) noexcept = default;
 
 void Connection::open(std::string_view connectionString, std::chrono::seconds timeout) {
     engine_.reset();
+    upgrade_.reset();
     const auto target = parseConnectionString(connectionString);
     if (target.dataSource.empty()) throw RuntimeFailure(failure::unspecified, "未指定数据库服务器。");
     if (!schema::sameName(target.dataSource, embedded::dataSource))
         throw RuntimeFailure(
             failure::unspecified,
             fmt::format("无法连接数据库服务器 '{}'：本程序未安装该服务器的驱动程序。", target.dataSource));
-    engine_ = embedded::open(target.initialCatalog, timeout);
+    auto opened = embedded::open(target.initialCatalog, timeout);
+    engine_ = std::move(opened.engine);
+    upgrade_ = std::move(opened.upgrade);
 }
 
 Engine& Connection::engine() const {

@@ -2,7 +2,10 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <string_view>
+
+#include "db/upgrade.h"
 
 namespace desk {
 
@@ -18,9 +21,10 @@ class Connection {
 
     /// Opens the database that an OLE DB connection string names. A Data Source of "(embedded)" is the file
     /// named by Initial Catalog (":memory:" for one that lives as long as the connection); any other name is
-    /// a server. `timeout` bounds the wait for the server, and for another seat that holds the file. Fails
-    /// with -2147467259 and a text that says what is wrong; the connection is then closed. A file that is
-    /// missing, damaged or not a database of this system is left as it is.
+    /// a server. `timeout` bounds the wait for the server, and for another seat that holds the file. A file
+    /// that an older program has made is brought up to the present definition first. Fails with -2147467259
+    /// and a text that says what is wrong; the connection is then closed. A file that is missing, read-only,
+    /// damaged, from a newer program or not a database of this system is left as it is.
     void open(std::string_view connectionString, std::chrono::seconds timeout);
 
     /// Runs one statement; gives the number of rows it changed, 0 for one that returns rows.
@@ -36,11 +40,15 @@ class Connection {
 
     bool isOpen() const { return engine_ != nullptr; }
 
+    /// What opening had to do to the file first; nothing in most cases.
+    const std::optional<Upgrade>& upgrade() const { return upgrade_; }
+
     /// The engine behind an open connection; fails with 3709 on a closed one. For Recordset.
     Engine& engine() const;
 
   private:
     std::unique_ptr<Engine> engine_;
+    std::optional<Upgrade> upgrade_;
 };
 
 }  // namespace desk

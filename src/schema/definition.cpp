@@ -68,6 +68,25 @@ std::string columnLine(Dialect dialect, const Column& column) {
     return fmt::format("{} {}{}", name, type, column.required ? " NOT NULL" : "");
 }
 
+/// What a required column holds in rows that were written without it.
+std::string_view emptyValue(Kind kind) {
+    switch (kind) {
+        case Kind::text:
+        case Kind::longText:
+            return "''";
+        case Kind::date:
+            return "'1900-01-01'";
+        case Kind::moment:
+            return "'1900-01-01 00:00:00'";
+        default:
+            return "0";
+    }
+}
+
+constexpr std::string_view lengthPrefix = "len(";
+
+}  // namespace
+
 std::string tableStatement(Dialect dialect, const Table& table) {
     std::vector<std::string> lines;
     // A row without an identity gets a number as well, which is never used twice: an update that has lost its
@@ -78,8 +97,6 @@ std::string tableStatement(Dialect dialect, const Table& table) {
     return fmt::format("CREATE TABLE {} (\n  {}\n){}", quoted(dialect, table.name), join(lines, ",\n  "),
                        dialect == Dialect::sqlite ? " STRICT" : "");
 }
-
-constexpr std::string_view lengthPrefix = "len(";
 
 std::string indexStatement(Dialect dialect, const Table& table, const Index& index) {
     std::vector<std::string> parts;
@@ -94,7 +111,12 @@ std::string indexStatement(Dialect dialect, const Table& table, const Index& ind
                        quoted(dialect, index.name), quoted(dialect, table.name), join(parts, ", "));
 }
 
-}  // namespace
+std::string columnStatement(const Table& table, const Column& column) {
+    auto statement = fmt::format("ALTER TABLE {} ADD COLUMN {}", quoted(Dialect::sqlite, table.name),
+                                 columnLine(Dialect::sqlite, column));
+    if (column.required) statement += fmt::format(" DEFAULT {}", emptyValue(column.kind));
+    return statement;
+}
 
 std::string sqliteLength(std::string_view operand) {
     return fmt::format("length(rtrim({}))", operand);

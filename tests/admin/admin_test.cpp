@@ -52,7 +52,7 @@ TEST_F(Admin, TellsWhatIsWrongWithACommandLine) {
          {"", "destroy x.db", "create", "create a b", "create --force x.db", "ddl oracle",
           "sample x.db --leads", "sample x.db --leads many", "sample x.db --leads 5 --leads 6",
           "sample x.db --staff 1", "sample x.db --today 2011-2-30", "settings --file a --server b",
-          "settings --server b"}) {
+          "settings --server b", "upgrade", "backup x.db"}) {
         const Outcome outcome = run(words);
         EXPECT_EQ(outcome.code, 2) << words;
         EXPECT_TRUE(outcome.tells("错误：")) << words;
@@ -60,7 +60,8 @@ TEST_F(Admin, TellsWhatIsWrongWithACommandLine) {
     EXPECT_EQ(files(), 0U);
     const Outcome help = run("--help");
     EXPECT_EQ(help.code, 0);
-    for (const char* command : {"create FILE", "ddl sqlite", "sample FILE", "logins FILE", "settings --file"})
+    for (const char* command : {"create FILE", "ddl sqlite", "sample FILE", "logins FILE", "settings --file",
+                                "upgrade FILE", "backup FILE TO"})
         EXPECT_TRUE(help.tells(command)) << command;
 }
 
@@ -95,6 +96,16 @@ TEST_F(Admin, LeavesNothingBehindWhereItFails) {
     EXPECT_EQ(run("logins nowhere.db").code, 1);
     EXPECT_EQ(run("logins file").code, 1);
     EXPECT_EQ(files(), 1U);
+}
+
+TEST_F(Admin, UpgradesAndBacksUp) {
+    ASSERT_EQ(run("create a.db").code, 0);
+    EXPECT_TRUE(run("upgrade a.db").tells("无须升级"));
+    EXPECT_EQ(run("backup a.db b.db").code, 0);
+    EXPECT_TRUE(run("backup a.db b.db").tells("已经存在"));
+    EXPECT_EQ(run("backup b.db c.db").code, 0);
+    EXPECT_EQ(run("upgrade nowhere.db").code, 1);
+    EXPECT_EQ(files(), 3U);
 }
 
 TEST_F(Admin, PrintsTheDefinitionForBothEngines) {

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <filesystem>
 
 #include "db/connection_string.h"
@@ -152,6 +155,45 @@ TEST_F(OpeningFile, MakesIndexesAnewThatAnotherOrderWrote) {
     EXPECT_TRUE(anyRow(connection, "Select * From YZ_组表 Where 组代号='浦东'"));
     connection = Connection();
     EXPECT_EQ(bytesOf(path_).substr(userVersion, 4), version);
+}
+
+/// This process without the rights of the machine's administrator, for whom no file is read-only.
+class PlainUser {
+  public:
+    PlainUser() { change(nobody); }
+    ~PlainUser() { change(0); }
+
+  private:
+    static constexpr uid_t nobody = 65534;
+    static void change(uid_t user) {
+        if (getuid() == 0) {
+            EXPECT_EQ(seteuid(user), 0);
+        }
+    }
+};
+
+TEST_F(OpeningFile, TellsAtOnceThatNothingCanBeSaved) {
+    embedded::createDatabase(path_);
+    const auto folder = folder_.path("");
+    const auto textWith = [&](mode_t folderMode, mode_t fileMode) {
+        chmod(folder.c_str(), folderMode);
+        chmod(path_.c_str(), fileMode);
+        const PlainUser plain;
+        return failureText();
+    };
+    EXPECT_NE(textWith(0777, 0444).find("文件是只读的"), std::string::npos);
+    EXPECT_NE(textWith(0555, 0666).find("文件夹是只读的"), std::string::npos);
+    chmod(folder.c_str(), 0755);
+}
+
+TEST_F(OpeningFile, TellsThatItsFileHasBeenMovedAway) {
+    embedded::createDatabase(path_);
+    Connection connection;
+    connection.open(fileConnection(path_), std::chrono::seconds(1));
+    std::filesystem::rename(path_, folder_.path("别处.db"));
+    const auto text =
+        failureTextOf([&] { connection.execute("Insert Into YZ_组表 (组代号) Values ('01')"); });
+    EXPECT_NE(text.find("移动"), std::string::npos) << text;
 }
 
 TEST_F(OpeningFile, GivesUpAfterItsTimeWhenAnotherSeatHoldsTheFile) {

@@ -1,30 +1,12 @@
 #include <gtest/gtest.h>
-#include <spawn.h>
-#include <sys/wait.h>
 
 #include "db/embedded/embedded.h"
 #include "filled_database.h"
+#include "seat_process.h"
 #include "temporary_folder.h"
-
-extern char** environ;
 
 namespace desk {
 namespace {
-
-pid_t startSeat(const std::string& path, const std::string& name, int rows) {
-    const auto count = std::to_string(rows);
-    const char* const arguments[] = {SEAT_PROGRAM, path.c_str(), name.c_str(), count.c_str(), nullptr};
-    pid_t process = 0;
-    if (posix_spawn(&process, SEAT_PROGRAM, nullptr, nullptr, const_cast<char**>(arguments), environ) != 0)
-        return -1;
-    return process;
-}
-
-int exitCode(pid_t process) {
-    int status = -1;
-    waitpid(process, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
 
 TEST(TwoSeats, RegisterAtTheSameTimeWithoutLosingARow) {
     constexpr int each = 1000;

@@ -21,6 +21,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// How long to wait for seats that hold the file.
+constexpr std::chrono::seconds timeout{30};
+
 void refuseExisting(const std::string& file) {
     std::error_code unreachable;
     if (fs::exists(file, unreachable))
@@ -62,7 +65,6 @@ void printContents(Connection& connection) {
 }  // namespace
 
 Connection openFile(const std::string& file) {
-    constexpr std::chrono::seconds timeout{30};
     if (file.find('\'') != std::string::npos)
         throw RuntimeFailure(failure::invalidCall, "数据库文件的路径不能含有单引号");
     Connection connection;
@@ -111,6 +113,23 @@ void sample(const std::vector<std::string>& words) {
     }
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
     fmt::print("已建立样板数据库 {}（{:.1f} 秒）\n", file, taken.count());
+}
+
+void upgrade(const std::vector<std::string>& words) {
+    const Arguments arguments(words, {}, 1, "FILE");
+    const auto done = embedded::upgrade(arguments.plain(0), timeout);
+    if (done)
+        fmt::print("{}\n", done->told());
+    else
+        fmt::print("数据库 {} 已是本程序的版本（{}），无须升级\n", arguments.plain(0),
+                   schema::definitionVersion);
+}
+
+void backup(const std::vector<std::string>& words) {
+    const Arguments arguments(words, {}, 2, "FILE TO");
+    refuseExisting(arguments.plain(1));
+    embedded::backup(arguments.plain(0), arguments.plain(1), timeout);
+    fmt::print("已把数据库 {} 备份到 {}\n", arguments.plain(0), arguments.plain(1));
 }
 
 }  // namespace desk::admin

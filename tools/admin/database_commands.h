@@ -16,6 +16,10 @@ void create(const std::vector<std::string>& words);
 void printDefinition(const std::vector<std::string>& words);
 /// "sample FILE …": makes a database with a sample property. The file appears only when it is complete.
 void sample(const std::vector<std::string>& words);
+/// "upgrade FILE": brings a database of an older program up, and mends the definition of a damaged one.
+void upgrade(const std::vector<std::string>& words);
+/// "backup FILE TO": copies a database, also while seats work with it.
+void backup(const std::vector<std::string>& words);
 /// "logins FILE": prints who can log in, and what they may do.
 void printLogins(const std::vector<std::string>& words);
 

@@ -27,6 +27,9 @@ constexpr const char* help = R"(用法：tenant-desk-admin 命令 [参数]
       --seed N            随机种子（缺省 1）；种子、数量与日期相同，数据就相同
       --today YYYY-MM-DD  以该日为“今天”（缺省为当天）
   logins FILE             列出可登录的员工、密码、岗位与可用菜单
+  upgrade FILE            把旧程序建立的数据库升级到本程序的版本，补建缺少的表、列和索引；
+                          升级前的副本留在 FILE 旁边（登录时也会自动升级）
+  backup FILE TO          把数据库复制到新文件 TO；各工作站可以照常使用
   settings                显示程序当前使用的数据库
   settings --file FILE    让程序使用内置数据库 FILE
   settings --server NAME --database NAME [--user 名] [--password 密码]
@@ -41,11 +44,9 @@ using Command = void (*)(const std::vector<std::string>&);
 
 Command commandNamed(const std::string& name) {
     using namespace desk::admin;
-    const std::map<std::string, Command> commands = {{"create", create},
-                                                     {"ddl", printDefinition},
-                                                     {"sample", sample},
-                                                     {"logins", printLogins},
-                                                     {"settings", settings}};
+    const std::map<std::string, Command> commands = {
+        {"create", create},   {"ddl", printDefinition}, {"sample", sample},    {"logins", printLogins},
+        {"upgrade", upgrade}, {"backup", backup},       {"settings", settings}};
     const auto found = commands.find(name);
     if (found == commands.end()) throw UsageError(fmt::format("不认识的命令“{}”", name));
     return found->second;

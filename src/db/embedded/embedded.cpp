@@ -3,9 +3,13 @@
 #include <fmt/format.h>
 
 #include <filesystem>
-#include <set>
 
 #include "base/failure.h"
+#include "db/embedded/bring_up.h"
+#include "db/embedded/definition_gaps.h"
+#include "db/embedded/file_copy.h"
+#include "db/embedded/file_path.h"
+#include "db/embedded/file_version.h"
 #include "db/embedded/forward_cursor.h"
 #include "db/embedded/updatable_cursor.h"
 #include "schema/definition.h"
@@ -62,10 +66,6 @@ class EmbeddedEngine : public Engine {
     std::shared_ptr<Store> store_;
 };
 
-std::filesystem::path pathOf(const std::string& utf8) {
-    return {std::u8string(utf8.begin(), utf8.end())};
-}
-
 [[noreturn]] void refuse(const std::string& path, std::string_view reason) {
     throw RuntimeFailure(failure::unspecified, fmt::format("无法打开数据库文件 '{}'：{}", path, reason));
 }
@@ -79,16 +79,6 @@ void requireFile(const std::string& path) {
     if (status.type() != std::filesystem::file_type::regular) refuse(path, "它不是可以读写的文件。");
 }
 
-void requireTables(const Sqlite& sqlite) {
-    std::set<std::string, std::less<>> present;
-    auto names = sqlite.prepare("SELECT name FROM sqlite_schema WHERE type='table'");
-    while (names.step()) present.emplace(names.text(0));
-    for (const auto& table : schema::tables())
-        if (!present.contains(table.name))
-            throw RuntimeFailure(failure::unspecified,
-                                 fmt::format("它不是本系统的数据库：没有表 '{}'。", table.name));
-}
-
 std::int32_t keptVersion(const Sqlite& sqlite) {
     auto version = sqlite.prepare("PRAGMA user_version");
     version.step();
@@ -97,6 +87,28 @@ std::int32_t keptVersion(const Sqlite& sqlite) {
 
 void keepVersion(const Sqlite& sqlite) {
     sqlite.run(fmt::format("PRAGMA user_version={}", sqlite.collation().version()));
+}
+
+/// Asks for what every save needs, so that a person is told before anything is typed: a file that can be
+/// written, and a folder that takes the journal beside it.
+void requireWritable(const Sqlite& sqlite) {
+    if (sqlite3_db_readonly(sqlite.handle(), "main") == 1)
+        throw RuntimeFailure(failure::unspecified, "文件是只读的，无法保存任何内容。请检查文件的访问权限。");
+    const Hurry hurry(sqlite);
+    try {
+        sqlite.run("BEGIN IMMEDIATE");
+        keepVersion(sqlite);
+        sqlite.run("ROLLBACK");
+    } catch (const RuntimeFailure&) {
+        const int code = sqlite3_errcode(sqlite.handle()) & 0xff;
+        if (sqlite.inTransaction()) sqlite.run("ROLLBACK");
+        // Another seat that writes at this moment shows well enough that one can.
+        if (code == SQLITE_BUSY) return;
+        if (code == SQLITE_CANTOPEN || code == SQLITE_READONLY)
+            throw RuntimeFailure(failure::unspecified,
+                                 "文件所在的文件夹是只读的，无法保存任何内容。请检查文件夹的访问权限。");
+        throw;
+    }
 }
 
 /// The indexes stand in the order of the library that wrote them. Where another order reads them they are
@@ -113,6 +125,7 @@ void define(Store& store) {
     Writing writing(store);
     for (const auto& statement : schema::definition(schema::Dialect::sqlite)) store.sqlite().run(statement);
     keepVersion(store.sqlite());
+    markAsPresent(store.sqlite());
     writing.commit();
 }
 
@@ -121,17 +134,22 @@ void tune(const Sqlite& sqlite) {
     sqlite.run("PRAGMA cache_size=-16384");
 }
 
-std::shared_ptr<Store> openedFile(const std::string& path, std::chrono::seconds timeout) {
+/// Runs `action` on the open file; whatever is wrong with the file is told with its name.
+template <class Action>
+auto onFile(const std::string& path, std::chrono::seconds timeout, Action action) {
     requireFile(path);
     try {
-        auto store =
-            std::make_shared<Store>(std::make_unique<Sqlite>(path, Sqlite::Missing::isFailure, timeout));
-        requireTables(store->sqlite());
-        followCollation(*store);
-        return store;
+        return action(
+            std::make_shared<Store>(std::make_unique<Sqlite>(path, Sqlite::Missing::isFailure, timeout)));
     } catch (const RuntimeFailure& failure) {
         refuse(path, failure.description());
     }
+}
+
+Opened opened(std::shared_ptr<Store> store, std::optional<Upgrade> upgrade) {
+    tune(store->sqlite());
+    store->statistics().refresh();
+    return {std::make_unique<EmbeddedEngine>(std::move(store)), std::move(upgrade)};
 }
 
 std::shared_ptr<Store> openedMemory() {
@@ -143,11 +161,30 @@ std::shared_ptr<Store> openedMemory() {
 
 }  // namespace
 
-std::unique_ptr<Engine> open(const std::string& path, std::chrono::seconds timeout) {
-    auto store = path == inMemory ? openedMemory() : openedFile(path, timeout);
-    tune(store->sqlite());
-    store->statistics().refresh();
-    return std::make_unique<EmbeddedEngine>(std::move(store));
+Opened open(const std::string& path, std::chrono::seconds timeout) {
+    if (path == inMemory) return opened(openedMemory(), {});
+    return onFile(path, timeout, [&](std::shared_ptr<Store> store) {
+        gapsOf(store->sqlite());  // a file that is none of this system's is not even tried to be written
+        requireWritable(store->sqlite());
+        auto upgrade = bringUp(*store, path, Damage::isRefused);
+        followCollation(*store);
+        return opened(std::move(store), std::move(upgrade));
+    });
+}
+
+std::optional<Upgrade> upgrade(const std::string& path, std::chrono::seconds timeout) {
+    return onFile(path, timeout, [&](const std::shared_ptr<Store>& store) {
+        return bringUp(*store, path, Damage::isRepaired);
+    });
+}
+
+void backup(const std::string& path, const std::string& to, std::chrono::seconds timeout) {
+    if (std::filesystem::exists(pathOf(to)))
+        throw RuntimeFailure(failure::unspecified, fmt::format("文件 '{}' 已经存在。", to));
+    onFile(path, timeout, [&](const std::shared_ptr<Store>& store) {
+        gapsOf(store->sqlite());
+        copyTo(store->sqlite(), to);
+    });
 }
 
 void createDatabase(const std::string& path) {

@@ -1,74 +1,13 @@
 #include "db/embedded/sqlite.h"
 
-#include <fmt/format.h>
-
-#include <array>
-
 #include "base/failure.h"
 #include "db/embedded/functions.h"
+#include "db/embedded/sqlite_failure.h"
 #include "schema/definition.h"
 
 namespace desk::embedded {
 
 namespace {
-
-/// What stands behind `prefix`, if `text` begins with it.
-std::string_view behind(std::string_view text, std::string_view prefix) {
-    return text.starts_with(prefix) ? text.substr(prefix.size()) : std::string_view();
-}
-
-std::string ruleText(std::string_view message) {
-    if (const auto column = behind(message, "NOT NULL constraint failed: "); !column.empty())
-        return fmt::format("不能将值 NULL 插入列 '{}'；该列不允许有空值。", column);
-    if (const auto column = behind(message, "UNIQUE constraint failed: "); !column.empty())
-        return fmt::format("违反了唯一性约束：'{}' 中已存在相同的值。", column);
-    return fmt::format("违反了数据库的约束：{}", message);
-}
-
-[[noreturn]] void fail(sqlite3* database) {
-    const int extended = sqlite3_extended_errcode(database);
-    const std::string message = sqlite3_errmsg(database);
-    const auto unspecified = [](std::string_view text) {
-        throw RuntimeFailure(failure::unspecified, std::string(text));
-    };
-    switch (extended & 0xff) {
-        case SQLITE_CONSTRAINT:
-            if (extended == SQLITE_CONSTRAINT_DATATYPE)
-                throw RuntimeFailure(failure::badConversion, fmt::format("值与列的类型不符：{}", message));
-            throw RuntimeFailure(failure::violatedRule, ruleText(message));
-        case SQLITE_MISMATCH:
-            throw RuntimeFailure(failure::badConversion, message);
-        case SQLITE_ERROR:
-            throw RuntimeFailure(failure::wrongStatement, fmt::format("语句无法执行：{}", message));
-        case SQLITE_BUSY:
-        case SQLITE_LOCKED:
-            unspecified("超时已过期：数据库文件正被其他工作站占用。");
-            break;
-        case SQLITE_NOTADB:
-            unspecified("该文件不是数据库，或者已经损坏。");
-            break;
-        case SQLITE_CORRUPT:
-            unspecified("数据库文件已损坏。");
-            break;
-        case SQLITE_READONLY:
-            unspecified("数据库文件是只读的，无法写入。");
-            break;
-        case SQLITE_FULL:
-            unspecified("磁盘已满，无法写入数据库文件。");
-            break;
-        case SQLITE_IOERR:
-            unspecified("读写数据库文件时发生错误。");
-            break;
-        case SQLITE_CANTOPEN:
-        case SQLITE_PERM:
-        case SQLITE_AUTH:
-            unspecified("无法打开数据库文件，请检查访问权限。");
-            break;
-        default:
-            break;
-    }
-    throw RuntimeFailure(failure::unspecified, fmt::format("数据库错误：{}", message));
-}
 
 int compareTexts(void* collation, int lengthA, const void* a, int lengthB, const void* b) {
     return static_cast<const Collation*>(collation)->compare(
