@@ -27,14 +27,22 @@ bool endedWell(int status) {
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-/// The program itself; comes back never. `failed` is closed by the start of the program, and written to
-/// without one.
-[[noreturn]] void become(const std::vector<char*>& list, const Descriptor& failed) {
+/// What is written into the pipe to the starting process. Ends of processes tell it nothing where it ignores
+/// SIGCHLD.
+constexpr char runs = '+';
+constexpr char doesNot = '!';
+
+void report(const Descriptor& pipe, char what) {
+    [[maybe_unused]] const auto written = ::write(pipe.number(), &what, 1);
+}
+
+/// The program itself; comes back never. The pipe is closed by the start of the program.
+[[noreturn]] void become(const std::vector<char*>& list, const Descriptor& pipe) {
     sigset_t none;
     sigemptyset(&none);
     sigprocmask(SIG_SETMASK, &none, nullptr);
     ::execvp(list.front(), list.data());
-    [[maybe_unused]] const auto written = ::write(failed.number(), "!", 1);
+    report(pipe, doesNot);
     ::_exit(127);
 }
 
@@ -52,12 +60,27 @@ bool standsTheWatch(pid_t child, std::chrono::milliseconds watched) {
 
 /// The process between this one and the program: by ending it leaves its child to the system. Until then only
 /// calls are made that are safe in the copy of a program with threads.
-[[noreturn]] void standBetween(const std::vector<char*>& list, const Descriptor& failed,
+[[noreturn]] void standBetween(const std::vector<char*>& list, const Descriptor& pipe,
                                std::chrono::milliseconds watched) {
     ::setsid();
+    // Whoever ignores it sees no child end; neither this process nor the program is to inherit that.
+    std::signal(SIGCHLD, SIG_DFL);
     const pid_t child = ::fork();
-    if (child == 0) become(list, failed);
-    ::_exit(child > 0 && standsTheWatch(child, watched) ? 0 : 1);
+    if (child == 0) become(list, pipe);
+    report(pipe, child > 0 && standsTheWatch(child, watched) ? runs : doesNot);
+    ::_exit(0);
+}
+
+/// All that is reported until nobody is left who could.
+std::string reports(const Descriptor& pipe) {
+    std::string all;
+    while (true) {
+        char report = 0;
+        const ssize_t count = ::read(pipe.number(), &report, 1);
+        if (count < 0 && errno == EINTR) continue;
+        if (count <= 0) return all;
+        all += report;
+    }
 }
 
 }  // namespace
@@ -66,23 +89,19 @@ bool startProcess(const std::string& program, const std::vector<std::string>& ar
                   std::chrono::milliseconds watched) {
     std::array<int, 2> ends{};
     if (program.empty() || ::pipe2(ends.data(), O_CLOEXEC) != 0) return false;
-    const Descriptor failures(ends[0]);
-    Descriptor failed(ends[1]);
+    const Descriptor reported(ends[0]);
+    Descriptor reporting(ends[1]);
 
     const auto list = argumentList(program, arguments);
     const pid_t between = ::fork();
     if (between < 0) return false;
-    if (between == 0) standBetween(list, failed, watched);
+    if (between == 0) standBetween(list, reporting, watched);
 
-    failed.close();
-    int status = 0;
-    while (::waitpid(between, &status, 0) < 0 && errno == EINTR) {
+    reporting.close();
+    const bool started = reports(reported) == std::string(1, runs);
+    while (::waitpid(between, nullptr, 0) < 0 && errno == EINTR) {
     }
-    char failure = 0;
-    ssize_t count = 0;
-    do count = ::read(failures.number(), &failure, 1);
-    while (count < 0 && errno == EINTR);
-    return endedWell(status) && count == 0;
+    return started;
 }
 
 }  // namespace desk

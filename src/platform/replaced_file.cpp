@@ -26,6 +26,18 @@ mode_t modeFor(const std::string& path, Readers readers) {
     throw RuntimeFailure(failure::pathAccess, "路径/文件访问错误");
 }
 
+/// The file to which the symbolic links from `path` on lead; it need not be there.
+std::string behindLinks(std::filesystem::path path) {
+    constexpr int longestChain = 40;  // as many as the system follows
+    for (int i = 0; i < longestChain; ++i) {
+        std::error_code noLink;
+        const auto target = std::filesystem::read_symlink(path, noLink);
+        if (noLink) return path.string();
+        path = path.parent_path() / target;
+    }
+    refuse();
+}
+
 /// A new file beside the one that it is to replace, gone again unless it has done so.
 class Beside final : public NewFile {
   public:
@@ -95,10 +107,11 @@ void syncFolder(const std::filesystem::path& folder) {
 
 void replaceFile(const std::string& path, const std::function<bool(NewFile&)>& fill, Readers readers,
                  const SaveGate& gate) {
-    Beside file(path, modeFor(path, readers), gate);
+    const std::string target = behindLinks(path);
+    Beside file(target, modeFor(target, readers), gate);
     if (!file.isOpen() || !fill(file) || !file.takePlace()) refuse();
     if (gate && !gate(SaveStep::syncFolder)) return;
-    const auto folder = std::filesystem::path(path).parent_path();
+    const auto folder = std::filesystem::path(target).parent_path();
     syncFolder(folder.empty() ? "." : folder);
 }
 

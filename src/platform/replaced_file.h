@@ -31,7 +31,8 @@ class NewFile {
 
 /// Puts what `fill` writes in the place of the file `path`: it is written beside it, synced, and renamed over
 /// it, so that whoever reads sees the old file or the new one, whole, also after a power failure. Fails with
-/// 75 when any step is refused or `fill` says false; the old file then stands as it was.
+/// 75 when any step is refused or `fill` says false; the old file then stands as it was. A symbolic link
+/// stays, and the file that it leads to is replaced.
 void replaceFile(const std::string& path, const std::function<bool(NewFile&)>& fill, Readers readers,
                  const SaveGate& gate = {});
 void replaceFile(const std::string& path, std::string_view bytes, Readers readers);

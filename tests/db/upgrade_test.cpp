@@ -260,7 +260,8 @@ TEST(Definition, HasAVersionOfItsOwn) {
     std::uint64_t sum = 14695981039346656037U;
     for (const auto& statement : schema::definition(schema::Dialect::sqlite))
         for (const char byte : statement) sum = (sum ^ static_cast<unsigned char>(byte)) * 1099511628211U;
-    EXPECT_EQ(std::make_pair(schema::definitionVersion, sum), std::make_pair(2, std::uint64_t{580373679080841400}))
+    EXPECT_EQ(std::make_pair(schema::definitionVersion, sum),
+              std::make_pair(2, std::uint64_t{580373679080841400}))
         << "The catalogue has changed: raise schema::definitionVersion (files of the version before are then "
            "brought up), and note both here.";
 }

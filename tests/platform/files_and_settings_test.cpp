@@ -116,6 +116,15 @@ TEST_F(Ini, ReadsWhatADamagedFileStillTells) {
     EXPECT_NE(ini().find("\xFF\xFE"), std::string::npos);
 }
 
+TEST_F(Ini, StaysALinkWhereItIsOne) {
+    putIni("[DBConfig]\nSvr=eins\n");
+    fs::rename(folder / "config/鸿序楼台.ini", folder / "shared.ini");
+    fs::create_symlink("../shared.ini", folder / "config/鸿序楼台.ini");
+    settings.write("鸿序楼台", "DBConfig", "Svr", "zwei");
+    EXPECT_TRUE(fs::is_symlink(folder / "config/鸿序楼台.ini"));
+    EXPECT_EQ(contents(folder / "shared.ini"), "[DBConfig]\nSvr=zwei\n");
+}
+
 TEST_F(Ini, FailsWith75WhereNothingCanBeWritten) {
     put("file", "in the way");
     IniSettings nowhere((folder / "file" / "config").string());
@@ -174,6 +183,29 @@ TEST_F(WrittenFiles, ReplaceTheOldOneWholeOrNotAtAll) {
     EXPECT_EQ(failureOf([&] { replaceFile((folder / "taken").string(), "x", Readers::asUsual); }),
               failure::pathAccess);
     EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 2);
+}
+
+TEST_F(WrittenFiles, ReplaceWhatALinkLeadsTo) {
+    fs::create_directories(folder / "far/away");
+    put("far/away/book", "first");
+    fs::create_symlink("away/book", folder / "far/link");
+    fs::create_symlink(folder / "far/link", folder / "link");
+    replaceFile((folder / "link").string(), "second", Readers::asUsual);
+    EXPECT_EQ(contents(folder / "far/away/book"), "second");
+    EXPECT_TRUE(fs::is_symlink(folder / "link"));
+    EXPECT_TRUE(fs::is_symlink(folder / "far/link"));
+    EXPECT_FALSE(fs::is_symlink(folder / "far/away/book"));
+
+    fs::create_symlink("not/yet", folder / "nowhere");
+    EXPECT_EQ(failureOf([&] { replaceFile((folder / "nowhere").string(), "x", Readers::asUsual); }),
+              failure::pathAccess);
+    fs::create_directory(folder / "not");
+    replaceFile((folder / "nowhere").string(), "made", Readers::asUsual);
+    EXPECT_EQ(contents(folder / "not/yet"), "made");
+
+    fs::create_symlink("circle", folder / "circle");
+    EXPECT_EQ(failureOf([&] { replaceFile((folder / "circle").string(), "x", Readers::asUsual); }),
+              failure::pathAccess);
 }
 
 TEST(ProgramDirectory, IsTheExecutablesUnlessSaidOtherwise) {

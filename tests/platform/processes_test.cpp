@@ -2,6 +2,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -54,6 +55,15 @@ TEST(StartedProcess, IsWatchedForAsLongAsAsked) {
     EXPECT_FALSE(startProcess("false", {}, 10s));
     EXPECT_TRUE(startProcess("true", {}, 10s));
     EXPECT_TRUE(startProcess("sh", {"-c", "sleep 2; exit 1"}, 100ms)) << "the watch was over by then";
+}
+
+TEST(StartedProcess, IsWatchedAlsoWhereEndsOfChildrenAreIgnored) {
+    const auto before = std::signal(SIGCHLD, SIG_IGN);
+    EXPECT_FALSE(startProcess("false", {}, 10s));
+    EXPECT_FALSE(startProcess("/no/such/program", {}));
+    EXPECT_TRUE(startProcess("true", {}, 10s));
+    EXPECT_TRUE(startProcess("sh", {"-c", "(exit 7) & wait $!; test $? = 7"}, 10s)) << "it inherits that";
+    std::signal(SIGCHLD, before);
 }
 
 TEST(OpenedForUser, IsFalseWithoutAProgramForIt) {
