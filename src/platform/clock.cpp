@@ -1,11 +1,12 @@
 #include "platform/clock.h"
 
+#include <chrono>
 #include <ctime>
 
 namespace desk {
 
 DateTime SystemClock::now() const {
-    const std::time_t seconds = std::time(nullptr);
+    const std::time_t seconds = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
     std::tm local{};
     localtime_r(&seconds, &local);
     DateTime moment(local.tm_year + 1900, static_cast<unsigned>(local.tm_mon + 1),
