@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "base/failure.h"
+#include "base/text.h"
 #include "platform/xls/container.h"
 #include "platform/xls/workbook.h"
 #include "platform/xls/xls_spreadsheets.h"
@@ -17,6 +18,10 @@ desk::Worksheet report() {
     return sheet;
 }
 
+std::string streamWithSheet(std::string_view stream, const desk::Worksheet& sheet) {
+    return desk::join(desk::xls::withSheet(stream, sheet), "");
+}
+
 }  // namespace
 
 /// Takes any bytes for a workbook file, and for the stream inside one. They are refused, or what is written
@@ -25,7 +30,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace desk;
     static const Worksheet sheet = report();
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-    for (const auto& write : {xls::fileWithSheet, xls::withSheet}) {
+    for (const auto& write : {xls::fileWithSheet, streamWithSheet}) {
         std::string written;
         try {
             written = write(bytes, sheet);

@@ -22,7 +22,12 @@ int main(int, char** arguments) {
     {
         const Batch fill(grid);
         std::ifstream table(arguments[1]);
-        for (std::string line; std::getline(table, line);) grid.addRow(split(line, ','));
+        for (std::string line; std::getline(table, line);) {
+            // As screens do: a row that takes no more room than its cells.
+            auto cells = split(line, ',');
+            cells.shrink_to_fit();
+            grid.addRow(std::move(cells));
+        }
     }
     std::vector<int> columns;
     for (int column = 0; column < grid.columns(); ++column) columns.push_back(column);

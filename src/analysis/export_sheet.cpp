@@ -1,5 +1,7 @@
 #include "analysis/export_sheet.h"
 
+#include <algorithm>
+
 #include "analysis/excel_export.h"
 #include "base/failure.h"
 
@@ -44,25 +46,43 @@ CellLook bodyLook(const Grid& grid, int column) {
     return look;
 }
 
-void writeTable(Worksheet& sheet, const Grid& grid, const std::vector<int>& columns,
-                const std::function<void(int)>& progress) {
-    constexpr int rowsBetweenReports = 500;
-    for (std::size_t k = 0; k < columns.size(); ++k) {
+void checkNames(std::size_t columns) {
+    for (std::size_t k = 0; k < columns; ++k)
         if (FrmToExcel::RangeNom(static_cast<int>(k), 1).empty())
             throw RuntimeFailure(failure::spreadsheet, "最多可以输出 156 列");
-    }
-    std::vector<CellLook> looks;
-    for (const int column : columns) looks.push_back(bodyLook(grid, column));
-    for (int row = 0; row < grid.rows(); ++row) {
+}
+
+/// Header rows are changed before they are written, so they are copied.
+int headerRows(const Grid& grid) {
+    return std::min(grid.rows(), grid.fixedRows() == 2 ? 2 : 1);
+}
+
+void writeHeaders(Worksheet& sheet, const Grid& grid, const std::vector<int>& columns) {
+    for (int row = 0; row < headerRows(grid); ++row)
         for (std::size_t k = 0; k < columns.size(); ++k) {
             auto& cell = sheet.at(row + titleRows, static_cast<int>(k));
-            cell = {grid.text(row, columns[k]), looks[k]};
+            cell = {grid.text(row, columns[k]), bodyLook(grid, columns[k])};
             if (row > 0) continue;
             cell.look.across = CellLook::Across::centre;
             cell.look.down = CellLook::Down::distributed;
         }
+}
+
+/// All other rows are read from the grid when the sheet is written.
+Worksheet::Table tableBelow(const Grid& grid, const std::vector<int>& columns,
+                            const std::function<void(int)>& progress) {
+    constexpr int rowsBetweenReports = 500;
+    const int headers = headerRows(grid);
+    Worksheet::Table table;
+    table.rows = grid.rows() - headers;
+    for (const int column : columns) table.columns.push_back(bodyLook(grid, column));
+    table.text = [&grid, columns, headers](int row, int k) -> std::string_view {
+        return grid.text(row + headers, columns[static_cast<std::size_t>(k)]);
+    };
+    table.reached = [progress](int row) {
         if (row % rowsBetweenReports == 0) progress(row);
-    }
+    };
+    return table;
 }
 
 /// Equal headers beside each other become one, and a header that says the same twice takes both rows. The
@@ -95,7 +115,9 @@ Worksheet exportSheet(const Grid& grid, const std::vector<int>& columns, const s
     writeTitles(sheet, count, titles);
     for (int k = 0; k < count; ++k)
         sheet.setColumnWidth(k, grid.columnWidth(columns[static_cast<std::size_t>(k)]) / twipsPerCharacter);
-    writeTable(sheet, grid, columns, progress);
+    checkNames(columns.size());
+    writeHeaders(sheet, grid, columns);
+    sheet.append(tableBelow(grid, columns, progress));
     for (int row = 0; row < titleRows; ++row) sheet.merge({row, 0, row, count - 1});
     if (grid.fixedRows() == 2) mergeHeaders(sheet, count);
     return sheet;

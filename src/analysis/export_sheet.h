@@ -17,8 +17,8 @@ struct ExportTitles {
 };
 
 /// The sheet of that name: three rows of titles, and below them the chosen columns of `grid` with its header
-/// rows. `progress` is told of rows done, now and then. Fails with 1004 for a column beyond the last that has
-/// a name, and where Worksheet does.
+/// rows. `grid` must stay as it is until the sheet is written; `progress` is then told of rows done, now and
+/// then. Fails with 1004 for a column beyond the last that has a name, and where Worksheet does.
 Worksheet exportSheet(const Grid& grid, const std::vector<int>& columns, const std::string& name,
                       const ExportTitles& titles, const std::function<void(int rowsDone)>& progress);
 

@@ -62,8 +62,13 @@ class Beside final : public NewFile {
 
     bool write(std::string_view bytes) override {
         constexpr std::size_t much = 65536;
-        waiting_ += bytes;
-        return waiting_.size() < much || flush();
+        while (!bytes.empty()) {
+            const std::string_view part = bytes.substr(0, much - waiting_.size());
+            waiting_ += part;
+            bytes.remove_prefix(part.size());
+            if (waiting_.size() == much && !flush()) break;
+        }
+        return whole_;
     }
     bool seek(std::uint64_t position) override {
         whole_ = flush() && ::lseek(file_.number(), static_cast<off_t>(position), SEEK_SET) >= 0;

@@ -12,16 +12,26 @@ namespace {
     throw RuntimeFailure(failure::spreadsheet, why);
 }
 
+void checkPlace(std::size_t row, std::size_t column) {
+    if (row >= Worksheet::maxRows) refuse("工作表最多 65536 行");
+    if (column >= Worksheet::maxColumns) refuse("工作表最多 256 列");
+}
+
 }  // namespace
 
 Worksheet::Cell& Worksheet::at(int row, int column) {
-    if (row < 0 || row >= maxRows) refuse("工作表最多 65536 行");
-    if (column < 0 || column >= maxColumns) refuse("工作表最多 256 列");
     const auto line = static_cast<std::size_t>(row);
     const auto place = static_cast<std::size_t>(column);
+    checkPlace(line, place);
     if (line >= rows_.size()) rows_.resize(line + 1);
     if (place >= rows_[line].size()) rows_[line].resize(place + 1);
     return rows_[line][place];
+}
+
+void Worksheet::append(Table table) {
+    if (table.rows > 0 && !table.columns.empty())
+        checkPlace(rows_.size() + static_cast<std::size_t>(table.rows) - 1, table.columns.size() - 1);
+    table_ = std::move(table);
 }
 
 void Worksheet::setColumnWidth(int column, double characters) {

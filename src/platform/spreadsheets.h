@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -32,6 +33,14 @@ class Worksheet {
         std::string text;  ///< of a number cell: stored as a number if it is one
         CellLook look;
     };
+    /// Rows below those that the sheet holds itself. Their texts are not copied: they stay where they are,
+    /// unchanged, until the sheet has been written.
+    struct Table {
+        int rows = 0;
+        std::vector<CellLook> columns;  ///< how the cells of each column look
+        std::function<std::string_view(int row, int column)> text;
+        std::function<void(int row)> reached;  ///< told as the rows are written; may be empty
+    };
     struct Range {
         int top;
         int left;
@@ -45,6 +54,9 @@ class Worksheet {
     /// Makes the cell if there is none. Fails with 1004 past the limits of the file format.
     Cell& at(int row, int column);
     const std::vector<std::vector<Cell>>& rows() const { return rows_; }
+    /// Fails with 1004 past the limits of the file format.
+    void append(Table table);
+    const Table& table() const { return table_; }
 
     /// In characters of the workbook's own font. Fails with 1004 beyond 255.
     void setColumnWidth(int column, double characters);
@@ -60,6 +72,7 @@ class Worksheet {
   private:
     std::string name_;
     std::vector<std::vector<Cell>> rows_;
+    Table table_;
     std::map<int, double> widths_;
     std::map<int, CellLook> rowLooks_;
     std::vector<Range> merges_;

@@ -34,7 +34,18 @@ bool RecordingPrograms::openForUser(const std::string& what) {
 
 void MemorySpreadsheets::put(const std::string& path, const Worksheet& sheet) {
     if (!refusal.empty()) throw RuntimeFailure(failure::spreadsheet, refusal);
-    books[path].push_back(sheet);
+    // What the sheet refers to is read now, as a real workbook does.
+    Worksheet whole = sheet;
+    const auto& table = sheet.table();
+    whole.append({});
+    const int own = static_cast<int>(sheet.rows().size());
+    for (int row = 0; row < table.rows; ++row) {
+        for (int column = 0; column < static_cast<int>(table.columns.size()); ++column)
+            whole.at(own + row, column) = {std::string(table.text(row, column)),
+                                           table.columns[static_cast<std::size_t>(column)]};
+        if (table.reached) table.reached(row);
+    }
+    books[path].push_back(std::move(whole));
 }
 
 TestProgram::TestProgram() : app(desktop, Platform{clock, settings, files, programs, spreadsheets}) {

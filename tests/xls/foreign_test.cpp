@@ -30,6 +30,12 @@ class Foreign : public WorkbookTest {
     static std::vector<std::string> records(const std::string& file) {
         return run("/usr/bin/python3 " TEST_FOLDER "/records.py '" + file + "'");
     }
+    static bool isOfCells(const std::string& line) {
+        for (const char* id : {"0006", "003c", "00bd", "00be", "00d7", "00e5", "00fd", "0200", "0201", "0203",
+                               "0207", "0208", "020b", "027e", "04bc"})
+            if (line.starts_with(std::string(id) + " ")) return true;
+        return false;
+    }
     static Worksheet report() {
         Worksheet sheet("分析");
         CellLook look;
@@ -72,6 +78,15 @@ TEST_P(ForeignMaker, OtherSheetsKeepEveryRecord) {
     const auto kept = std::find_if(records2.begin() + 1, records2.end(),
                                    [](const auto& line) { return line.starts_with("sheet"); });
     EXPECT_TRUE(std::equal(second, records1.end(), kept, records2.end()));
+    // What is no cell stays with the sheet, its views above all.
+    const auto setUp = [](auto from, auto to) {
+        std::vector<std::string> lines;
+        for (; from != to; ++from)
+            if (!isOfCells(*from)) lines.push_back(*from);
+        return lines;
+    };
+    EXPECT_EQ(setUp(records2.begin(), kept), setUp(records1.begin(), second));
+    EXPECT_GT(setUp(records2.begin(), kept).size(), 10U);
 }
 
 TEST_P(ForeignMaker, OtherProgramsOpenTheResult) {

@@ -13,6 +13,10 @@ for row in range(400):
     data.write(row, 2, xlwt.Formula(f"B{row + 1}*2"))
 data.write_merge(400, 401, 0, 2, "合计", style)
 data.col(0).width = 5000
+data.panes_frozen = True
+data.horz_split_pos = 1
+data.portrait = False
+data.header_str = b"&A"
 total = book.add_sheet("汇总")
 total.write(0, 0, xlwt.Formula("SUM('数据'!B1:B400)"))
 total.write(1, 0, "文字")

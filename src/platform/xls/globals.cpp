@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/failure.h"
+#include "platform/xls/file_password.h"
 #include "platform/xls/record.h"
 
 namespace desk::xls {
@@ -10,6 +11,16 @@ namespace desk::xls {
 namespace {
 constexpr std::uint16_t version8 = 0x0600;
 constexpr std::uint16_t globalsKind = 0x0005;
+
+[[noreturn]] void refuseEncrypted(std::string_view filePass) {
+    // A book whose sheets are protected is encrypted too, by a password that nobody is asked for.
+    throw RuntimeFailure(failure::spreadsheet,
+                         hasDefaultPassword(filePass)
+                             ? "工作簿受保护，不能写入。请在电子表格程序中撤消工作簿保护（“审阅”"
+                               "→“保护工作簿”），保存后再输出"
+                             : "文件已加密，不能写入");
+}
+
 }  // namespace
 
 Globals::Globals(std::string_view stream) {
@@ -19,7 +30,7 @@ Globals::Globals(std::string_view stream) {
     if (shortAt(start.body, 2) != globalsKind) damaged();
     for (std::size_t at = 0;;) {
         const Record record = recordAt(stream, at);
-        if (record.id == id::filePass) throw RuntimeFailure(failure::spreadsheet, "文件已加密，不能写入");
+        if (record.id == id::filePass) refuseEncrypted(record.body);
         if (record.id == id::bof && at > 0) damaged();
         items.push_back({record.id, std::string(record.body)});
         at = record.end();
@@ -36,9 +47,14 @@ std::size_t Globals::newSize() const {
     return size;
 }
 
-std::string Globals::bytes() const {
+std::string Globals::takeBytes() {
     Bytes all;
-    for (const Item& item : items) all.record(item.id, item.body);
+    all.reserve(newSize());
+    for (Item& item : items) {
+        all.record(item.id, item.body);
+        item.body = {};
+    }
+    items.clear();
     return all.take();
 }
 

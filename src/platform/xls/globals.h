@@ -24,7 +24,8 @@ class Globals {
     /// Where the sheets began in the stream that was read.
     std::size_t oldSize() const { return oldSize_; }
     std::size_t newSize() const;
-    std::string bytes() const;
+    /// The records, which are gone then.
+    std::string takeBytes();
 
     std::size_t count(std::uint16_t id) const;
     /// How many of that kind stand before the first with that body; as many as there are if none has it.

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -28,6 +30,7 @@ inline constexpr std::uint16_t blank = 0x0201;
 inline constexpr std::uint16_t number = 0x0203;
 inline constexpr std::uint16_t row = 0x0208;
 inline constexpr std::uint16_t index = 0x020B;
+inline constexpr std::uint16_t defaultColumnWidth = 0x0055;
 inline constexpr std::uint16_t window2 = 0x023E;
 inline constexpr std::uint16_t style = 0x0293;
 inline constexpr std::uint16_t format = 0x041E;
@@ -73,6 +76,18 @@ class Bytes {
     /// Characters behind their flags byte, in one byte each where all fit.
     Bytes& characters(std::u16string_view text);
     Bytes& record(std::uint16_t id, std::string_view body);
+    /// Short numbers one behind the other, as most records are made of.
+    Bytes& shorts(std::initializer_list<std::uint32_t> values) {
+        std::array<char, 32> packed;
+        std::size_t size = 0;
+        for (const std::uint32_t value : values) {
+            packed[size++] = static_cast<char>(value & 255U);
+            packed[size++] = static_cast<char>(value >> 8 & 255U);
+        }
+        bytes_.append(packed.data(), size);
+        return *this;
+    }
+    void reserve(std::size_t size) { bytes_.reserve(size); }
 
     const std::string& get() const { return bytes_; }
     std::string take() { return std::move(bytes_); }

@@ -1,6 +1,8 @@
 #include "platform/xls/shared_strings.h"
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
 
 #include "base/failure.h"
 #include "base/text.h"
@@ -23,13 +25,11 @@ class Walk {
 
     std::size_t segment = 0;
     std::size_t offset = headSize;
+    bool plain = false;  ///< whether the last text was nothing but characters
 
-    /// To the next text's start, which may be that of the next segment.
+    /// To the next text's start, which may be that of a later segment.
     void settle() {
-        if (offset < segments_[segment].size()) return;
-        if (offset > segments_[segment].size() || segment + 1 >= segments_.size()) damaged();
-        ++segment;
-        offset = 0;
+        if (offset == segments_[segment].size()) next();
     }
 
     /// The text, without what it says of fonts and of its sound.
@@ -71,8 +71,6 @@ class Walk {
         return text;
     }
 
-    bool plain = false;  ///< whether the last text was nothing but characters
-
   private:
     void next() {
         if (offset != segments_[segment].size() || segment + 1 >= segments_.size()) damaged();
@@ -84,6 +82,33 @@ class Walk {
 };
 
 }  // namespace
+
+std::uint32_t TextIndex::findOrAdd(std::string_view text, std::uint32_t number) {
+    if (4 * (entries_.size() + 1) > 3 * slots_.size()) grow();
+    const auto hash = static_cast<std::uint32_t>(std::hash<std::string_view>()(text));
+    const std::size_t mask = slots_.size() - 1;
+    std::size_t at = hash & mask;
+    for (; slots_[at].entry != 0; at = (at + 1) & mask) {
+        const Entry& entry = entries_[slots_[at].entry - 1];
+        if (slots_[at].hash == hash && std::string_view(entry.text, entry.length) == text)
+            return entry.number;
+    }
+    entries_.push_back({text.data(), static_cast<std::uint32_t>(text.size()), number});
+    slots_[at] = {hash, static_cast<std::uint32_t>(entries_.size())};
+    return number;
+}
+
+void TextIndex::grow() {
+    std::vector<Slot> old(std::max<std::size_t>(1024, 2 * slots_.size()));
+    old.swap(slots_);
+    const std::size_t mask = slots_.size() - 1;
+    for (const Slot& slot : old) {
+        if (slot.entry == 0) continue;
+        std::size_t at = slot.hash & mask;
+        while (slots_[at].entry != 0) at = (at + 1) & mask;
+        slots_[at] = slot;
+    }
+}
 
 SharedStrings::SharedStrings(Globals& globals) : globals_(globals) {
     auto& items = globals.items;
@@ -99,7 +124,9 @@ SharedStrings::SharedStrings(Globals& globals) : globals_(globals) {
     }
     auto end = first + 1;
     while (end != items.end() && end->id == id::continuation) ++end;
-    for (auto item = first; item != end; ++item) segments_.push_back(std::move(item->body));
+    // Some readers stumble over a continuation without anything in it, which some programs write.
+    for (auto item = first; item != end; ++item)
+        if (item == first || !item->body.empty()) segments_.push_back(std::move(item->body));
     where_ = static_cast<std::size_t>(first - items.begin());
     items.erase(first, end);
     readOld();
@@ -108,66 +135,116 @@ SharedStrings::SharedStrings(Globals& globals) : globals_(globals) {
 void SharedStrings::readOld() {
     total_ = longAt(segments_.front(), 0);
     const std::uint32_t count = longAt(segments_.front(), 4);
+    // No text takes more room in UTF-8: none may move once it is known.
+    std::size_t room = 0;
+    for (const auto& segment : segments_) room += 2 * segment.size();
+    oldTexts_.reserve(room);
     Walk walk(segments_);
-    for (std::uint32_t i = 0; i < count; ++i) {
-        walk.settle();
-        places_.push_back({walk.segment, walk.offset});
-        std::u16string text = walk.readText();
-        if (walk.plain) known_.try_emplace(std::move(text), i);
+    Place end{0, headSize};
+    try {
+        while (places_.size() < count) {
+            walk.settle();
+            const Place start = placeOf(walk.segment, walk.offset);
+            const std::u16string text = walk.readText();
+            end = placeOf(walk.segment, walk.offset);
+            places_.push_back(start);
+            if (walk.plain) know(text);
+        }
+    } catch (const RuntimeFailure&) {
+        // Some programs announce more texts than they write. Those that are whole count.
     }
     // A new text must follow the last one at once.
-    segments_.resize(walk.segment + 1);
-    segments_.back().resize(walk.offset);
+    segments_.resize(end.segment + 1);
+    segments_.back().resize(end.offset);
+}
+
+void SharedStrings::know(std::u16string_view text) {
+    const std::size_t before = oldTexts_.size();
+    oldTexts_ += toUtf8(text);
+    known_.findOrAdd(std::string_view(oldTexts_).substr(before),
+                     static_cast<std::uint32_t>(places_.size() - 1));
+}
+
+void SharedStrings::fillUpTo(std::uint32_t count) {
+    constexpr std::size_t mostMissing = 1000000;
+    if (count > places_.size() + mostMissing) damaged();
+    while (places_.size() < count) append(std::string_view());
 }
 
 std::uint32_t SharedStrings::add(std::string_view text) {
     ++total_;
-    const std::u16string wide = toUtf16(text);
-    if (wide.size() > longestText)
+    const auto next = static_cast<std::uint32_t>(places_.size());
+    const std::uint32_t number = known_.findOrAdd(text, next);
+    if (number == next) append(text);
+    return number;
+}
+
+void SharedStrings::append(std::string_view text) {
+    constexpr std::size_t head = 3;
+    const bool ascii =
+        std::all_of(text.begin(), text.end(), [](char c) { return static_cast<signed char>(c) >= 0; });
+    if (ascii && segments_.back().size() + head + text.size() <= maxBody) {
+        // Most texts are such, and fit as they are.
+        startText(text.size(), 0);
+        segments_.back() += text;
+        return;
+    }
+    const std::u16string characters = toUtf16(text);
+    if (characters.size() > longestText)
         throw RuntimeFailure(failure::spreadsheet, "单元格的文字最多 32767 个字符");
-    const auto [entry, isNew] = known_.try_emplace(wide, static_cast<std::uint32_t>(places_.size()));
-    if (isNew) append(wide);
-    return entry->second;
+    append(characters);
 }
 
 void SharedStrings::append(std::u16string_view text) {
     const bool wide = std::any_of(text.begin(), text.end(), [](char16_t c) { return c > 255; });
     const std::size_t width = wide ? 2 : 1;
+    const char flags = static_cast<char>(wide ? wideFlag : 0);
     // The head of a text stands in one segment, together with a first character.
-    if (segments_.back().size() + 3 + width > maxBody) segments_.emplace_back();
-    places_.push_back({segments_.size() - 1, segments_.back().size()});
-    Bytes head;
-    head.u16(static_cast<std::uint32_t>(text.size())).u8(wide ? wideFlag : 0);
-    segments_.back() += head.get();
+    constexpr std::size_t head = 3;
+    if (segments_.back().size() + head + width > maxBody) addSegment();
+    startText(text.size(), flags);
     while (!text.empty()) {
-        const std::size_t fit = std::min(text.size(), (maxBody - segments_.back().size()) / width);
-        Bytes part;
-        for (const char16_t c : text.substr(0, fit))
-            if (wide)
-                part.u16(c);
-            else
-                part.u8(c);
-        segments_.back() += part.get();
+        std::string& segment = segments_.back();
+        const std::size_t fit = std::min(text.size(), (maxBody - segment.size()) / width);
+        for (const char16_t c : text.substr(0, fit)) {
+            segment.push_back(static_cast<char>(c & 255U));
+            if (wide) segment.push_back(static_cast<char>(c >> 8));
+        }
         text.remove_prefix(fit);
-        if (!text.empty()) segments_.emplace_back(1, static_cast<char>(wide ? wideFlag : 0));
+        if (text.empty()) break;
+        addSegment();
+        segments_.back().push_back(flags);
     }
+}
+
+void SharedStrings::addSegment() {
+    segments_.emplace_back().reserve(maxBody);
+}
+
+void SharedStrings::startText(std::size_t length, char flags) {
+    std::string& segment = segments_.back();
+    places_.push_back(placeOf(segments_.size() - 1, segment.size()));
+    segment.push_back(static_cast<char>(length & 255U));
+    segment.push_back(static_cast<char>(length >> 8));
+    segment.push_back(flags);
 }
 
 void SharedStrings::finish() {
     putLong(segments_.front(), 0, total_);
     putLong(segments_.front(), 4, static_cast<std::uint32_t>(places_.size()));
-    auto place = globals_.items.begin() + static_cast<std::ptrdiff_t>(where_);
+    Globals::Item fast{id::extSst, extSst()};
     std::vector<Globals::Item> items;
-    for (std::size_t i = 0; i < segments_.size(); ++i)
-        items.push_back({i == 0 ? id::sst : id::continuation, segments_[i]});
-    globals_.items.insert(place, items.begin(), items.end());
-    globals_.items.insert(globals_.items.begin() + static_cast<std::ptrdiff_t>(where_ + segments_.size()),
-                          {id::extSst, extSst(where_)});
+    for (std::string& segment : segments_)
+        items.push_back({items.empty() ? id::sst : id::continuation, std::move(segment)});
+    items.push_back(std::move(fast));
+    const auto place = globals_.items.begin() + static_cast<std::ptrdiff_t>(where_);
+    globals_.items.insert(place, std::make_move_iterator(items.begin()),
+                          std::make_move_iterator(items.end()));
 }
 
-std::string SharedStrings::extSst(std::size_t firstItem) const {
+std::string SharedStrings::extSst() const {
     std::size_t start = 0;
-    for (std::size_t i = 0; i < firstItem; ++i) start += headerSize + globals_.items[i].body.size();
+    for (std::size_t i = 0; i < where_; ++i) start += headerSize + globals_.items[i].body.size();
     std::vector<std::size_t> starts;
     for (const auto& segment : segments_) {
         starts.push_back(start);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "base/number.h"
 #include "platform/xls/record.h"
@@ -10,49 +11,105 @@ namespace desk::xls {
 
 namespace {
 
-constexpr std::uint16_t sheetKind = 0x0010;
-constexpr int usualRowHeight = 285;  ///< twips, as of a font of 12 points
+constexpr std::uint32_t usualRowHeight = 285;  ///< twips, as of a font of 12 points
+
+/// Column widths as the file keeps them: those of the frame, with those that the sheet sets cut out of them.
+class Widths {
+  public:
+    Widths(const SheetFrame& frame, const Worksheet& sheet, std::uint16_t usualLook) {
+        for (const auto& old : frame.columns) keepOld(old, sheet.columnWidths());
+        for (const auto& [column, width] : sheet.columnWidths()) set(frame, column, width, usualLook);
+        std::sort(all_.begin(), all_.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    }
+
+    void write(Bytes& out) const {
+        for (const auto& columns : all_) {
+            Bytes body;
+            body.shorts(
+                {static_cast<std::uint32_t>(columns.first), static_cast<std::uint32_t>(columns.last)});
+            out.record(id::columnInfo, body.raw(columns.rest).get());
+        }
+    }
+
+  private:
+    void keepOld(const SheetFrame::Columns& old, const std::map<int, double>& set) {
+        int first = old.first;
+        for (auto next = set.lower_bound(first); next != set.end() && next->first <= old.last; ++next) {
+            if (next->first > first) all_.push_back({first, next->first - 1, old.rest});
+            first = next->first + 1;
+        }
+        if (first <= old.last) all_.push_back({first, old.last, old.rest});
+    }
+
+    void set(const SheetFrame& frame, int column, double characters, std::uint16_t usualLook) {
+        // The file counts in 256ths of a character and with the cell's margin of five pixels, at eight a
+        // character.
+        constexpr int margin = 5 * 256 / 8;
+        constexpr std::uint32_t setByUser = 2;
+        constexpr std::uint32_t hidden = 1;
+        const auto width = static_cast<std::uint32_t>(std::lround(characters * 256) + margin);
+        const auto old = std::find_if(frame.columns.begin(), frame.columns.end(), [column](const auto& each) {
+            return each.first <= column && column <= each.last;
+        });
+        const bool has = old != frame.columns.end();
+        const std::uint32_t look = has ? shortAt(old->rest, 2) : usualLook;
+        const std::uint32_t flags = has ? shortAt(old->rest, 4) & ~hidden : 0;
+        all_.push_back({column, column, Bytes().shorts({width, look, flags | setByUser, 0}).take()});
+    }
+
+    std::vector<SheetFrame::Columns> all_;
+};
 
 class Writer {
   public:
     Writer(const Worksheet& sheet, Looks& looks, SharedStrings& texts)
-        : sheet_(sheet), looks_(looks), texts_(texts) {}
+        : sheet_(sheet),
+          looks_(looks),
+          texts_(texts),
+          own_(sheet.rows().size()),
+          table_(sheet.table()),
+          usual_(looks.usual()) {
+        for (const CellLook& look : table_.columns) tableLooks_.push_back(lookOf(look));
+    }
 
-    std::string write(Shown shown) {
-        out_.raw(startRecord(sheetKind));
-        for (const auto& [column, width] : sheet_.columnWidths()) writeWidth(column, width);
+    std::string write(const SheetFrame& frame) {
+        // Most of a sheet are the cells of its table.
+        constexpr std::size_t longestCell = 18;
+        constexpr std::size_t rest = 65536;
+        out_.reserve(static_cast<std::size_t>(table_.rows) * (table_.columns.size() + 2) * longestCell +
+                     rest);
+        out_.raw(frame.head);
+        Widths(frame, sheet_, usual_).write(out_);
+        out_.raw(frame.beforeCells);
         writeDimensions();
         // Rows come in blocks of 32: first what the rows are, then what stands in them.
         constexpr std::size_t block = 32;
-        const std::size_t count = sheet_.rows().size();
-        for (std::size_t first = 0; first < count; first += block) {
-            const std::size_t end = std::min(first + block, count);
+        for (std::size_t first = 0; first < rowCount(); first += block) {
+            const std::size_t end = std::min(first + block, rowCount());
             for (std::size_t row = first; row < end; ++row) writeRow(row);
-            for (std::size_t row = first; row < end; ++row) writeCells(row);
+            for (std::size_t row = first; row < end; ++row)
+                if (row < own_)
+                    writeOwnCells(row);
+                else
+                    writeTableCells(row);
         }
-        writeWindow(shown);
+        out_.raw(frame.behindCells);
         writeMerges();
-        return out_.record(id::eof, {}).take();
+        return out_.raw(frame.tail).record(id::eof, {}).take();
     }
 
   private:
-    void writeWidth(int column, double characters) {
-        // The file counts in 256ths of a character and with the cell's margin of five pixels, at eight a
-        // character.
-        constexpr int margin = 5 * 256 / 8;
-        const auto width = static_cast<std::uint32_t>(std::lround(characters * 256) + margin);
-        const auto place = static_cast<std::uint32_t>(column);
-        constexpr std::uint32_t setByUser = 2;
-        Bytes body;
-        body.u16(place).u16(place).u16(width).u16(looks_.usual()).u16(setByUser).u16(0);
-        out_.record(id::columnInfo, body.get());
+    std::size_t rowCount() const { return own_ + static_cast<std::size_t>(table_.rows); }
+    std::uint32_t lookOf(const CellLook& look) { return look == CellLook{} ? usual_ : looks_.of(look); }
+    std::size_t cellsIn(std::size_t row) const {
+        return row < own_ ? sheet_.rows()[row].size() : table_.columns.size();
     }
 
     void writeDimensions() {
-        std::size_t columns = 0;
+        std::size_t columns = table_.rows > 0 ? table_.columns.size() : 0;
         for (const auto& row : sheet_.rows()) columns = std::max(columns, row.size());
         Bytes body;
-        body.u32(0).u32(static_cast<std::uint32_t>(sheet_.rows().size())).u16(0);
+        body.u32(0).u32(static_cast<std::uint32_t>(rowCount())).u16(0);
         body.u16(static_cast<std::uint32_t>(columns)).u16(0);
         out_.record(id::dimensions, body.get());
     }
@@ -60,52 +117,52 @@ class Writer {
     void writeRow(std::size_t row) {
         constexpr std::uint32_t always = 0x0100;
         constexpr std::uint32_t hasLook = 0x0080;
-        const auto look = sheet_.rowLooks().find(static_cast<int>(row));
-        const bool own = look != sheet_.rowLooks().end();
-        const double size = own ? look->second.fontSize : 0;
-        const int height = std::max(usualRowHeight, static_cast<int>(size * 25));
-        Bytes body;
-        body.u16(static_cast<std::uint32_t>(row)).u16(0);
-        body.u16(static_cast<std::uint32_t>(sheet_.rows()[row].size()));
-        body.u16(static_cast<std::uint32_t>(height)).u16(0).u16(0);
-        body.u16(always | (own ? hasLook : 0)).u16(own ? looks_.of(look->second) : looks_.usual());
-        out_.record(id::row, body.get());
+        constexpr std::uint32_t size = 16;
+        std::uint32_t height = usualRowHeight;
+        std::uint32_t flags = always;
+        std::uint32_t look = usual_;
+        if (const auto own = sheet_.rowLooks().find(static_cast<int>(row)); own != sheet_.rowLooks().end()) {
+            height = std::max(height, static_cast<std::uint32_t>(own->second.fontSize * 25));
+            flags |= hasLook;
+            look = looks_.of(own->second);
+        }
+        out_.shorts({id::row, size, static_cast<std::uint32_t>(row), 0,
+                     static_cast<std::uint32_t>(cellsIn(row)), height, 0, 0, flags, look});
     }
 
-    void writeCells(std::size_t row) {
+    void writeOwnCells(std::size_t row) {
         const auto& cells = sheet_.rows()[row];
         for (std::size_t column = 0; column < cells.size(); ++column) {
             const auto& cell = cells[column];
-            const bool plain = cell.look == CellLook{};
-            if (cell.text.empty() && plain) continue;
-            Bytes body;
-            body.u16(static_cast<std::uint32_t>(row)).u16(static_cast<std::uint32_t>(column));
-            body.u16(plain ? looks_.usual() : looks_.of(cell.look));
-            writeContent(cell, body);
+            if (cell.text.empty() && cell.look == CellLook{}) continue;
+            writeCell(row, column, lookOf(cell.look), cell.look.format, cell.text);
         }
     }
 
-    void writeContent(const Worksheet::Cell& cell, Bytes& body) {
-        if (cell.text.empty()) {
-            out_.record(id::blank, body.get());
+    void writeTableCells(std::size_t row) {
+        const int line = static_cast<int>(row - own_);
+        for (std::size_t column = 0; column < table_.columns.size(); ++column)
+            writeCell(row, column, tableLooks_[column], table_.columns[column].format,
+                      table_.text(line, static_cast<int>(column)));
+        if (table_.reached) table_.reached(line);
+    }
+
+    void writeCell(std::size_t row, std::size_t column, std::uint32_t look, CellLook::Format format,
+                   std::string_view text) {
+        constexpr std::uint32_t placeSize = 6;
+        const auto line = static_cast<std::uint32_t>(row);
+        const auto place = static_cast<std::uint32_t>(column);
+        if (text.empty()) {
+            out_.shorts({id::blank, placeSize, line, place, look});
             return;
         }
-        if (cell.look.format == CellLook::Format::number)
-            if (const auto value = wholeNumber(cell.text)) {
-                out_.record(id::number, body.real(*value).get());
+        if (format == CellLook::Format::number)
+            if (const auto value = wholeNumber(text)) {
+                out_.shorts({id::number, placeSize + 8, line, place, look}).real(*value);
                 return;
             }
-        out_.record(id::labelSst, body.u32(texts_.add(cell.text)).get());
-    }
-
-    void writeWindow(Shown shown) {
-        constexpr std::uint32_t usualParts = 0x00B6;  // lines, headings, zeros, their usual colour, outlines
-        constexpr std::uint32_t selectedAndShown = 0x0600;
-        constexpr std::uint32_t lineColour = 64;
-        Bytes body;
-        body.u16(usualParts | (shown == Shown::first ? selectedAndShown : 0)).u16(0).u16(0);
-        body.u32(lineColour).u16(0).u16(0).u32(0);
-        out_.record(id::window2, body.get());
+        const std::uint32_t number = texts_.add(text);
+        out_.shorts({id::labelSst, placeSize + 4, line, place, look, number, number >> 16});
     }
 
     void writeMerges() {
@@ -125,44 +182,39 @@ class Writer {
     const Worksheet& sheet_;
     Looks& looks_;
     SharedStrings& texts_;
+    std::size_t own_;  ///< rows that the sheet holds itself, before its table
+    const Worksheet::Table& table_;
+    std::uint16_t usual_;
+    std::vector<std::uint32_t> tableLooks_;
     Bytes out_;
 };
 
 }  // namespace
 
-std::string startRecord(std::uint16_t kind) {
-    constexpr std::uint32_t version = 0x0600;
-    constexpr std::uint32_t build = 0x0DBB;
-    constexpr std::uint32_t year = 1996;
-    Bytes body;
-    body.u16(version).u16(kind).u16(build).u16(year).u32(0).u32(6);
-    return Bytes().record(id::bof, body.get()).take();
+std::string sheetStream(const Worksheet& sheet, const SheetFrame& frame, Looks& looks, SharedStrings& texts) {
+    return Writer(sheet, looks, texts).write(frame);
 }
 
-std::string sheetStream(const Worksheet& sheet, Looks& looks, SharedStrings& texts, Shown shown) {
-    return Writer(sheet, looks, texts).write(shown);
-}
-
-std::size_t sheetEnd(std::string_view stream, std::size_t start) {
+SheetSurvey surveySheet(std::string_view stream, std::size_t start) {
     // Charts stand inside a sheet as streams of their own.
+    constexpr std::size_t numberAt = 6;
+    SheetSurvey survey;
     int depth = 0;
     for (std::size_t at = start;;) {
         const Record record = recordAt(stream, at);
         if (at == start && record.id != id::bof) damaged();
         at = record.end();
         if (record.id == id::bof) ++depth;
-        if (record.id == id::eof && --depth == 0) return at;
+        if (record.id == id::labelSst) {
+            const std::uint32_t number = longAt(record.body, numberAt);
+            if (number == UINT32_MAX) damaged();
+            ++survey.textCells;
+            survey.textsNamed = std::max(survey.textsNamed, number + 1);
+        }
+        if (record.id != id::eof || --depth > 0) continue;
+        survey.end = at;
+        return survey;
     }
-}
-
-std::uint32_t textCells(std::string_view sheet) {
-    std::uint32_t count = 0;
-    for (std::size_t at = 0; at < sheet.size();) {
-        const Record record = recordAt(sheet, at);
-        if (record.id == id::labelSst) ++count;
-        at = record.end();
-    }
-    return count;
 }
 
 void moveSheet(std::string& sheet, std::size_t oldStart, std::ptrdiff_t shift) {

@@ -42,9 +42,12 @@ std::u16string checkedName(const std::string& utf8) {
 struct Listed {
     std::size_t item;   ///< of the globals
     std::size_t start;  ///< in the stream that was read
-    std::size_t end;
+    SheetSurvey survey;
     std::uint8_t kind;
     std::u16string name;
+
+    std::size_t end() const { return survey.end; }
+    std::size_t size() const { return survey.end - start; }
 };
 
 std::u16string nameIn(std::string_view body) {
@@ -64,12 +67,12 @@ std::vector<Listed> sheetsOf(const Globals& globals, std::string_view stream) {
         const std::string_view body = globals.items[i].body;
         const std::size_t start = longAt(body, 0);
         if (start < globals.oldSize()) damaged();
-        sheets.push_back({i, start, sheetEnd(stream, start), byteAt(body, 5), nameIn(body)});
+        sheets.push_back({i, start, surveySheet(stream, start), byteAt(body, 5), nameIn(body)});
     }
     auto sorted = sheets;
     std::sort(sorted.begin(), sorted.end(), [](const auto& a, const auto& b) { return a.start < b.start; });
     for (std::size_t i = 1; i < sorted.size(); ++i)
-        if (sorted[i].start < sorted[i - 1].end) damaged();
+        if (sorted[i].start < sorted[i - 1].end()) damaged();
     return sheets;
 }
 
@@ -101,32 +104,60 @@ class Assembly {
     Assembly(std::string_view stream, const Worksheet& sheet)
         : stream_(stream), sheet_(sheet), name_(checkedName(sheet.name())), globals_(stream) {}
 
-    std::string assemble() {
+    std::vector<std::string> assemble() {
         sheets_ = sheetsOf(globals_, stream_);
-        dropPadding();
+        checkRest();
         findReplaced();
         if (!replaced_) list();
+        showWindow();
         Looks looks(globals_);
-        SharedStrings texts(globals_);
-        if (replaced_) {
-            const Listed& old = sheets_[*replaced_];
-            texts.forgetCells(textCells(stream_.substr(old.start, old.end - old.start)));
-        }
-        const std::string added = sheetStream(sheet_, looks, texts, Shown::behind);
-        looks.finish();
-        texts.finish();
-        const std::string kept = keptSheets();
+        std::string added = addedSheet(looks);
+        std::string kept = keptSheets();
         place(globals_.newSize() + kept.size());
-        return globals_.bytes() + kept + added;
+        std::vector<std::string> parts;
+        parts.push_back(globals_.takeBytes());
+        parts.push_back(std::move(kept));
+        parts.push_back(std::move(added));
+        return parts;
     }
 
   private:
-    /// Some programs fill the stream up with zeros; others read no sheet behind them.
-    void dropPadding() {
+    /// Some programs fill the stream up with zeros; others read no sheet behind them. Nor do they behind half
+    /// a record, which would swallow the beginning of the sheet.
+    void checkRest() {
         std::size_t end = 0;
-        for (const Listed& sheet : sheets_) end = std::max(end, sheet.end);
+        for (const Listed& sheet : sheets_) end = std::max(end, sheet.end());
         if (stream_.find_first_not_of('\0', end) == std::string_view::npos) stream_ = stream_.substr(0, end);
+        while (end < stream_.size()) end = recordAt(stream_, end).end();
     }
+
+    void showWindow() {
+        constexpr std::size_t flagsAt = 8;
+        constexpr std::uint32_t hidden = 1;
+        for (auto& item : globals_.items) {
+            if (item.id != id::window1) continue;
+            putShort(item.body, flagsAt, shortAt(item.body, flagsAt) & ~hidden);
+            return;
+        }
+    }
+
+    /// The new sheet, all texts and looks of the workbook being complete then.
+    std::string addedSheet(Looks& looks) {
+        SharedStrings texts(globals_);
+        for (std::size_t i = 0; i < sheets_.size(); ++i)
+            if (i == replaced_)
+                texts.forgetCells(sheets_[i].survey.textCells);
+            else
+                texts.fillUpTo(sheets_[i].survey.textsNamed);
+        const SheetFrame frame = replaced_ ? frameOf(bytesOf(sheets_[*replaced_]))
+                                           : newFrame(globals_.count(id::window1), Shown::behind);
+        std::string added = sheetStream(sheet_, frame, looks, texts);
+        looks.finish();
+        texts.finish();
+        return added;
+    }
+
+    std::string_view bytesOf(const Listed& sheet) const { return stream_.substr(sheet.start, sheet.size()); }
 
     void findReplaced() {
         for (std::size_t i = 0; i < sheets_.size(); ++i) {
@@ -146,7 +177,7 @@ class Assembly {
         auto shift =
             static_cast<std::ptrdiff_t>(globals_.newSize()) - static_cast<std::ptrdiff_t>(globals_.oldSize());
         if (replaced_ && sheets_[*replaced_].start < oldPlace)
-            shift -= static_cast<std::ptrdiff_t>(sheets_[*replaced_].end - sheets_[*replaced_].start);
+            shift -= static_cast<std::ptrdiff_t>(sheets_[*replaced_].size());
         return shift;
     }
 
@@ -156,13 +187,11 @@ class Assembly {
         for (std::size_t i = 0; i < sheets_.size(); ++i) {
             if (i == replaced_) continue;
             const Listed& each = sheets_[i];
-            std::string moved(stream_.substr(each.start, each.end - each.start));
+            std::string moved(bytesOf(each));
             moveSheet(moved, each.start, shiftAt(each.start));
             kept.replace(each.start - globals_.oldSize(), moved.size(), moved);
         }
-        if (replaced_)
-            kept.erase(sheets_[*replaced_].start - globals_.oldSize(),
-                       sheets_[*replaced_].end - sheets_[*replaced_].start);
+        if (replaced_) kept.erase(sheets_[*replaced_].start - globals_.oldSize(), sheets_[*replaced_].size());
         return kept;
     }
 
@@ -234,10 +263,10 @@ std::string emptyWorkbook() {
     Globals globals(out.get());
     Looks looks(globals);
     SharedStrings texts(globals);
-    return out.take() + sheetStream(Worksheet("Sheet1"), looks, texts, Shown::first);
+    return out.take() + sheetStream(Worksheet("Sheet1"), newFrame(1, Shown::first), looks, texts);
 }
 
-std::string withSheet(std::string_view workbook, const Worksheet& sheet) {
+std::vector<std::string> withSheet(std::string_view workbook, const Worksheet& sheet) {
     return Assembly(workbook, sheet).assemble();
 }
 

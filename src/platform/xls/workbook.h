@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/spreadsheets.h"
 
@@ -13,6 +14,7 @@ std::string emptyWorkbook();
 /// The stream of `workbook` with `sheet` behind its sheets, or in the place of that of the same name. Other
 /// sheets keep every byte but the stream positions that they name. Fails with 1004 where Spreadsheets::put()
 /// does.
-std::string withSheet(std::string_view workbook, const Worksheet& sheet);
+/// The parts follow one another in the stream.
+std::vector<std::string> withSheet(std::string_view workbook, const Worksheet& sheet);
 
 }  // namespace desk::xls

@@ -13,6 +13,7 @@ namespace desk {
 namespace {
 
 constexpr const char* streamName = "Workbook";
+constexpr const char* olderName = "Book";  ///< of the format before this one, and of some programs
 
 std::string readFile(const std::string& path) {
     std::ifstream file(path, std::ios::binary | std::ios::ate);
@@ -22,14 +23,32 @@ std::string readFile(const std::string& path) {
     return bytes;
 }
 
+char lowered(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool sameName(std::string_view one, std::string_view other) {
+    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
+                      [](char a, char b) { return lowered(a) == lowered(b); });
+}
+
+/// The file of that name inside the folder; casing does not count in names.
+std::vector<xls::Entry>::iterator findStream(xls::Entry& folder, std::string_view name) {
+    return std::find_if(folder.children.begin(), folder.children.end(), [name](const xls::Entry& entry) {
+        return !entry.isFolder && sameName(entry.name, name);
+    });
+}
+
 xls::Entry containerWithSheet(std::string_view file, const Worksheet& sheet) {
     xls::Entry root = xls::readContainer(file);
-    const auto stream = std::find_if(root.children.begin(), root.children.end(), [](const xls::Entry& entry) {
-        return entry.name == streamName && !entry.isFolder;
-    });
-    if (stream == root.children.end())
-        throw RuntimeFailure(failure::spreadsheet, "文件不是 Excel 97-2003 格式的工作簿");
-    stream->parts = {xls::withSheet(stream->parts.front(), sheet)};
+    const auto none = root.children.end();
+    const auto older = findStream(root, olderName);
+    const auto newer = findStream(root, streamName);
+    const auto stream = newer != none ? newer : older;
+    if (stream == none) throw RuntimeFailure(failure::spreadsheet, "文件不是 Excel 97-2003 格式的工作簿");
+    stream->parts = xls::withSheet(stream->parts.front(), sheet);
+    // A second copy for older programs would be out of date now.
+    if (stream != older && older != none) root.children.erase(older);
     return root;
 }
 
