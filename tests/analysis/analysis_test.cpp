@@ -118,6 +118,62 @@ TEST_F(Analysis, TheSliceUnderThePointerRisesAndSinksAgain) {
     EXPECT_EQ(form.Picture1.point(6000, 1400), 255);
 }
 
+TEST_F(Analysis, AllTicksAndUnticksEveryState) {
+    auto& form = screen();
+    const auto ticked = [&] {
+        std::vector<std::string> names;
+        for (const auto& state : form.TreeView2.roots())
+            if (state->checked()) names.push_back(state->text());
+        return names;
+    };
+    form.Check6.click();
+    EXPECT_EQ(ticked(), (std::vector<std::string>{"洽谈", "放弃", "签约"}));
+    form.Check6.click();
+    EXPECT_TRUE(ticked().empty());
+    form.Command1.click();
+    EXPECT_EQ(program.desktop.takeMessage(), "请选择跟进状态!");
+}
+
+TEST_F(Analysis, HalvesOfAPercentGoToTheEvenNeighbour) {
+    int no = 0;
+    for (const char* state : {"10", "2", "2", "2", "3", "3", "3", "3"})
+        addLead(++no, "01", "2011-3-5", {{"2011-3-1", state}});
+    analyse();
+    EXPECT_EQ(result(), (std::vector<std::string>{"1|签约||1|12", "2|洽谈||3|38", "3|放弃||4|50"}));
+}
+
+TEST_F(Analysis, TheHiddenNumberIsTheDepthOfThePie) {
+    addLead(1, "01", "2011-3-5", {{"2011-3-1", "2"}});
+    auto& form = screen();
+    form.Picture1.resize(9000, 6000, 1.0 / 15);
+    analyse();
+    // Half axes of 1800 and 1152 about a centre at 1500: the wall begins at 2652.
+    const auto wallReaches = [&](double y) { return form.Picture1.point(4500, y) == darkShade(65280); };
+    EXPECT_TRUE(wallReaches(2652 + 570));
+    EXPECT_FALSE(wallReaches(2652 + 660));
+    EXPECT_EQ(form.Picture1.point(4500 - 1770, 1500), 65280);
+    EXPECT_EQ(form.Picture1.point(4500 - 1830, 1500), windowColour);
+    form.Text2.setText("900");
+    form.Command1.click();
+    EXPECT_TRUE(wallReaches(2652 + 870));
+    EXPECT_FALSE(wallReaches(2652 + 960));
+}
+
+TEST_F(Analysis, OfTwoStatesWithOneColourTheFirstRises) {
+    program.run({"Update YZ_跟进状态设置 Set 颜色表示=255"});
+    addLead(1, "01", "2011-3-5", {{"2011-3-1", "2"}});
+    addLead(2, "01", "2011-3-5", {{"2011-3-1", "10"}});
+    auto& form = screen();
+    form.Picture1.resize(9000, 6000, 1.0 / 15);
+    analyse();
+    const Picture flat = form.Picture1.picture();
+    form.Picture1.movePointer(4500, 1000);
+    const Picture first = form.Picture1.picture();
+    EXPECT_TRUE(first.pixels != flat.pixels);
+    form.Picture1.movePointer(4500, 2000);
+    EXPECT_TRUE(form.Picture1.picture().pixels == first.pixels);
+}
+
 /// The hand-over and the chooser, with a person who leaves after looking.
 class Export : public Analysis {
   protected:
