@@ -3,6 +3,7 @@
 #include "analysis/pie_chart.h"
 #include "analysis/status_analysis.h"
 #include "db/embedded/sqlite.h"
+#include "db/embedded/statistics.h"
 #include "db/embedded/translation.h"
 #include "db/statement.h"
 #include "schema/definition.h"
@@ -32,6 +33,7 @@ struct Property {
         for (int lead = 0; lead < leadCount; ++lead) addLead(lead);
         program.db().commit();
         bare.run("COMMIT");
+        embedded::Statistics(bare).refresh();
     }
     void insert(const std::string& statement) {
         program.db().execute(statement);

@@ -6,6 +6,7 @@
 #include "base/failure.h"
 #include "base/number.h"
 #include "db/embedded/sqlite.h"
+#include "db/embedded/statistics.h"
 #include "db/embedded/translation.h"
 #include "db/recordset.h"
 #include "db/statement.h"
@@ -57,6 +58,7 @@ struct Leads {
             bare.run(embedded::translate(statement, Rows::forwardOnly).sql);
         });
         bare.run("COMMIT");
+        embedded::Statistics(bare).refresh();
     }
 };
 

@@ -1,6 +1,7 @@
 #include <benchmark/benchmark.h>
 
 #include "db/embedded/sqlite.h"
+#include "db/embedded/statistics.h"
 #include "db/embedded/translation.h"
 #include "db/statement.h"
 #include "reference/agencies.h"
@@ -31,6 +32,7 @@ struct Company {
         for (int i = 0; i < departmentCount; ++i) addDepartment(i);
         program.db().commit();
         bare.run("COMMIT");
+        embedded::Statistics(bare).refresh();
         auto& screens = program.app.screens;
         screens.offer(Frm人员设置::screenName, [this] { return std::make_unique<Frm人员设置>(program.app); });
         screens.offer(Frm中介公司设置::screenName,

@@ -3,6 +3,7 @@
 
 #include "customers/registration.h"
 #include "db/embedded/sqlite.h"
+#include "db/embedded/statistics.h"
 #include "db/embedded/translation.h"
 #include "db/statement.h"
 #include "schema/definition.h"
@@ -39,6 +40,7 @@ struct Office {
         }
         program.db().commit();
         bare.run("COMMIT");
+        embedded::Statistics(bare).refresh();
     }
 
     TestProgram program;
