@@ -47,19 +47,19 @@ void Frm客户跟进状态分析::load() {
         TreeView2.add(nullptr, "S" + rows["状态编号"].text(), rows["状态名称"].text());
 }
 
-std::string Frm客户跟进状态分析::tickedStates() const {
+std::vector<std::string> Frm客户跟进状态分析::tickedStates() const {
     std::vector<std::string> states;
     for (const auto& state : TreeView2.roots())
-        if (state->checked()) states.push_back(sql("'{}'", without(state->key(), 1)));
-    return join(states, ",");
+        if (state->checked()) states.emplace_back(without(state->key(), 1));
+    return states;
 }
 
 std::string Frm客户跟进状态分析::统计语句() const {
-    const char* latest =
+    const Fragment latest = fragment(
         "SELECT 管理处代号, 登记编号, MAX(跟进日期) AS 跟进日期 FROM YZ_引驻客户跟进记录 GROUP BY "
         "管理处代号, "
-        "登记编号";
-    const std::string entries = sql(
+        "登记编号");
+    const Fragment entries = fragment(
         "SELECT DISTINCT  YZ_引驻客户跟进记录.ID, YZ_引驻客户跟进记录.管理处代号, "
         "YZ_引驻客户跟进记录.登记编号, YZ_引驻客户跟进记录.跟进日期, YZ_引驻客户跟进记录.跟进人工号 , "
         "YZ_引驻客户跟进记录.跟进情况, YZ_引驻客户跟进记录.跟进状态编号, "
@@ -75,7 +75,7 @@ std::string Frm客户跟进状态分析::统计语句() const {
         "B.跟进状态编号=YZ_跟进状态设置.状态编号 Where YZ_跟进状态设置.状态编号 IN ({} ) AND B.登记日期 "
         "between '{}' AND '{}' Group By "
         "YZ_跟进状态设置.状态编号,YZ_跟进状态设置.状态名称,YZ_跟进状态设置.颜色表示",
-        entries, tickedStates(), isoDay(DTPicker1.value()), isoDay(DTPicker2.value()));
+        entries, literals(tickedStates()), isoDay(DTPicker1.value()), isoDay(DTPicker2.value()));
 }
 
 void Frm客户跟进状态分析::analyse() {

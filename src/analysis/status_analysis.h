@@ -59,7 +59,7 @@ class Frm客户跟进状态分析 : public Screen {
         std::int16_t 百分比 = 0;
     };
 
-    std::string tickedStates() const;
+    std::vector<std::string> tickedStates() const;
     void analyse();
     void readResults();
     void showResults();

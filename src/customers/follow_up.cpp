@@ -222,7 +222,8 @@ void Frm客户跟进记录::save() {
         diary["登记编号"] = 客户信息["登记编号"].text();
         writeEntry(diary);
     } else {
-        Recordset diary(app_.主连接, sql("Select * From YZ_引驻客户跟进记录 where ID={}", currentId_),
+        Recordset diary(app_.主连接,
+                        sql("Select * From YZ_引驻客户跟进记录 where ID={}", numeral(currentId_)),
                         Rows::updatable);
         if (!diary.atEnd()) writeEntry(diary);
     }
@@ -241,7 +242,7 @@ void Frm客户跟进记录::writeEntry(Recordset& diary) {
 
 void Frm客户跟进记录::remove() {
     if (currentId_.empty() || !app_.confirm("确定要删除该信息吗？")) return;
-    app_.主连接.execute(sql("Delete From YZ_引驻客户跟进记录 Where ID={}", currentId_));
+    app_.主连接.execute(sql("Delete From YZ_引驻客户跟进记录 Where ID={}", numeral(currentId_)));
     clearEntry();
     reloadCustomer();
 }

@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include "db/statement.h"
 #include "session/helpers.h"
 
 namespace desk {
@@ -73,8 +72,10 @@ void CodedTab::showEntry() {
 }
 
 void CodedTab::save() {
-    if (代号.text().empty()) return app_.tell(fmt::format("{}不能为空，请重新输入！", kind.codeColumn));
-    if (名称.text().empty()) return app_.tell(fmt::format("{}不能为空，请重新输入！", kind.nameColumn));
+    if (代号.text().empty())
+        return app_.tell(fmt::format("{}不能为空，请重新输入！", kind.codeColumn.text()));
+    if (名称.text().empty())
+        return app_.tell(fmt::format("{}不能为空，请重新输入！", kind.nameColumn.text()));
     if (status_.showsTitle(kind.title) && status_.showsAdding()) {
         if (!add()) return;
     } else {

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "db/statement.h"
 #include "reference/setup_pages.h"
 #include "session/application.h"
 
@@ -10,10 +11,10 @@ namespace desk {
 /// What tells the duties from the teams.
 struct CodedKind {
     std::string_view title;
-    std::string_view table;
-    std::string_view codeColumn;
-    std::string_view nameColumn;
-    std::string_view noteColumn;
+    Name table;
+    Name codeColumn;
+    Name nameColumn;
+    Name noteColumn;
     std::string_view gridFormat;
     const char* frame;  ///< names of the controls
     const char* grid;

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include "base/text.h"
-#include "db/statement.h"
 
 namespace desk {
 
@@ -53,7 +52,7 @@ DictionaryTab::DictionaryTab(Screen& screen, Application& app, SetupStatus& stat
       框(screen, nameOf(kind, "框")),
       列表(框, nameOf(kind, "列表"),
            fmt::format("<序  |<{}                    |<说明                                        ",
-                       kind.nameColumn)),
+                       kind.nameColumn.text())),
       名称(框, nameOf(kind, "名称")),
       说明(框, nameOf(kind, "说明")),
       确定(框, nameOf(kind, "确定"), "确定"),
@@ -93,7 +92,7 @@ void DictionaryTab::showEntry() {
 
 void DictionaryTab::save() {
     const std::string name(trimmed(名称.text()));
-    if (name.empty()) return app_.tell(fmt::format("{}不能为空，请重新输入！", kind.nameColumn));
+    if (name.empty()) return app_.tell(fmt::format("{}不能为空，请重新输入！", kind.nameColumn.text()));
     if (!status_.showsTitle(kind.title)) return;
     const bool adding = status_.showsAdding();
     if (adding) {
@@ -111,7 +110,7 @@ bool DictionaryTab::add(const std::string& name) {
     Recordset entry(app_.主连接, sql("Select * From {} Where {}='{}'", kind.table, kind.nameColumn, name),
                     Rows::updatable);
     if (!entry.atEnd()) {
-        app_.tell(fmt::format("已存在相同的{}，请重新输入！", kind.nameColumn));
+        app_.tell(fmt::format("已存在相同的{}，请重新输入！", kind.nameColumn.text()));
         focusName();
         return false;
     }

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "db/statement.h"
 #include "reference/setup_pages.h"
 #include "session/application.h"
 
@@ -11,9 +12,9 @@ namespace desk {
 /// read, also where they speak of something else.
 struct DictionaryKind {
     std::string_view title;
-    std::string_view table;
-    std::string_view nameColumn;    ///< also the caption of the name
-    std::string_view deleteColumn;  ///< the column that the deletion compares
+    Name table;
+    Name nameColumn;    ///< also the caption of the name
+    Name deleteColumn;  ///< the column that the deletion compares
     std::string_view nothingChosen;
     std::string_view question;
 };

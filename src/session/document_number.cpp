@@ -30,7 +30,7 @@ std::string 生成单据前缀(Application& app, std::string_view TypeName) {
     return rows["Character"].text() + middle(app, rows["Value"].text());
 }
 
-long next流水号(Application& app, std::string_view table, std::string_view 管理处代号) {
+long next流水号(Application& app, Name table, std::string_view 管理处代号) {
     Recordset rows(app.主连接,
                    sql("SELECT MAX(流水号) AS 流水号 From {} Where 管理处代号='{}'", table, 管理处代号));
     return rows.atEnd() || rows["流水号"].isNull() ? 1 : static_cast<long>(rows["流水号"].integer()) + 1;

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "db/statement.h"
+
 namespace desk {
 
 class Application;
@@ -12,7 +14,7 @@ std::string 生成单据前缀(Application& app, std::string_view TypeName);
 
 /// The number behind the highest of the office `管理处代号` in `table`, 1 for an office without one. Two
 /// seats can compute the same: only a look at the table shows it.
-long next流水号(Application& app, std::string_view table, std::string_view 管理处代号);
+long next流水号(Application& app, Name table, std::string_view 管理处代号);
 
 /// "{prefix}-{serial}", the serial of six digits or more.
 std::string documentNumberText(std::string_view prefix, long 流水号);

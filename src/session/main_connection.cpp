@@ -1,7 +1,8 @@
 #include "session/main_connection.h"
 
+#include <fmt/format.h>
+
 #include "base/failure.h"
-#include "db/statement.h"
 #include "session/application.h"
 
 namespace desk {
@@ -10,7 +11,8 @@ bool 连接数据库(Application& app, std::string_view UID, std::string_view PW
                 std::string_view Svr) {
     constexpr std::chrono::seconds connectionTimeout{30};
     app.主连接 = Connection();
-    app.连接字符串 = sql(
+    // No statement: here a quote means what it means to the driver.
+    app.连接字符串 = fmt::format(
         "Provider=SQLOLEDB.1;Password={};Persist Security Info=False;User ID={};Initial Catalog='{}';Data "
         "Source='{}'",
         PWD, UID, DBname, Svr);

@@ -18,7 +18,7 @@ class Conversion : public testing::Test, protected FilledDatabase {
 TEST_F(Conversion, ReadsDatesInEveryFormThatTheSystemWrites) {
     for (const auto* day :
          {"2011-03-05", "2011-3-5", "2011/3/5", "2011/03/05", "20110305", "2011-3-5 0:00:00"})
-        EXPECT_EQ(countOf("YZ_引驻客户信息", sql("登记日期='{}'", day)), "2") << day;
+        EXPECT_EQ(countOf("YZ_引驻客户信息", fragment("登记日期='{}'", day).text()), "2") << day;
     EXPECT_EQ(countOf("YZ_引驻客户信息", "'2011-3-5'=登记日期"), "2");
     EXPECT_EQ(countOf("YZ_引驻客户信息", "登记日期 Between '2011/3/2' And '2011-3-5'"), "2");
     EXPECT_EQ(countOf("YZ_引驻客户信息", "登记日期 In ('2011-3-1','2011/3/6')"), "3");

@@ -197,10 +197,7 @@ TEST_F(Dialect, RefusesWhatIsTooDeepForTheStack) {
     EXPECT_EQ(row("Select 1 Where " + repeated("Not ", 100000) + "1=1"), "1");
 }
 
-TEST_F(Dialect, PlacesValuesAsTheyStand) {
-    // A quote that closes and opens again changes the statement, as it does on a server.
-    EXPECT_EQ(rows(sql("Select * From YZ_组表 Where 组代号='{}'", "x' Or '1'='1")).size(), 2U);
-    EXPECT_EQ(rows(sql("Select * From YZ_组表 Where 组代号='{}'", "x''y")).size(), 0U);
+TEST_F(Dialect, TakesAnythingAsAText) {
     EXPECT_EQ(
         connection.execute(sql("Update YZ_组表 Set 组说明='{}' Where 组代号='01'", "引号\" [括号] ; -- %")),
         1);

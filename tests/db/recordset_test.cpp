@@ -170,11 +170,11 @@ TEST_F(RecordsetTest, TellsViolatedRules) {
 }
 
 TEST_F(RecordsetTest, MissesARowThatHasGone) {
-    for (const auto* table : {"YZ_区域设置", "YZ_意向书信息"}) {
+    for (const Name table : std::initializer_list<Name>{"YZ_区域设置", "YZ_意向书信息"}) {
         Recordset rows(connection, sql("Select * From {}", table), Rows::updatable);
         connection.execute(sql("Delete From {}", table));
         // A row that comes after must not be taken for it.
-        connection.execute(table == std::string_view("YZ_区域设置")
+        connection.execute(table.text() == "YZ_区域设置"
                                ? "Insert Into YZ_区域设置 Values ('新',Null)"
                                : "Insert Into YZ_意向书信息 (意向书编号,管理处代号) Values ('新','01')");
         rows[1] = "改";

@@ -8,8 +8,8 @@ namespace {
 
 /// A tab and what is particular to it.
 struct Case {
-    const char* table;
-    const char* column;
+    Name table;
+    Name column;
     const char* nothingChosen;
     const char* question;
     int tab;
@@ -31,8 +31,8 @@ class Dictionary : public SetupTest, public testing::WithParamInterface<Case> {
         return GetParam().tab == 0 ? screen.区域 : GetParam().tab == 1 ? screen.企业性质 : screen.行业;
     }
     std::vector<std::string> table() {
-        return program.rows(
-            sql("Select {0},说明 From {1} Order By {0}", GetParam().column, GetParam().table));
+        return program.rows(sql("Select {},说明 From {} Order By {}", GetParam().column, GetParam().table,
+                                GetParam().column));
     }
     std::string title() const { return std::string(GetParam().table).substr(3); }
 

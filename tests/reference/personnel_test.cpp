@@ -35,7 +35,7 @@ class Personnel : public SetupTest {
         program.db().execute(
             sql("Insert Into 岗位信息new (岗位代号,岗位名称,职能部门代号,岗位类别代号,工号) Values "
                 "('{}','岗位{}','{}','P',{})",
-                code, code, department, holder.empty() ? "Null" : "'" + holder + "'"));
+                code, code, department, literalOrNull(holder)));
         if (!holder.empty())
             program.db().execute(sql(
                 "Insert Into 岗位员工new (员工代号,岗位代号,主要岗位) Values ('{}','{}',1)", holder, code));

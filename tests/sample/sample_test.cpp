@@ -1,5 +1,6 @@
 #include "sample/sample.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <map>
@@ -35,14 +36,14 @@ std::vector<std::string> rowsOf(Connection& connection, std::string_view stateme
 
 long countOf(Connection& connection, std::string_view fromWhere) {
     return static_cast<long>(
-        Recordset(connection, sql("Select Count(*) As SL {}", fromWhere))["SL"].integer());
+        Recordset(connection, "Select Count(*) As SL " + std::string(fromWhere))["SL"].integer());
 }
 
 /// Every row of every table.
 std::vector<std::string> everything(Connection& connection) {
     std::vector<std::string> all;
     for (const auto& table : schema::tables())
-        for (const auto& row : rowsOf(connection, sql("Select * From {}", table.name)))
+        for (const auto& row : rowsOf(connection, "Select * From " + std::string(table.name)))
             all.push_back(std::string(table.name) + ": " + row);
     return all;
 }
@@ -119,20 +120,20 @@ TEST_F(ASampleProperty, HasTheSizeThatWasAskedFor) {
     EXPECT_EQ(count("From 室表"), 600);
     EXPECT_EQ(count("From YZ_引驻客户信息"), 2000);
     for (const char* kind : {"引驻来人", "引驻来电", "中介来人", "自行开发"})
-        EXPECT_GT(count(sql("From YZ_引驻客户信息 Where 客源类别='{}'", kind)), 20) << kind;
-    for (const char* table : {"YZ_区域设置", "YZ_企业性质设置", "YZ_行业设置", "YZ_媒体设置",
-                              "YZ_咨询内容设置", "YZ_跟进状态设置"})
-        EXPECT_GT(count(sql("From {}", table)), 5) << table;
+        EXPECT_GT(count(fragment("From YZ_引驻客户信息 Where 客源类别='{}'", kind).text()), 20) << kind;
+    for (const Name table : std::initializer_list<Name>{"YZ_区域设置", "YZ_企业性质设置", "YZ_行业设置",
+                                                        "YZ_媒体设置", "YZ_咨询内容设置", "YZ_跟进状态设置"})
+        EXPECT_GT(count(fragment("From {}", table).text()), 5) << table.text();
     EXPECT_EQ(rows("Select Distinct 颜色表示 From YZ_跟进状态设置").size(),
               static_cast<std::size_t>(count("From YZ_跟进状态设置")));
 }
 
 TEST_F(ASampleProperty, RefersOnlyToWhatItHas) {
     struct Reference {
-        const char* from;
-        const char* column;
-        const char* to;
-        const char* key;
+        Name from;
+        Name column;
+        Name to;
+        Name key;
     };
     const Reference references[] = {
         {"YZ_引驻客户信息", "管理处代号", "设置管理处", "GYD_DH"},
@@ -172,9 +173,9 @@ TEST_F(ASampleProperty, RefersOnlyToWhatItHas) {
         std::set<std::string> known;
         for (const auto& value : rows(sql("Select {} From {}", key, to))) known.insert(value);
         const auto used = rows(sql("Select Distinct {} From {} Where {} is not Null", column, from, column));
-        EXPECT_FALSE(used.empty()) << from << "." << column;
+        EXPECT_FALSE(used.empty()) << from.text() << "." << column.text();
         for (const auto& value : used)
-            EXPECT_TRUE(known.contains(value)) << from << "." << column << " = " << value;
+            EXPECT_TRUE(known.contains(value)) << from.text() << "." << column.text() << " = " << value;
     }
 }
 

@@ -51,15 +51,16 @@ DateTime dayFrom(const Arguments& arguments) {
     return day->dayOnly();
 }
 
-long countRows(Connection& connection, std::string_view table) {
+long countRows(Connection& connection, Name table) {
     return static_cast<long>(
         Recordset(connection, sql("Select Count(*) As SL From {}", table))["SL"].integer());
 }
 
 void printContents(Connection& connection) {
-    for (const char* table : {"设置管理处", "员工档案", "室表", "YZ_引驻客户信息", "YZ_引驻客户分配",
-                              "YZ_引驻客户跟进记录", "YZ_意向书信息", "YZ_意向金收款"})
-        fmt::print("  {} {} 行\n", table, countRows(connection, table));
+    for (const Name table :
+         std::initializer_list<Name>{"设置管理处", "员工档案", "室表", "YZ_引驻客户信息", "YZ_引驻客户分配",
+                                     "YZ_引驻客户跟进记录", "YZ_意向书信息", "YZ_意向金收款"})
+        fmt::print("  {} {} 行\n", table.text(), countRows(connection, table));
 }
 
 }  // namespace
@@ -68,7 +69,8 @@ Connection openFile(const std::string& file) {
     if (file.find('\'') != std::string::npos)
         throw RuntimeFailure(failure::invalidCall, "数据库文件的路径不能含有单引号");
     Connection connection;
-    connection.open(sql("Initial Catalog='{}';Data Source='{}'", file, embedded::dataSource), timeout);
+    connection.open(fmt::format("Initial Catalog='{}';Data Source='{}'", file, embedded::dataSource),
+                    timeout);
     return connection;
 }
 

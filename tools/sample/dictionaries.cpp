@@ -24,7 +24,7 @@ constexpr std::array<State, 10> allStates = {{{"1", "初次接触", packed(66, 1
                                               {"10", "放弃", packed(97, 97, 97)}}};
 
 template <class List>
-void addNamed(Connection& connection, std::string_view table, std::string_view column, const List& names) {
+void addNamed(Connection& connection, Name table, std::string_view column, const List& names) {
     Filler rows(connection, table, {column, "说明"});
     for (const char* name : names) rows.add({name, ""});
 }

@@ -1,11 +1,8 @@
 #include "sample/filler.h"
 
-#include "db/statement.h"
-
 namespace desk::sample {
 
-Filler::Filler(Connection& connection, std::string_view table,
-               std::initializer_list<std::string_view> columns)
+Filler::Filler(Connection& connection, Name table, std::initializer_list<std::string_view> columns)
     : rows_(connection, sql("Select * From {} Where 1=0", table), Rows::updatable) {
     for (const auto column : columns) columns_.push_back(rows_.column(column));
 }

@@ -6,13 +6,14 @@
 #include <vector>
 
 #include "db/recordset.h"
+#include "db/statement.h"
 
 namespace desk::sample {
 
 /// Adds rows to one table, values in the order of the columns named at the start; other columns stay NULL.
 class Filler {
   public:
-    Filler(Connection& connection, std::string_view table, std::initializer_list<std::string_view> columns);
+    Filler(Connection& connection, Name table, std::initializer_list<std::string_view> columns);
 
     void add(std::initializer_list<Value> values);
     /// The identity that the last row got.

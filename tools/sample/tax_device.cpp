@@ -56,8 +56,7 @@ Value orNull(const char* text) {
     return text == nullptr ? Value() : Value(text);
 }
 
-void addScript(Connection& connection, std::string_view table, std::int64_t device,
-               std::span<const ScriptStep> steps) {
+void addScript(Connection& connection, Name table, std::int64_t device, std::span<const ScriptStep> steps) {
     Filler rows(connection, table,
                 {"SK_ID", "Stage", "Operate_step", "Operate_type", "X", "Y", "KeyString", "Remark"});
     int number = 0;

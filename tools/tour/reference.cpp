@@ -11,7 +11,7 @@ QString qt(const std::string& utf8) {
     return QString::fromStdString(utf8);
 }
 
-int countOf(Witness& witness, const std::string& table, const std::string& condition = "1=1") {
+int countOf(Witness& witness, Name table, const Fragment& condition = fragment("1=1")) {
     return std::stoi(witness.first(sql("Select Count(*) As SL From {} Where {}", table, condition)));
 }
 
@@ -22,22 +22,23 @@ void close(Tour& tour, const QString& button) {
 /// A tab whose entries have a name and a note.
 struct Dictionary {
     QString title;
-    std::string column;
+    Name table;
+    Name column;
     const char* question;
     bool canBeDeleted = true;
 };
 
 void tourDictionary(Tour& tour, Witness& witness, const Dictionary& dictionary) {
     const QString title = dictionary.title;
-    const std::string table = "YZ_" + title.toStdString();
+    const Name table = dictionary.table;
     const auto named = [column = dictionary.column](const char* name) {
-        return sql("{}='{}'", column, name);
+        return fragment("{}='{}'", column, name);
     };
     tour.then([=](Person& person) {
         person.clickTab("页签", title);
         person.click(title + ".确定");
     });
-    tour.answer(qt(dictionary.column) + "不能为空，请重新输入！", "确定");
+    tour.answer(qt(std::string(dictionary.column)) + "不能为空，请重新输入！", "确定");
     tour.step(title + "-新增", [=](Person& person) {
         person.type(title + ".名称", "试用词条");
         person.type(title + ".说明", "临时登记，用后删除");
@@ -45,7 +46,7 @@ void tourDictionary(Tour& tour, Witness& witness, const Dictionary& dictionary) 
     });
     tour.check(title + "已新增", [=, &witness] { return countOf(witness, table, named("试用词条")) == 1; });
     tour.then([=](Person& person) { person.click(title + ".确定"); });
-    tour.answer("已存在相同的" + qt(dictionary.column) + "，请重新输入！", "确定");
+    tour.answer("已存在相同的" + qt(std::string(dictionary.column)) + "，请重新输入！", "确定");
     tour.step(title + "-修改", [=, &witness](Person& person) {
         person.clickCell(title + ".列表", countOf(witness, table) - 1, 1);
         person.type(title + ".名称", "改名词条");
@@ -85,7 +86,7 @@ void tourStates(Tour& tour, Witness& witness) {
         person.click("跟进状态设置.确定");
     });
     tour.check("状态已修改", [&witness] {
-        return countOf(witness, "YZ_跟进状态设置", "状态编号='11' And 状态名称='再次洽谈'") == 1;
+        return countOf(witness, "YZ_跟进状态设置", fragment("状态编号='11' And 状态名称='再次洽谈'")) == 1;
     });
     tour.then([](Person& person) {
         person.clickCell("跟进状态设置.列表", 10, 1);
@@ -93,21 +94,24 @@ void tourStates(Tour& tour, Witness& witness) {
     });
     tour.answer("确定要删除选中跟进状态信息吗？", "是");
     tour.check("状态已删除",
-               [&witness] { return countOf(witness, "YZ_跟进状态设置", "状态编号='11'") == 0; });
+               [&witness] { return countOf(witness, "YZ_跟进状态设置", fragment("状态编号='11'")) == 0; });
 }
 
 /// A tab whose entries have a code, a name and a note.
 struct Coded {
     QString title;
     QString word;
+    Name table;
+    Name codeColumn;
+    Name nameColumn;
     QString grid;
     QString code;
     QString name;
 };
 
 void tourCoded(Tour& tour, Witness& witness, const Coded& coded, const std::function<void()>& whileThere) {
-    const std::string table = "YZ_" + coded.word.toStdString() + "表";
-    const std::string entry = coded.word.toStdString() + "代号='88'";
+    const Name table = coded.table;
+    const Fragment entry = fragment("{}='88'", coded.codeColumn);
     const auto save = [=](Person& person) { person.click(coded.title + ".确定"); };
     tour.then([=](Person& person) {
         person.clickTab("页签", coded.title);
@@ -128,7 +132,7 @@ void tourCoded(Tour& tour, Witness& witness, const Coded& coded, const std::func
         save(person);
     });
     tour.check(coded.title + "已修改", [=, &witness] {
-        return countOf(witness, table, entry + " And " + coded.word.toStdString() + "名称='试用改名'") == 1;
+        return countOf(witness, table, fragment("{} And {}='试用改名'", entry, coded.nameColumn)) == 1;
     });
     tour.then([=](Person& person) { person.click(coded.title + ".删除"); });
     tour.answer("确定要删除选中的主职信息吗？", "是");
@@ -136,7 +140,7 @@ void tourCoded(Tour& tour, Witness& witness, const Coded& coded, const std::func
 }
 
 void tourMembers(Tour& tour, Witness& witness) {
-    const std::string free = "员工工号='1005'";
+    const Fragment free = fragment("员工工号='1005'");
     tour.then([](Person& person) {
         person.clickTab("页签", "人员设置");
         person.click("人员设置.确定");
@@ -161,7 +165,7 @@ void tourMembers(Tour& tour, Witness& witness) {
         person.click("人员设置.确定");
     });
     tour.then([=, &witness](Person& person) {
-        person.clickCell("MSFlexGrid3", countOf(witness, "YZ_组人员设置", "组代号='1'") - 1, 1);
+        person.clickCell("MSFlexGrid3", countOf(witness, "YZ_组人员设置", fragment("组代号='1'")) - 1, 1);
         person.click("人员设置.删除");
     });
     tour.answer("确定要从组中删除选中的员工信息吗？", "是");
@@ -185,7 +189,8 @@ void tourAgencies(Tour& tour, Witness& witness) {
     tour.answer("该管理项目中已经存在该中介公司信息，请重新设置！", "确定");
     tour.step("中介公司设置-修改", [&witness](Person& person) {
         const auto office = std::string(codeBeforeBlank(witness.officeEntry()));
-        person.clickCell("列表", countOf(witness, "YZ_中介公司设置", sql("管理处代号='{}'", office)) - 1, 1);
+        person.clickCell("列表", countOf(witness, "YZ_中介公司设置", fragment("管理处代号='{}'", office)) - 1,
+                         1);
         person.type("开户银行", "工商银行");
         person.click("确定");
     });
@@ -196,7 +201,7 @@ void tourAgencies(Tour& tour, Witness& witness) {
     tour.then([](Person& person) { person.click("删除"); });
     tour.answer("确定删除当前选择的中介公司吗？", "是");
     tour.check("中介公司已删除", [&witness] {
-        return countOf(witness, "YZ_中介公司设置", "公司名称='试用房产经纪有限公司'") == 0;
+        return countOf(witness, "YZ_中介公司设置", fragment("公司名称='试用房产经纪有限公司'")) == 0;
     });
     close(tour, "退出");
 }
@@ -205,14 +210,19 @@ void tourAgencies(Tour& tour, Witness& witness) {
 
 void keepReferenceData(Tour& tour, Witness& witness) {
     tour.step("人员基础信息设置", [](Person& person) { person.choose("基础信息设置", "人员设置"); });
-    tourCoded(tour, witness, {"主职设置", "主职", "MSFlexGrid1", "Text1", "Text2"}, [] {});
-    tourCoded(tour, witness, {"组设置", "组", "MSFlexGrid2", "Text4", "Text5"}, [&] {
-        tour.step("组设置-管理项目",
-                  [&witness](Person& person) { person.tickNode("TreeView3", qt(witness.officeEntry())); });
-        tour.check("管理项目已对应", [&witness] {
-            return countOf(witness, "YZ_组对应管理项目设置", "组代号='88' And 终止日期 Is Null") == 1;
-        });
-    });
+    tourCoded(tour, witness,
+              {"主职设置", "主职", "YZ_主职表", "主职代号", "主职名称", "MSFlexGrid1", "Text1", "Text2"},
+              [] {});
+    tourCoded(tour, witness, {"组设置", "组", "YZ_组表", "组代号", "组名称", "MSFlexGrid2", "Text4", "Text5"},
+              [&] {
+                  tour.step("组设置-管理项目", [&witness](Person& person) {
+                      person.tickNode("TreeView3", qt(witness.officeEntry()));
+                  });
+                  tour.check("管理项目已对应", [&witness] {
+                      return countOf(witness, "YZ_组对应管理项目设置",
+                                     fragment("组代号='88' And 终止日期 Is Null")) == 1;
+                  });
+              });
     tourMembers(tour, witness);
     close(tour, "人员设置.退出");
 
@@ -220,14 +230,15 @@ void keepReferenceData(Tour& tour, Witness& witness) {
 
     tour.step("客户相关信息设置", [](Person& person) { person.choose("基础信息设置", "客户设置"); });
     const char* duty = "确定要删除选中的主职信息吗？";
-    tourDictionary(tour, witness, {"区域设置", "区域名称", duty});
-    tourDictionary(tour, witness, {"企业性质设置", "企业性质名称", duty, false});
-    tourDictionary(tour, witness, {"行业设置", "行业名称", duty});
+    tourDictionary(tour, witness, {"区域设置", "YZ_区域设置", "区域名称", duty});
+    tourDictionary(tour, witness, {"企业性质设置", "YZ_企业性质设置", "企业性质名称", duty, false});
+    tourDictionary(tour, witness, {"行业设置", "YZ_行业设置", "行业名称", duty});
     close(tour, "行业设置.退出");
 
     tour.step("引驻设置", [](Person& person) { person.choose("基础信息设置", "引驻设置"); });
-    tourDictionary(tour, witness, {"咨询内容设置", "咨询内容", "确定要删除选中的咨询内容信息吗？"});
-    tourDictionary(tour, witness, {"媒体设置", "媒体名称", "确定要删除选中的媒体名称吗？"});
+    tourDictionary(tour, witness,
+                   {"咨询内容设置", "YZ_咨询内容设置", "咨询内容", "确定要删除选中的咨询内容信息吗？"});
+    tourDictionary(tour, witness, {"媒体设置", "YZ_媒体设置", "媒体名称", "确定要删除选中的媒体名称吗？"});
     tourStates(tour, witness);
     close(tour, "跟进状态设置.退出");
 }

@@ -73,7 +73,8 @@ class Lexer {
     Token closed(TokenKind kind, char quote) {
         Token token{kind, {}};
         for (std::size_t i = 1; i < rest_.size(); ++i) {
-            if (rest_[i] == '\0') break;
+            // The engine behind would read a name up to here only.
+            if (rest_[i] == '\0' && kind == TokenKind::quotedName) break;
             if (rest_[i] != quote) {
                 token.text += rest_[i];
             } else if (i + 1 < rest_.size() && rest_[i + 1] == quote) {

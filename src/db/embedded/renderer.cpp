@@ -20,6 +20,14 @@ std::string quoted(std::string_view text, char quote) {
     return result + quote;
 }
 
+std::string literal(std::string_view text) {
+    if (text.find('\0') == std::string_view::npos) return quoted(text, '\'');
+    // SQLite takes a statement's text up to a NUL only.
+    std::string bytes;
+    for (const char c : text) bytes += fmt::format("{:02x}", static_cast<unsigned char>(c));
+    return fmt::format("CAST(x'{}' AS TEXT)", bytes);
+}
+
 std::string_view joinWords(Join join) {
     switch (join) {
         case Join::first:
@@ -179,7 +187,7 @@ class Renderer {
             case Form::column:
                 return quotedName(expression.qualifier) + '.' + quotedName(readColumn(expression));
             case Form::text:
-                return quoted(expression.text, '\'');
+                return literal(expression.text);
             case Form::number:
                 return expression.text;
             case Form::null:

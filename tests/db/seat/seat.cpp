@@ -47,7 +47,7 @@ int main(int count, char** arguments) {
     if (count != 4) return 2;
     try {
         Connection connection;
-        connection.open(sql("Initial Catalog='{}';Data Source='(embedded)'", arguments[1]),
+        connection.open("Initial Catalog='" + std::string(arguments[1]) + "';Data Source='(embedded)'",
                         std::chrono::seconds(30));
         for (int left = std::atoi(arguments[3]); left > 0; --left) registerOne(connection, arguments[2]);
         return 0;
