@@ -27,6 +27,12 @@ void Connection::open(std::string_view connectionString, std::chrono::seconds ti
     auto opened = embedded::open(target.initialCatalog, timeout);
     engine_ = std::move(opened.engine);
     upgrade_ = std::move(opened.upgrade);
+    if (wrap_) engine_ = wrap_(std::move(engine_));
+}
+
+void Connection::interpose(Wrap wrap) {
+    wrap_ = std::move(wrap);
+    if (engine_) engine_ = wrap_(std::move(engine_));
 }
 
 Engine& Connection::engine() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -46,9 +47,15 @@ class Connection {
     /// The engine behind an open connection; fails with 3709 on a closed one. For Recordset.
     Engine& engine() const;
 
+    /// Puts what `wrap` makes of an engine in its place: of the open one, and of each that open() brings. So
+    /// a test sees all statements, and makes one fail.
+    using Wrap = std::function<std::unique_ptr<Engine>(std::unique_ptr<Engine>)>;
+    void interpose(Wrap wrap);
+
   private:
     std::unique_ptr<Engine> engine_;
     std::optional<Upgrade> upgrade_;
+    Wrap wrap_;
 };
 
 }  // namespace desk

@@ -10,7 +10,6 @@ namespace desk {
 bool 连接数据库(Application& app, std::string_view UID, std::string_view PWD, std::string_view DBname,
                 std::string_view Svr) {
     constexpr std::chrono::seconds connectionTimeout{30};
-    app.主连接 = Connection();
     // No statement: here a quote means what it means to the driver.
     app.连接字符串 = fmt::format(
         "Provider=SQLOLEDB.1;Password={};Persist Security Info=False;User ID={};Initial Catalog='{}';Data "

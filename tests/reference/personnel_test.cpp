@@ -142,9 +142,10 @@ TEST_F(Personnel, TheOfficesOfATeamKeepTheirHistory) {
     EXPECT_TRUE(office.checked());
     EXPECT_FALSE(tree.find("G02")->checked());
 
-    screen.组.列表.setText(1, 1, "O'1");  // breaks the statement
+    program.fault = {2, failure::unspecified};
     tree.tick(office, false);
     ASSERT_EQ(program.desktop.messages.size(), 1U);
+    EXPECT_EQ(program.desktop.messages[0].text, Fault::text);
     EXPECT_EQ(program.desktop.messages[0].icon, Icon::information);
 }
 

@@ -133,12 +133,26 @@ TEST_F(Login, TheSuperUserNeedsNoStaffRecordAndKeepsTheFormerName) {
     EXPECT_TRUE(main.entry("注销")->usable());
 }
 
-TEST_F(Login, AnApostropheInTheNumberIsShownAndHarmsNothing) {
+TEST_F(Login, AQuoteOpensNoDoor) {
     program.app.start("");
-    logIn("O'Neil", "x");
-    ASSERT_EQ(program.desktop.messages.size(), 1U);
-    EXPECT_EQ(program.desktop.messages[0].title, "引驻台账");
-    EXPECT_TRUE(program.desktop.messages[0].text.starts_with("-2147217900 "));
+    for (const auto& [user, password] : {std::pair("E01", "x' or '1'='1"), std::pair("E01' or '1'='1", "x"),
+                                         std::pair("E01'--", "x"), std::pair("O'Neil", "x")}) {
+        logIn(user, password);
+        EXPECT_EQ(program.desktop.takeMessage(), "用户名或密码不正确,请重新输入!") << password;
+    }
+    EXPECT_FALSE(mainWindowIsUp());
+}
+
+TEST_F(Login, AFailureIsShownAndTheNextTryGoesOn) {
+    program.app.start("");
+    for (int statement = 1; statement <= 2; ++statement) {
+        program.fault = {statement, failure::violatedRule};
+        logIn("E01", "one");
+        ASSERT_EQ(program.desktop.messages.size(), 1U);
+        EXPECT_EQ(program.desktop.messages[0].title, "引驻台账");
+        EXPECT_EQ(program.desktop.takeMessage(), "-2147217873 " + std::string(Fault::text));
+        EXPECT_FALSE(mainWindowIsUp());
+    }
     logIn("E01", "one");
     EXPECT_TRUE(mainWindowIsUp());
 }

@@ -59,11 +59,14 @@ TEST_F(MainWindow, AGrantInAnyGroupWinsAndATopEntryNeedsItsOwn) {
 }
 
 TEST_F(MainWindow, AFailureWhileReadingPrivilegesLeavesTheMenuGrey) {
-    program.app.session = {"E01", "林晓", "01", "招商部", "01'01", "招商专员", "A", "业务", "P1", "专员"};
-    EXPECT_THROW(program.app.screens.open(MDIForm1::screenName), RuntimeFailure);
-    ASSERT_FALSE(program.desktop.messages.empty());
-    EXPECT_TRUE(program.desktop.messages[0].text.starts_with("错误号：-2147217900\r\n错误描述："));
+    program.fault = {1, failure::unspecified};
+    program.enter();
+    ASSERT_EQ(program.desktop.messages.size(), 1U);
+    EXPECT_EQ(program.desktop.messages[0].text,
+              "错误号：-2147467259\r\n错误描述：" + std::string(Fault::text));
     EXPECT_EQ(program.desktop.messages[0].title, "提示");
+    EXPECT_FALSE(main().entry("客户信息登记")->enabled());
+    EXPECT_TRUE(main().entry("注销")->usable());
 }
 
 TEST_F(MainWindow, EntriesOpenTheirScreenOrSaySo) {

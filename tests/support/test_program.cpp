@@ -54,6 +54,9 @@ TestProgram::TestProgram() : app(desktop, Platform{clock, settings, files, progr
     app.screens.offer<MDIForm1>(app);
     app.screens.offer<Frmtu>(app);
     app.screens.offer<FrmAbout>(app);
+    db().interpose([this](std::unique_ptr<Engine> engine) {
+        return std::make_unique<FailingEngine>(std::move(engine), fault);
+    });
     settings.keys = {{"Svr", "(embedded)"}, {"DBname", ":memory:"}};
 }
 

@@ -12,6 +12,7 @@
 #include "platform/settings.h"
 #include "platform/spreadsheets.h"
 #include "session/application.h"
+#include "support/failing_engine.h"
 #include "support/scripted_desktop.h"
 
 namespace desk {
@@ -72,6 +73,7 @@ struct TestProgram {
     RecordingPrograms programs;
     MemorySpreadsheets spreadsheets;
     ScriptedDesktop desktop;
+    Fault fault;  ///< of `主连接`
     Application app;
 
     Connection& db() { return app.主连接; }
