@@ -59,7 +59,7 @@ class MemorySpreadsheets : public Spreadsheets {
   public:
     std::map<std::string, std::vector<Worksheet>> books;
     std::string refusal;
-    void create(const std::string& path) override { books[path]; }
+    void create(const std::string& path) override { books[path].clear(); }
     void put(const std::string& path, const Worksheet& sheet) override;
 };
 

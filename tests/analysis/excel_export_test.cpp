@@ -1,0 +1,113 @@
+#include "analysis/excel_export.h"
+
+#include <gtest/gtest.h>
+
+#include "session/main_window.h"
+#include "support/test_program.h"
+
+namespace desk {
+namespace {
+
+struct Source : Screen {
+    Source() : Screen("source", "", WindowKind::child, 9000, 9000) { grid.addRow({"甲", "键", "5"}); }
+    Grid grid{*this, "grid", "<名称||>数量"};
+};
+
+/// The export of a small table, without the analysis that it comes from.
+class ExcelExport : public testing::Test {
+  protected:
+    ExcelExport() {
+        program.openDatabase();
+        program.enter();
+        program.app.screens.offer(FrmToExcel::screenName,
+                                  [this] { return std::make_unique<FrmToExcel>(program.app); });
+        form().Config(source.grid, "表", "题");
+        form().文件.setText("/data/a.xls");
+    }
+    FrmToExcel& form() { return program.app.screens.get<FrmToExcel>(); }
+    bool isOpen() const { return program.app.screens.loaded(FrmToExcel::screenName) != nullptr; }
+    std::vector<std::string> namesIn(const std::string& book) {
+        std::vector<std::string> names;
+        for (const auto& sheet : program.spreadsheets.books.at(book)) names.push_back(sheet.name());
+        return names;
+    }
+
+    Source source;
+    TestProgram program;
+};
+
+TEST_F(ExcelExport, AClickChoosesAColumnAndADoubleClickGivesItUp) {
+    Grid& chooser = form().Grid1;
+    chooser.doubleClick(1, 0);
+    EXPECT_EQ(chooser.text(1, 0), "");
+    chooser.setAlignment(0, Align::left);
+    chooser.click(0, 0);
+    EXPECT_EQ(chooser.text(1, 0), "√");
+    EXPECT_EQ(chooser.alignment(0), Align::centre);
+    // What has no header is the program's own.
+    chooser.click(1, 1);
+    EXPECT_EQ(chooser.text(1, 1), "");
+    chooser.doubleClick(1, 2);
+    form().Command2.click();
+    EXPECT_EQ(program.spreadsheets.books.at("/data/a.xls").front().rows()[4].size(), 1U);
+}
+
+TEST_F(ExcelExport, AnExistingBookKeepsItsSheetsAndAMissingOneIsMade) {
+    form().Command2.click();
+    EXPECT_EQ(namesIn("/data/a.xls"), std::vector<std::string>{"表"});
+    program.files.written["/data/old.xls"];
+    program.spreadsheets.books["/data/old.xls"].emplace_back("旧");
+    form().Config(source.grid, "新", "题");
+    form().文件.setText("/data/old.xls");
+    form().Command2.click();
+    EXPECT_EQ(namesIn("/data/old.xls"), (std::vector<std::string>{"旧", "新"}));
+    EXPECT_FALSE(isOpen());
+}
+
+TEST_F(ExcelExport, WhatIsMissingIsToldAndNothingIsWritten) {
+    for (TextBox* title : {&form().文档标题, &form().工作表名称}) {
+        title->setText("");
+        form().Command2.click();
+        EXPECT_EQ(program.desktop.takeMessage(), "请输入标题内容");
+        title->setText("题");
+    }
+    program.spreadsheets.refusal = "文件已加密，不能写入";
+    form().Command2.click();
+    EXPECT_EQ(program.desktop.takeMessage(), "输出到Execl失败: 文件已加密，不能写入");
+    // The failure of before is not told again.
+    form().文件.setText("");
+    form().Command2.click();
+    ASSERT_EQ(program.desktop.messages.size(), 2U);
+    const Message& ask = program.desktop.messages.front();
+    EXPECT_EQ(ask.text + "|" + ask.title, "请确定输出的文件名|引驻台账");
+    EXPECT_EQ(ask.icon, Icon::none);
+    EXPECT_EQ(program.desktop.messages.back().icon, Icon::information);
+    EXPECT_EQ(program.desktop.takeMessage(), "输出到Execl失败: ");
+    EXPECT_TRUE(program.spreadsheets.books.at("/data/a.xls").empty());
+    EXPECT_TRUE(isOpen());
+}
+
+TEST_F(ExcelExport, TheBookIsShownWhereThatIsWishedAndOnlyOnceItIsThere) {
+    form().Check1.click();
+    program.spreadsheets.refusal = "文件已损坏，不能写入";
+    form().Command2.click();
+    EXPECT_TRUE(program.programs.started.empty());
+    program.spreadsheets.refusal.clear();
+    form().Command2.click();
+    EXPECT_EQ(program.programs.started, std::vector<std::string>{"/data/a.xls"});
+    form().Config(source.grid, "表", "题");
+    form().文件.setText("/data/b.xls");
+    form().Command2.click();
+    EXPECT_EQ(program.programs.started.size(), 1U);
+}
+
+TEST_F(ExcelExport, ItOpensInTheMiddleOfTheMainWindowAndCloses) {
+    const Screen& main = program.app.screens.get(MDIForm1::screenName);
+    EXPECT_EQ(form().left(), (main.width() - form().width()) / 2);
+    EXPECT_EQ(form().top(), (main.height() - form().height()) / 2);
+    form().Command3.click();
+    EXPECT_FALSE(isOpen());
+}
+
+}  // namespace
+}  // namespace desk
