@@ -172,6 +172,7 @@ TEST_F(Analysis, OfTwoStatesWithOneColourTheFirstRises) {
     EXPECT_TRUE(first.pixels != flat.pixels);
     form.Picture1.movePointer(4500, 2000);
     EXPECT_TRUE(form.Picture1.picture().pixels == first.pixels);
+    EXPECT_EQ(form.Picture1.point(4500, 1500 - 1152 - 60), 255);
 }
 
 /// The hand-over and the chooser, with a person who leaves after looking.
