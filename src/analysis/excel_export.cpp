@@ -39,6 +39,7 @@ class Progress {
 
 FrmToExcel::FrmToExcel(Application& app)
     : Screen(screenName, "输出到Excel", WindowKind::dialog, 9600, 5700), app_(app) {
+    for (TextBox* box : {&文件, &文档标题, &工作表名称}) box->setDemanded(true);
     Command1.clicked += [this] { browse(); };
     Command2.clicked += [this] { output(); };
     Command3.clicked += [this] { app_.screens.unload(*this); };

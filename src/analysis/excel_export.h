@@ -32,7 +32,7 @@ class FrmToExcel : public Screen {
     TextBox 工作表名称{*this, "Text1(2)"};
     CheckBox Check1{*this, "Check1", "输出时启动Microsoft Excel程序"};
     Grid Grid1{*this, "Grid1"};  ///< a click chooses a column, a double click gives it up
-    Button Command2{*this, "Command2", "确定"};
+    Button Command2{*this, "Command2", "确定", ButtonRole::main};
     Button Command3{*this, "Command3", "退出"};
     StatusBar StatusBar1{*this, "StatusBar1", 1};
 

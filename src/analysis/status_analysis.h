@@ -38,7 +38,7 @@ class Frm客户跟进状态分析 : public Screen {
     Frame 跟进状态{*this, "跟进状态", "跟进状态"};
     CheckBox Check6{跟进状态, "Check6", "全部"};
     Tree TreeView2{跟进状态, "TreeView2", Tree::Style::checkBoxes};
-    Button Command1{*this, "Command1", "统计"};
+    Button Command1{*this, "Command1", "统计", ButtonRole::main};
     Button Command13{*this, "Command13", "输出"};
     Button Command4{*this, "Command4", "退出"};
     TextBox Text2{*this, "Text2"};  ///< never shown: the depth of the pie in twips

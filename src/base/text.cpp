@@ -3,6 +3,7 @@
 #include <unicode/ucnv.h>
 #include <unicode/unistr.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace desk {
@@ -20,6 +21,16 @@ std::string_view trimmed(std::string_view text) {
     const auto first = text.find_first_not_of(' ');
     if (first == std::string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::string firstLine(std::string_view text) {
+    const auto start = text.find_first_not_of("\r\n");
+    if (start == std::string_view::npos) return {};
+    text = text.substr(start);
+    std::string line(text.substr(0, text.find_first_of("\r\n")));
+    std::replace(line.begin(), line.end(), '\t', ' ');
+    line.erase(line.find_last_not_of(' ') + 1);
+    return line;
 }
 
 std::vector<std::string> split(std::string_view text, char separator) {

@@ -17,6 +17,10 @@ std::string_view nameAfterBlank(std::string_view entry);
 /// `text` without leading and trailing blanks. Only the blank (U+0020) counts; tabs and line ends stay.
 std::string_view trimmed(std::string_view text);
 
+/// What a field of one line takes of a pasted text: its first line that is not empty, tabs as blanks, without
+/// blanks at the end.
+std::string firstLine(std::string_view text);
+
 /// The parts of `text` between `separator`s; an empty text has no parts.
 std::vector<std::string> split(std::string_view text, char separator);
 

@@ -27,7 +27,7 @@ class Frm客户跟进信息分配 : public Screen {
     TextBox 分配日期{*this, "任务.分配日期"};
     TextBox 终止日期{*this, "任务.终止日期"};
     Button 日历按钮{*this, "日历按钮", "▼"};
-    Button 确定{*this, "确定", "确定"};
+    Button 确定{*this, "确定", "确定", ButtonRole::main};
     Button 终止{*this, "终止", "终止"};
     Button 退出{*this, "退出", "退出"};
     FloatingCalendar 日历;

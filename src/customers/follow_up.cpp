@@ -46,6 +46,8 @@ Frm客户跟进记录::Frm客户跟进记录(Application& app)
     跟进列表.setSelection(GridSelection::row);
     删除.setEnabled(false);
 
+    for (Control* field : std::initializer_list<Control*>{&跟进日期, &跟进人员, &跟进状态})
+        field->setDemanded(true);
     管理项目.selected += [this] { chooseOffice(); };
     客户.nodeClicked += [this](TreeNode& node) { selectCustomer(node); };
     跟进列表.clicked += [this] { showDiaryRow(); };
@@ -241,7 +243,7 @@ void Frm客户跟进记录::writeEntry(Recordset& diary) {
 }
 
 void Frm客户跟进记录::remove() {
-    if (currentId_.empty() || !app_.confirm("确定要删除该信息吗？")) return;
+    if (currentId_.empty() || !app_.confirmDeletion("确定要删除该信息吗？")) return;
     app_.主连接.execute(sql("Delete From YZ_引驻客户跟进记录 Where ID={}", numeral(currentId_)));
     clearEntry();
     reloadCustomer();

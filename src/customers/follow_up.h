@@ -39,7 +39,7 @@ class Frm客户跟进记录 : public Screen {
     TextBox 预约日期{记录页, "预约日期"};
     Button 预约日期按钮{记录页, "预约日期按钮", "▼"};
     Button 新增{记录页, "新增", "新增"};
-    Button 确定{记录页, "确定", "确定"};
+    Button 确定{记录页, "确定", "确定", ButtonRole::main};
     Button 删除{记录页, "删除", "删除"};
     Button 退出{记录页, "退出", "退出"};
     Frame 情况页{*this, "情况页"};

@@ -15,6 +15,22 @@ namespace {
 constexpr std::string_view 自动编号提示 = "<保存时自动生成编号>";
 constexpr std::string_view 输入编号提示 = "<请输入登记编号>";
 
+/// What a save asks for, and what it reads as a number.
+void markFields(登记页& page) {
+    const bool byPhone = !page.rules().有客户详情;
+    for (Control* field : std::initializer_list<Control*>{
+             &page.登记编号, &page.区域, &page.从事行业, &page.询问重点.列表,
+             page.中介 ? static_cast<Control*>(&page.中介->中介公司名称)
+                       : (byPhone ? &page.客户电话 : &page.客户姓名)})
+        field->setDemanded(true);
+    if (page.媒体) page.媒体->列表.setDemanded(true);
+    if (page.企业性质) page.企业性质->setDemanded(true);
+    page.需求面积.setNumeric(true);
+    if (page.预算租金) page.预算租金->setNumeric(true);
+    if (!page.rules().自动编号亦查编号)
+        page.采用自动编号.clicked += [&page] { page.登记编号.setDemanded(!page.采用自动编号.checked()); };
+}
+
 }  // namespace
 
 其它说明::其它说明(Screen& screen, const std::string& name)
@@ -57,7 +73,7 @@ bool 多选项目::choose(std::string_view text) {
       选择中介公司(screen, name + ".选择中介公司", "选择中介公司"),
       面板(screen, name + ".中介公司面板", "选择中介公司"),
       列表(面板, name + ".中介公司列表", "序 |中介公司名称|"),
-      面板确定(面板, name + ".面板确定", "确定"),
+      面板确定(面板, name + ".面板确定", "确定", ButtonRole::main),
       面板关闭(面板, name + ".面板关闭", "关闭") {
     面板.setVisible(false);
     面板.setAnchor(&中介公司名称);
@@ -89,10 +105,11 @@ bool 多选项目::choose(std::string_view text) {
       业务员(screen, name_ + ".业务员"),
       备注(screen, name_ + ".备注", TextStyle::paragraph),
       新增(screen, name_ + ".新增", "新增"),
-      确定(screen, name_ + ".确定", "确定"),
+      确定(screen, name_ + ".确定", "确定", ButtonRole::main),
       删除(screen, name_ + ".删除", "删除"),
       退出(screen, name_ + ".退出", "退出") {
     makeOptionalParts();
+    markFields(*this);
     connect();
 }
 
@@ -248,7 +265,7 @@ void 登记页::remove() {
     const TreeNode* node = 客户.selected();
     if (node == nullptr || !node->key().starts_with(rules_.键前缀)) return;
     const std::string no = 登记编号Of(*node, rules_.键前缀);
-    if (!app_.confirm(fmt::format("确定要删除编号为 {}的信息？ ", no))) return;
+    if (!app_.confirmDeletion(fmt::format("确定要删除编号为 {}的信息？ ", no))) return;
     app_.主连接.execute(
         sql("Delete From YZ_引驻客户信息 Where 登记编号='{}' and 管理处代号='{}'", no, code()));
     clearChoices();

@@ -6,8 +6,10 @@
 
 #include "desktop/canvas_binding.h"
 #include "desktop/choice_bindings.h"
+#include "desktop/date_binding.h"
 #include "desktop/field_bindings.h"
 #include "desktop/grid_binding.h"
+#include "desktop/text_binding.h"
 #include "desktop/tree_binding.h"
 
 namespace desk::desktop {
@@ -30,6 +32,21 @@ class FocusWatch : public QObject {
 
   private:
     Control& control_;
+};
+
+class WheelWatch : public QObject {
+  public:
+    explicit WheelWatch(QWidget* widget) : QObject(widget), widget_(widget) {
+        widget->installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::Wheel || widget_->hasFocus()) return false;
+        event->ignore();
+        return true;
+    }
+
+  private:
+    QWidget* widget_;
 };
 
 template <class C>
@@ -55,13 +72,20 @@ QWidget* make(Control& control) {
 
 }  // namespace
 
+void keepWheelForFocus(QWidget* widget) {
+    if (widget->focusPolicy() == Qt::WheelFocus) widget->setFocusPolicy(Qt::StrongFocus);
+    new WheelWatch(widget);
+}
+
 void bindCommon(Control& control, QWidget* widget) {
     widget->setObjectName(text(control.name()));
     const auto apply = [&control, widget] {
         widget->setEnabled(control.enabled());
         widget->setVisible(control.visible());
+        widget->setProperty(demandedProperty, control.demanded());
     };
     widget->setEnabled(control.enabled());
+    widget->setProperty(demandedProperty, control.demanded());
     // Shown with the window; a call here would open a window of its own.
     if (!control.visible()) widget->hide();
     follow(widget, control.touched, apply);

@@ -24,7 +24,16 @@ void follow(QObject* widget, Signal<Args...>& signal, Slot slot) {
     new Kept(widget, signal.connect(std::move(slot)));
 }
 
-/// What every binding shares: name, enabled, visible, the focus both ways.
+/// The widget's property that says whether a save demands its control, for the caption to mark it.
+inline constexpr const char* demandedProperty = "demanded";
+
+/// A button's property that says whether it is the main one.
+inline constexpr const char* mainButtonProperty = "main";
+
+/// Leaves the wheel to what lies around `widget` while that has not the focus, and gives it none by the wheel.
+void keepWheelForFocus(QWidget* widget);
+
+/// What every binding shares: name, enabled, visible, demanded, the focus both ways.
 void bindCommon(Control& control, QWidget* widget);
 
 /// A widget that shows `control` and tells it what people do. The control must outlive it.

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QPixmap>
@@ -10,6 +11,8 @@
 #include <QTabBar>
 
 #include "desktop/binding.h"
+#include "desktop/keys.h"
+#include "desktop/view_clicks.h"
 
 namespace desk::desktop {
 
@@ -21,14 +24,20 @@ QIcon colourMark(Colour packed) {
     return mark;
 }
 
+constexpr int colourRole = Qt::UserRole;
+
+/// What a widget keeps of a line's colour, to know it again.
+QVariant kept(const std::optional<Colour>& colour) {
+    return colour ? QVariant(static_cast<qlonglong>(*colour)) : QVariant();
+}
+
 /// Takes over the lines of `holder`. Most lists grow line by line, which must not cost a fill each.
 template <class Widget>
-void takeLines(const ItemHolder& holder, Widget* shown, QString (*shownText)(Widget*, int),
+void takeLines(const ItemHolder& holder, Widget* shown, bool (*shows)(Widget*, int, const Item&),
                void (*add)(Widget*, const Item&)) {
     const auto item = [&](int line) -> const Item& { return holder.items()[static_cast<std::size_t>(line)]; };
     int same = 0;
-    while (same < shown->count() && same < holder.count() && shownText(shown, same) == text(item(same).text))
-        ++same;
+    while (same < shown->count() && same < holder.count() && shows(shown, same, item(same))) ++same;
     if (same < shown->count()) {
         shown->clear();
         same = 0;
@@ -42,6 +51,41 @@ void selectAsHeld(const ListBox& list, QListWidget* shown) {
     shown->viewport()->update();
 }
 
+/// The wheel belongs to it while it has the focus; Enter moves on.
+class DropDown : public QComboBox {
+  public:
+    DropDown() { keepWheelForFocus(this); }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        QComboBox::keyPressEvent(event);
+        if (isEnter(*event)) focusNextChild();
+    }
+};
+
+/// A list whose arrow keys click the line that they come to, and whose Enter is a double click.
+class ListView : public QListWidget {
+  public:
+    explicit ListView(ListBox& list) : list_(list) { clickByLeftButtonOnly(this); }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (isEnter(*event)) return enter([this] { list_.doubleClick(currentRow()); });
+        const int before = currentRow();
+        QListWidget::keyPressEvent(event);
+        if (list_.style() == ListStyle::single && currentRow() != before)
+            enter([this] { list_.click(currentRow()); });
+    }
+    /// A press that was let go elsewhere has marked a line that nobody clicked.
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        QListWidget::mouseReleaseEvent(event);
+        selectAsHeld(list_, this);
+    }
+
+  private:
+    ListBox& list_;
+};
+
 /// Whatever the mouse or the keyboard has toggled is a click on that line.
 void clickToggled(ListBox& list, QListWidget* shown) {
     for (int line = 0; line < shown->count(); ++line)
@@ -52,7 +96,7 @@ void clickToggled(ListBox& list, QListWidget* shown) {
 }  // namespace
 
 QWidget* comboWidget(ComboBox& combo) {
-    auto* shown = new QComboBox;
+    auto* shown = new DropDown;
     shown->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     shown->setMinimumContentsLength(8);
     shown->setMaxVisibleItems(20);
@@ -63,9 +107,14 @@ QWidget* comboWidget(ComboBox& combo) {
     const auto fill = [&combo, shown, select] {
         const QSignalBlocker quiet(shown);
         takeLines<QComboBox>(
-            combo, shown, [](QComboBox* box, int line) { return box->itemText(line); },
+            combo, shown,
+            [](QComboBox* box, int line, const Item& item) {
+                return box->itemText(line) == text(item.text) &&
+                       box->itemData(line, colourRole) == kept(item.colour);
+            },
             [](QComboBox* box, const Item& item) {
-                box->addItem(item.colour ? colourMark(*item.colour) : QIcon(), text(item.text));
+                box->addItem(item.colour ? colourMark(*item.colour) : QIcon(), text(item.text),
+                             kept(item.colour));
             });
         select();
     };
@@ -78,7 +127,7 @@ QWidget* comboWidget(ComboBox& combo) {
 }
 
 QWidget* listWidget(ListBox& list) {
-    auto* shown = new QListWidget;
+    auto* shown = new ListView(list);
     const bool multiple = list.style() == ListStyle::multiple;
     shown->setSelectionMode(multiple ? QAbstractItemView::MultiSelection
                                      : QAbstractItemView::SingleSelection);
@@ -86,7 +135,10 @@ QWidget* listWidget(ListBox& list) {
     const auto fill = [&list, shown] {
         const QSignalBlocker quiet(shown);
         takeLines<QListWidget>(
-            list, shown, [](QListWidget* box, int line) { return box->item(line)->text(); },
+            list, shown,
+            [](QListWidget* box, int line, const Item& item) {
+                return box->item(line)->text() == text(item.text);
+            },
             [](QListWidget* box, const Item& item) { box->addItem(text(item.text)); });
         selectAsHeld(list, shown);
     };
@@ -100,7 +152,8 @@ QWidget* listWidget(ListBox& list) {
         QObject::connect(shown, &QListWidget::itemClicked, shown, [&list, shown](QListWidgetItem* item) {
             enter([&] { list.click(shown->row(item)); });
         });
-        QObject::connect(shown, &QListWidget::itemActivated, shown, [&list, shown](QListWidgetItem* item) {
+        // Not the activation, which on some desktops is a single click.
+        QObject::connect(shown, &QListWidget::itemDoubleClicked, shown, [&list, shown](QListWidgetItem* item) {
             enter([&] { list.doubleClick(shown->row(item)); });
         });
     }
@@ -111,6 +164,7 @@ QWidget* tabWidget(TabStrip& strip) {
     auto* bar = new QTabBar;
     bar->setDrawBase(true);
     bar->setExpanding(false);
+    keepWheelForFocus(bar);
     for (const auto& title : strip.titles()) bar->addTab(text(title));
     const auto select = [&strip, bar] {
         const QSignalBlocker quiet(bar);

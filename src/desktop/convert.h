@@ -29,6 +29,14 @@ inline std::string utf8(const QString& text) {
     return text.toStdString();
 }
 
+/// For places that show one line: what stands on several follows on it.
+inline QString onOneLine(std::string_view utf8) {
+    QString line = text(utf8);
+    line.replace("\r\n", " ");
+    for (const char16_t breaks : {u'\n', u'\r', u'\t', u'\u2028', u'\u2029'}) line.replace(QChar(breaks), ' ');
+    return line;
+}
+
 inline QColor colour(Colour packed) {
     return QColor(redOf(packed), greenOf(packed), blueOf(packed));
 }

@@ -2,63 +2,39 @@
 
 #include <QCalendarWidget>
 #include <QCheckBox>
-#include <QDateEdit>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPainter>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSignalBlocker>
+#include <QStyleOptionButton>
 
 #include "desktop/binding.h"
+#include "desktop/keys.h"
 
 namespace desk::desktop {
 
 namespace {
 
-bool isEnter(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
-
-/// A day that can be typed from its first digit to its last, separators included.
-class DateEdit : public QDateEdit {
-  protected:
-    void keyPressEvent(QKeyEvent* event) override {
-        const QString key = event->text();
-        if (key.size() == 1 && key[0].isDigit() && lineEdit()->selectedText() == text())
-            setSelectedSection(YearSection);
-        // Behind its last digit a part has been left already: its separator must not leave the next one too.
-        const bool atStartOfPart = lineEdit()->selectedText() == sectionText(currentSection());
-        if ((key == "-" || key == "/" || key == ".") && atStartOfPart) return event->accept();
-        QDateEdit::keyPressEvent(event);
-    }
-};
-
-/// Enter moves on as Tab does, where the box says so.
-class LineEdit : public QLineEdit {
+/// Enter presses it, also outside of a dialog, once however long it is held; the second press of a double click
+/// is none.
+class PushButton : public QPushButton {
   public:
-    explicit LineEdit(TextBox& box) : box_(box) {}
+    explicit PushButton(const Button& button) : button_(button) {}
 
   protected:
-    void keyPressEvent(QKeyEvent* event) override {
-        if (!isEnter(*event)) return QLineEdit::keyPressEvent(event);
-        enter([this] { box_.pressEnter(); });
-        if (box_.enterMovesOn) focusNextChild();
+    void initStyleOption(QStyleOptionButton* option) const override {
+        QPushButton::initStyleOption(option);
+        if (button_.role() == ButtonRole::main) option->features |= QStyleOptionButton::DefaultButton;
     }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (!isEnter(*event)) return QPushButton::keyPressEvent(event);
+        if (!event->isAutoRepeat()) click();
+    }
+    void mouseDoubleClickEvent(QMouseEvent*) override {}
 
   private:
-    TextBox& box_;
-};
-
-/// Enter presses it, also outside of a dialog.
-class PushButton : public QPushButton {
-  protected:
-    void keyPressEvent(QKeyEvent* event) override {
-        if (isEnter(*event)) return click();
-        QPushButton::keyPressEvent(event);
-    }
+    const Button& button_;
 };
 
 class ColourArea : public QWidget {
@@ -77,51 +53,6 @@ class ColourArea : public QWidget {
     Swatch& swatch_;
 };
 
-QWidget* lineWidget(TextBox& box) {
-    auto* edit = new LineEdit(box);
-    if (box.style() == TextStyle::password) edit->setEchoMode(QLineEdit::Password);
-    const auto show = [&box, edit] {
-        const QString shown = text(box.text());
-        if (edit->text() != shown) {
-            edit->setText(shown);
-            edit->setCursorPosition(0);
-        }
-        edit->setReadOnly(box.locked());
-    };
-    show();
-    follow(edit, box.touched, show);
-    follow(edit, box.selectAllAsked, [edit] { edit->selectAll(); });
-    QObject::connect(edit, &QLineEdit::textEdited, edit,
-                     [&box](const QString& typed) { enter([&] { box.type(utf8(typed)); }); });
-    return edit;
-}
-
-/// The database holds lines ended as its other programs end them.
-std::string storedLines(const QString& typed) {
-    return utf8(QString(typed).replace('\n', "\r\n"));
-}
-
-QString shownLines(const TextBox& box) {
-    return text(box.text()).replace("\r\n", "\n");
-}
-
-QWidget* paragraphWidget(TextBox& box) {
-    auto* edit = new QPlainTextEdit;
-    edit->setTabChangesFocus(true);
-    const auto show = [&box, edit] {
-        if (edit->toPlainText() != shownLines(box)) edit->setPlainText(shownLines(box));
-        edit->setReadOnly(box.locked());
-    };
-    show();
-    follow(edit, box.touched, show);
-    follow(edit, box.selectAllAsked, [edit] { edit->selectAll(); });
-    QObject::connect(edit, &QPlainTextEdit::textChanged, edit, [&box, edit] {
-        if (edit->toPlainText() != shownLines(box))
-            enter([&] { box.type(storedLines(edit->toPlainText())); });
-    });
-    return edit;
-}
-
 }  // namespace
 
 QWidget* labelWidget(Label& label) {
@@ -132,12 +63,9 @@ QWidget* labelWidget(Label& label) {
     return shown;
 }
 
-QWidget* textBoxWidget(TextBox& box) {
-    return box.style() == TextStyle::paragraph ? paragraphWidget(box) : lineWidget(box);
-}
-
 QWidget* buttonWidget(Button& button) {
-    auto* shown = new PushButton;
+    auto* shown = new PushButton(button);
+    shown->setProperty(mainButtonProperty, button.role() == ButtonRole::main);
     const auto show = [&button, shown] { shown->setText(text(button.caption())); };
     show();
     follow(shown, button.touched, show);
@@ -166,23 +94,6 @@ QWidget* optionWidget(OptionButton& option) {
         show();
     });
     return shown;
-}
-
-QWidget* dateWidget(DatePicker& picker) {
-    auto* edit = new DateEdit;
-    edit->setCalendarPopup(true);
-    edit->setDisplayFormat("yyyy-MM-dd");
-    const auto show = [&picker, edit] {
-        // Writing back what is being typed would lose the keys to come.
-        if (edit->date() == date(picker.value())) return;
-        const QSignalBlocker quiet(edit);
-        edit->setDate(date(picker.value()));
-    };
-    show();
-    follow(edit, picker.touched, show);
-    QObject::connect(edit, &QDateEdit::userDateChanged, edit,
-                     [&picker](QDate day) { enter([&] { picker.pick(moment(day)); }); });
-    return edit;
 }
 
 QWidget* calendarWidget(MonthCalendar& calendar) {

@@ -7,11 +7,9 @@
 namespace desk::desktop {
 
 QWidget* labelWidget(Label& label);
-QWidget* textBoxWidget(TextBox& box);
 QWidget* buttonWidget(Button& button);
 QWidget* checkBoxWidget(CheckBox& box);
 QWidget* optionWidget(OptionButton& option);
-QWidget* dateWidget(DatePicker& picker);
 QWidget* calendarWidget(MonthCalendar& calendar);
 QWidget* swatchWidget(Swatch& swatch);
 

@@ -5,12 +5,13 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPalette>
-#include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 #include <QTableView>
 
 #include "desktop/binding.h"
 #include "desktop/grid_header.h"
+#include "desktop/keys.h"
+#include "desktop/view_clicks.h"
 
 namespace desk::desktop {
 
@@ -89,7 +90,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || section >= grid_.columns()) return {};
     if (role == Qt::DisplayRole && grid_.rows() > 0 && grid_.fixedRows() > 0)
-        return text(grid_.text(0, section));
+        return onOneLine(grid_.text(0, section));
     if (role == Qt::TextAlignmentRole) return QVariant(alignmentOf(grid_.fixedAlignment(section)));
     return {};
 }
@@ -108,7 +109,8 @@ class CellPainter : public QStyledItemDelegate {
     }
 };
 
-/// Mouse and arrow keys both click the cell that they come to; what the screen makes current is only shown.
+/// Shows as marked what is current in the grid. The left button clicks, keys click or move as the grid says, and
+/// the focus does neither.
 class GridWidget : public QTableView {
   public:
     explicit GridWidget(Grid& grid) : grid_(grid) {
@@ -128,10 +130,9 @@ class GridWidget : public QTableView {
         setWordWrap(false);
         setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
         setMinimumHeight(60);
+        clickByLeftButtonOnly(this);
         connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) { click(index); });
-        connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
-            enter([&] { grid_.doubleClick(index.row() + grid_.fixedRows(), index.column()); });
-        });
+        connect(this, &QTableView::doubleClicked, this, [this] { enter([this] { grid_.pressAgain(); }); });
         follow(this, grid.structureChanged, [this] { showStructure(); });
         follow(this, grid.cellsChanged, [this] { showMerges(); });
         follow(this, grid.currentChanged, [this] { showCurrent(); });
@@ -139,25 +140,24 @@ class GridWidget : public QTableView {
     }
 
   protected:
-    void mousePressEvent(QMouseEvent* event) override {
-        const QScopedValueRollback mouse(byMouse_, true);
-        QTableView::mousePressEvent(event);
+    /// A press that was let go elsewhere has marked a cell that nobody clicked.
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        QTableView::mouseReleaseEvent(event);
+        showCurrent();
     }
 
-    /// Arrow keys look at one row after the other, so the keyboard stays here wherever a click would lead it.
-    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override {
-        QTableView::currentChanged(current, previous);
-        if (byMouse_ || showing_ || !hasFocus()) return;
-        click(current);
-        if (isVisible()) setFocus();
+    void focusInEvent(QFocusEvent* event) override {
+        QTableView::focusInEvent(event);
+        goNowhereByFocus(this);
     }
 
-    /// Enter goes where a click leads.
+    /// Enter and Space go where a click leads.
     void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-            click(currentIndex());
-        else
-            QTableView::keyPressEvent(event);
+        if (isEnter(*event) || event->key() == Qt::Key_Space) return click(currentIndex());
+        const QModelIndex before = currentIndex();
+        QTableView::keyPressEvent(event);
+        if (currentIndex().isValid() && currentIndex() != before) moveTo(currentIndex());
+        showCurrent();
     }
 
   private:
@@ -165,8 +165,13 @@ class GridWidget : public QTableView {
         if (index.isValid()) enter([&] { grid_.click(index.row() + grid_.fixedRows(), index.column()); });
     }
 
+    /// Arrow keys look at one row after the other, so the keyboard stays here wherever a click would lead it.
+    void moveTo(const QModelIndex& index) {
+        enter([&] { grid_.moveTo(index.row() + grid_.fixedRows(), index.column()); });
+        if (isVisible()) setFocus();
+    }
+
     void showStructure() {
-        const QScopedValueRollback quiet(showing_, true);
         setSelectionBehavior(grid_.selection() == GridSelection::row ? SelectRows : SelectItems);
         horizontalHeader()->setVisible(grid_.fixedRows() > 0);
         // A number far from the others at the window's edge is hard to read.
@@ -219,18 +224,19 @@ class GridWidget : public QTableView {
     }
 
     void showCurrent() {
-        const QScopedValueRollback quiet(showing_, true);
         const int row = grid_.row() - grid_.fixedRows();
-        if (row < 0 || row >= model()->rowCount()) return;
+        if (row < 0 || row >= model()->rowCount()) return selectionModel()->clear();
         // A hidden column cannot be current on the screen.
         int column = grid_.column();
         if (isColumnHidden(column)) column = 0;
-        setCurrentIndex(model()->index(row, column));
+        const QModelIndex index = model()->index(row, column);
+        if (index == currentIndex() && selectionModel()->isSelected(index)) return;
+        const auto whole = grid_.selection() == GridSelection::row ? QItemSelectionModel::Rows
+                                                                   : QItemSelectionModel::NoUpdate;
+        selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | whole);
     }
 
     Grid& grid_;
-    bool byMouse_ = false;
-    bool showing_ = false;
 };
 
 }  // namespace

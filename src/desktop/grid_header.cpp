@@ -43,7 +43,7 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int section)
         painter->setPen(palette().color(QPalette::Mid));
         painter->drawRect(cell.adjusted(-1, -1, -1, -1));
         painter->setPen(palette().color(QPalette::ButtonText));
-        painter->drawText(cell.adjusted(4, 0, -4, 0), Qt::AlignCenter, text(grid_.text(row, section)));
+        painter->drawText(cell.adjusted(4, 0, -4, 0), Qt::AlignCenter, onOneLine(grid_.text(row, section)));
     }
     painter->restore();
 }

@@ -1,13 +1,15 @@
 #include "desktop/layout.h"
 
 #include <QAbstractButton>
+#include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPlainTextEdit>
+#include <QPainter>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/binding.h"
 
@@ -28,19 +30,68 @@ QWidget* inBox(QBoxLayout::Direction direction, const std::vector<QWidget*>& par
     return whole;
 }
 
-/// Tells those who cannot see the caption what the fields behind it are.
-void name(QWidget* content, QLabel* label) {
-    const QString caption = label->text().remove(' ');
-    if (caption.isEmpty()) return;
-    const auto parts = content->findChildren<QWidget*>();
-    for (QWidget* part : QWidgetList{content} + parts) {
-        // A widget of a control has its name; a list that drops out of one has none.
-        if (part->objectName().isEmpty() || part->objectName().startsWith("qt_")) continue;
-        if (part->focusPolicy() == Qt::NoFocus || qobject_cast<QAbstractButton*>(part) != nullptr) continue;
-        if (part->accessibleName().isEmpty()) part->setAccessibleName(caption);
-        if (label->buddy() == nullptr) label->setBuddy(part);
-    }
+constexpr const char* buttonRowProperty = "buttonRow";
+
+bool isBound(const QWidget* widget) {
+    return widget->property(demandedProperty).isValid();
 }
+
+/// The widgets of controls in a part, itself perhaps, in their order.
+std::vector<QWidget*> boundIn(QWidget* part) {
+    std::vector<QWidget*> bound;
+    if (isBound(part)) bound.push_back(part);
+    for (QWidget* inside : part->findChildren<QWidget*>())
+        if (isBound(inside)) bound.push_back(inside);
+    return bound;
+}
+
+/// What stands before a field, with a star while a save demands one of its parts.
+class Caption : public QLabel {
+  public:
+    Caption(std::string_view title, QWidget* content) : QLabel(text(title)), parts_(boundIn(content)) {
+        // Most captions have four signs: blocks of fields below each other line up.
+        setMinimumWidth(fontMetrics().horizontalAdvance("管理项目") + starWidth());
+        setContentsMargins(starWidth(), 0, 0, 0);
+        setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        for (QWidget* part : parts_) part->installEventFilter(this);
+        nameParts(QString(text(title)).remove(' '));
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::DynamicPropertyChange) update();
+        return false;
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        QLabel::paintEvent(event);
+        const bool demanded = std::any_of(parts_.begin(), parts_.end(), [](const QWidget* part) {
+            return part->property(demandedProperty).toBool();
+        });
+        if (!demanded) return;
+        QPainter painter(this);
+        painter.setPen(QColor(200, 30, 30));
+        const int left = width() - fontMetrics().horizontalAdvance(QLabel::text()) - starWidth();
+        painter.drawText(QRect(left, 0, starWidth(), height()), Qt::AlignCenter, "*");
+    }
+
+  private:
+    int starWidth() const { return fontMetrics().horizontalAdvance("* "); }
+    static QString text(std::string_view utf8) { return desktop::text(utf8); }
+
+    /// For screen readers: a part behind a box that opens it is called by both.
+    void nameParts(const QString& title) {
+        QString name = title;
+        for (QWidget* part : parts_) {
+            if (const auto* button = qobject_cast<QAbstractButton*>(part))
+                name = title + " " + button->text();
+            else if (part->accessibleName().isEmpty())
+                part->setAccessibleName(name);
+        }
+    }
+
+    std::vector<QWidget*> parts_;
+};
 
 bool growsDown(QWidget* widget) {
     return widget->sizePolicy().verticalPolicy() == QSizePolicy::Expanding;
@@ -49,9 +100,15 @@ bool growsDown(QWidget* widget) {
 void collect(QLayout* laid, std::vector<QWidget*>& found);
 
 void collect(QWidget* widget, std::vector<QWidget*>& found) {
-    if (widget->focusPolicy() & Qt::TabFocus) found.push_back(widget);
+    // Also what takes no Tab just now, as a locked field.
+    if (widget->focusPolicy() != Qt::NoFocus) found.push_back(widget);
+    const auto start = static_cast<std::ptrdiff_t>(found.size());
     // What a widget of Qt's own holds inside is its own business.
     if (widget->layout() != nullptr && !widget->inherits("QCalendarWidget")) collect(widget->layout(), found);
+    if (widget->property(buttonRowProperty).toBool())
+        std::stable_partition(found.begin() + start, found.end(), [](const QWidget* button) {
+            return button->property(mainButtonProperty).toBool();
+        });
 }
 
 void collect(QLayout* laid, std::vector<QWidget*>& found) {
@@ -101,13 +158,8 @@ QWidget* fields(std::vector<Field> entries, int perLine) {
     int line = 0;
     int place = 0;
     for (const auto& entry : entries) {
-        auto* label = new QLabel(text(entry.caption));
-        // Most captions have four signs: blocks of fields below each other line up.
-        label->setMinimumWidth(label->fontMetrics().horizontalAdvance("管理项目"));
-        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        grid->addWidget(label, line, place * 2);
         QWidget* content = entry.widgets.size() == 1 ? entry.widgets.front() : columns(entry.widgets);
-        name(content, label);
+        grid->addWidget(new Caption(entry.caption, content), line, place * 2);
         grid->addWidget(content, line, place * 2 + 1);
         grid->setColumnStretch(place * 2 + 1, 1);
         if (growsDown(content)) grid->setRowStretch(line, 1);
@@ -120,6 +172,7 @@ QWidget* fields(std::vector<Field> entries, int perLine) {
 
 QWidget* buttons(std::initializer_list<Control*> row) {
     auto* whole = new QWidget;
+    whole->setProperty(buttonRowProperty, true);
     auto* box = new QHBoxLayout(whole);
     box->setContentsMargins(0, 0, 0, 0);
     box->setSpacing(gap);
@@ -130,6 +183,12 @@ QWidget* buttons(std::initializer_list<Control*> row) {
 
 QWidget* plain(Control& control) {
     return widgetFor(control);
+}
+
+QWidget* plain(Control& control, std::string_view spoken) {
+    QWidget* widget = widgetFor(control);
+    widget->setAccessibleName(text(spoken));
+    return widget;
 }
 
 QWidget* row(std::initializer_list<Control*> controls) {

@@ -35,10 +35,12 @@ struct Field {
 /// Fields in lines of `perLine`, captions aligned.
 QWidget* fields(std::vector<Field> entries, int perLine = 1);
 
-/// A row of buttons, right aligned.
+/// A row of buttons, right aligned; Tab comes to the main one first.
 QWidget* buttons(std::initializer_list<Control*> row);
 /// A control as it stands.
 QWidget* plain(Control& control);
+/// The same for a tree, list or grid without a caption beside it, with what a screen reader calls it.
+QWidget* plain(Control& control, std::string_view spoken);
 /// Controls in a row, each as wide as it wants, left aligned.
 QWidget* row(std::initializer_list<Control*> controls);
 /// A fixed text.

@@ -140,7 +140,7 @@ Answer QtDesktop::messageBox(const Message& message) {
     }
     auto* yes = box.addButton("是(&Y)", QMessageBox::YesRole);
     auto* no = box.addButton("否(&N)", QMessageBox::NoRole);
-    box.setDefaultButton(yes);
+    box.setDefaultButton(message.preferred == Answer::no ? no : yes);
     box.setEscapeButton(no);
     box.exec();
     return box.clickedButton() == yes ? Answer::yes : Answer::no;

@@ -1,10 +1,13 @@
 #include "desktop/tree_binding.h"
 
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QTreeView>
 #include <algorithm>
 
 #include "desktop/binding.h"
+#include "desktop/keys.h"
+#include "desktop/view_clicks.h"
 
 namespace desk::desktop {
 
@@ -49,7 +52,8 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const {
     if (away_ || !index.isValid()) return {};
     const TreeNode& node = *nodeOf(index);
     // The tip shows what a narrow tree cuts off.
-    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return text(node.text());
+    if (role == Qt::DisplayRole) return onOneLine(node.text());
+    if (role == Qt::ToolTipRole) return text(node.text());
     if (role == Qt::CheckStateRole && tree_.style() == Tree::Style::checkBoxes)
         return node.checked() ? Qt::Checked : Qt::Unchecked;
     return {};
@@ -68,7 +72,8 @@ Qt::ItemFlags TreeModel::flags(const QModelIndex& index) const {
 
 namespace {
 
-/// Mouse and arrow keys both click the node that they come to; what the screen selects is only shown.
+/// Shows as marked what the tree has selected. The left button clicks, keys click or move as the tree says, and
+/// the focus does neither.
 class TreeWidget : public QTreeView {
   public:
     explicit TreeWidget(Tree& tree) : tree_(tree), model_(new TreeModel(tree, this)) {
@@ -76,6 +81,7 @@ class TreeWidget : public QTreeView {
         setHeaderHidden(true);
         setUniformRowHeights(true);
         setMinimumSize(180, 80);
+        clickByLeftButtonOnly(this);
         connect(this, &QTreeView::clicked, this, [this](const QModelIndex& index) { click(index); });
         connect(this, &QTreeView::expanded, this,
                 [this](const QModelIndex& index) { noteExpanded(index, true); });
@@ -91,14 +97,25 @@ class TreeWidget : public QTreeView {
     }
 
   protected:
-    void mousePressEvent(QMouseEvent* event) override {
-        const QScopedValueRollback mouse(byMouse_, true);
-        QTreeView::mousePressEvent(event);
+    /// A press that was let go elsewhere has marked a node that nobody clicked.
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        QTreeView::mouseReleaseEvent(event);
+        showSelection();
     }
 
-    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override {
-        QTreeView::currentChanged(current, previous);
-        if (!byMouse_ && !showing_ && hasFocus()) click(current);
+    void focusInEvent(QFocusEvent* event) override {
+        QTreeView::focusInEvent(event);
+        goNowhereByFocus(this);
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        const bool ticks = tree_.style() == Tree::Style::checkBoxes;
+        if (isEnter(*event) || (event->key() == Qt::Key_Space && !ticks)) return click(currentIndex());
+        const QModelIndex before = currentIndex();
+        QTreeView::keyPressEvent(event);
+        if (currentIndex().isValid() && currentIndex() != before)
+            enter([this] { tree_.moveTo(*TreeModel::nodeOf(currentIndex())); });
+        showSelection();
     }
 
   private:
@@ -133,16 +150,14 @@ class TreeWidget : public QTreeView {
     void showSelection() {
         const QScopedValueRollback quiet(showing_, true);
         const QModelIndex index = model_->indexOf(tree_.selected());
-        if (index == currentIndex()) return;
-        if (index.isValid())
-            setCurrentIndex(index);
-        else
-            clearSelection();
+        if (!index.isValid())
+            selectionModel()->clear();
+        else if (index != currentIndex() || !selectionModel()->isSelected(index))
+            selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
     }
 
     Tree& tree_;
     TreeModel* model_;
-    bool byMouse_ = false;
     bool showing_ = false;
 };
 

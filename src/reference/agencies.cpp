@@ -27,6 +27,7 @@ Frm中介公司设置::Frm中介公司设置(Application& app)
            "<其它信息            "),
       app_(app) {
     for (const Field& field : fields) boxes.emplace_back(*this, std::string(field.column));
+    boxes.front().setDemanded(true);
     管理项目.nodeClicked += [this](TreeNode& node) { chooseNode(node); };
     列表.clicked += [this] { showEntry(); };
     确定.clicked += [this] { save(); };
@@ -135,7 +136,7 @@ void Frm中介公司设置::write(Recordset& agency, std::size_t firstField) {
 void Frm中介公司设置::remove() {
     if (管理处代号_.empty()) return app_.tell("请选择管理项目！");
     const std::string name = 列表.key();
-    if (name.empty() || !app_.confirm("确定删除当前选择的中介公司吗？")) return;
+    if (name.empty() || !app_.confirmDeletion("确定删除当前选择的中介公司吗？")) return;
     app_.主连接.execute(
         sql("Delete From YZ_中介公司设置 Where 管理处代号='{}' AND 公司名称='{}'", 管理处代号_, name));
     列表.dropCurrent();

@@ -31,7 +31,7 @@ class Frm中介公司设置 : public Screen {
     Tree 管理项目{*this, "管理项目"};
     SetupGrid 列表;
     std::deque<TextBox> boxes;  ///< one a field, named after its column
-    Button 确定{*this, "确定", "确定"};
+    Button 确定{*this, "确定", "确定", ButtonRole::main};
     Button 删除{*this, "删除", "删除"};
     Button 退出{*this, "退出", "退出"};
     StatusBar 状态栏{*this, "状态栏", 2};

@@ -24,11 +24,12 @@ CodedTab::CodedTab(Screen& screen, Application& app, SetupStatus& status, const 
       代号(框, kind.code),
       名称(框, kind.named),
       说明(框, kind.note),
-      确定(框, fmt::format("{}.确定", kind.title), "确定"),
+      确定(框, fmt::format("{}.确定", kind.title), "确定", ButtonRole::main),
       删除(框, fmt::format("{}.删除", kind.title), "删除"),
       退出(框, fmt::format("{}.退出", kind.title), "退出"),
       app_(app),
       status_(status) {
+    for (TextBox* box : {&代号, &名称}) box->setDemanded(true);
     列表.clicked += [this] { showEntry(); };
     确定.clicked += [this] { save(); };
     删除.clicked += [this] { remove(); };
@@ -123,7 +124,7 @@ void CodedTab::remove() {
     const std::string code = 列表.key();
     // The teams, too, are spoken of as duties: the users know these words.
     if (code.empty()) return app_.tell("您尚未选择要删除的主职信息，请选择！");
-    if (!app_.confirm("确定要删除选中的主职信息吗？")) return;
+    if (!app_.confirmDeletion("确定要删除选中的主职信息吗？")) return;
     app_.主连接.execute(sql("Delete From {} Where {}='{}'", kind.table, kind.codeColumn, code));
     列表.dropCurrent();
     clearFields();

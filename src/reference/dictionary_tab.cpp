@@ -55,11 +55,12 @@ DictionaryTab::DictionaryTab(Screen& screen, Application& app, SetupStatus& stat
                        kind.nameColumn.text())),
       名称(框, nameOf(kind, "名称")),
       说明(框, nameOf(kind, "说明")),
-      确定(框, nameOf(kind, "确定"), "确定"),
+      确定(框, nameOf(kind, "确定"), "确定", ButtonRole::main),
       删除(框, nameOf(kind, "删除"), "删除"),
       退出(框, nameOf(kind, "退出"), "退出"),
       app_(app),
       status_(status) {
+    名称.setDemanded(true);
     列表.clicked += [this] { showEntry(); };
     确定.clicked += [this] { save(); };
     删除.clicked += [this] { remove(); };
@@ -134,7 +135,7 @@ void DictionaryTab::change(const std::string& name) {
 void DictionaryTab::remove() {
     const std::string name = 列表.key();
     if (name.empty()) return app_.tell(kind.nothingChosen);
-    if (!app_.confirm(kind.question)) return;
+    if (!app_.confirmDeletion(kind.question)) return;
     app_.主连接.execute(sql("Delete From {} Where {}='{}'", kind.table, kind.deleteColumn, name));
     列表.dropCurrent();
     名称.setText("");

@@ -30,7 +30,7 @@ MemberTab::MemberTab(Screen& screen, Application& app, SetupStatus& status)
       DTPicker1(Frame3, "DTPicker1"),
       Text8(Frame3, "Text8"),
       TreeView2(Frame3, "TreeView2"),
-      确定(Frame3, "人员设置.确定", "确定"),
+      确定(Frame3, "人员设置.确定", "确定", ButtonRole::main),
       删除(Frame3, "人员设置.删除", "删除"),
       退出(Frame3, "人员设置.退出", "退出"),
       app_(app),
@@ -40,6 +40,8 @@ MemberTab::MemberTab(Screen& screen, Application& app, SetupStatus& status)
     Text7.setLocked(true);
     TreeView2.setVisible(false);
     DTPicker1.setValue(app.platform.clock.today());
+    Text7.setDemanded(true);
+    Combo1.setDemanded(true);
     TreeView1.nodeClicked += [this](TreeNode&) { showMembers(); };
     TreeView2.nodeClicked += [this](TreeNode& node) { pickStaff(node); };
     MSFlexGrid3.clicked += [this] { showMember(); };
@@ -191,7 +193,7 @@ void MemberTab::write(Recordset& member) {
 void MemberTab::remove() {
     const std::string number = MSFlexGrid3.key();
     if (number.empty()) return app_.tell("您尚未选择要删除的员工信息，请选择！");
-    if (!app_.confirm("确定要从组中删除选中的员工信息吗？")) return;
+    if (!app_.confirmDeletion("确定要从组中删除选中的员工信息吗？")) return;
     app_.主连接.execute(sql("Delete From YZ_组人员设置 Where 员工工号='{}'", number));
     app_.tell("删除成功！");
     readMembers(列表组_);

@@ -11,6 +11,7 @@ constexpr const char* marker = "→";
 SetupGrid::SetupGrid(Place place, std::string name, std::string_view format, int keyColumn)
     : Grid(place, std::move(name), format), keyColumn_(keyColumn) {
     setSelection(GridSelection::row);
+    setMovingKeys(MovingKeys::click);
     addRow();
     goToLast();
 }

@@ -19,11 +19,12 @@ StateTab::StateTab(Screen& screen, Application& app, SetupStatus& status)
       说明(框, "跟进状态设置.说明"),
       颜色(框, "颜色"),
       选择颜色(框, "选择颜色", "选择颜色"),
-      确定(框, "跟进状态设置.确定", "确定"),
+      确定(框, "跟进状态设置.确定", "确定", ButtonRole::main),
       删除(框, "跟进状态设置.删除", "删除"),
       退出(框, "跟进状态设置.退出", "退出"),
       app_(app),
       status_(status) {
+    for (TextBox* box : {&状态编号, &状态名称}) box->setDemanded(true);
     列表.clicked += [this] { showEntry(); };
     选择颜色.clicked += [this] { chooseColour(); };
     确定.clicked += [this] { save(); };
@@ -128,7 +129,7 @@ void StateTab::showSaved(bool added) {
 void StateTab::remove() {
     const std::string code = 列表.key();
     if (code.empty()) return app_.tell("您尚未选择要删除的跟进状态信息，请选择！");
-    if (!app_.confirm("确定要删除选中跟进状态信息吗？")) return;
+    if (!app_.confirmDeletion("确定要删除选中跟进状态信息吗？")) return;
     app_.主连接.execute(sql("Delete From YZ_跟进状态设置 Where 状态编号='{}'", code));
     列表.dropCurrent();
     clearFields();

@@ -16,7 +16,7 @@ class FrmAbout : public Screen {
     Label lblTitle{*this, "lblTitle", 模块名};
     Label lblVersion{*this, "lblVersion"};
     Label lblDescription{*this, "lblDescription", "鸿序楼台物业管理系统 · 招商引驻业务台账"};
-    Button cmdOK{*this, "cmdOK", "确定"};
+    Button cmdOK{*this, "cmdOK", "确定", ButtonRole::main};
     Button cmdSysInfo{*this, "cmdSysInfo", "系统信息(&S)..."};
 
   private:

@@ -27,4 +27,9 @@ bool Application::confirm(std::string_view text) {
     return desktop.messageBox({std::string(text), "提醒", Icon::question, Buttons::yesNo}) == Answer::yes;
 }
 
+bool Application::confirmDeletion(std::string_view text) {
+    return desktop.messageBox({std::string(text), "提醒", Icon::question, Buttons::yesNo, Answer::no}) ==
+           Answer::yes;
+}
+
 }  // namespace desk

@@ -47,6 +47,8 @@ class Application {
     void inform(std::string_view text, std::string_view title = {});
     /// A Yes/No question titled "提醒"; true for Yes.
     bool confirm(std::string_view text);
+    /// The same where something is to be deleted: a hasty Enter says No.
+    bool confirmDeletion(std::string_view text);
 };
 
 }  // namespace desk

@@ -20,7 +20,7 @@ class FrmLogin : public Screen {
 
     TextBox TxtUser{*this, "TxtUser"};
     TextBox txtPassword{*this, "txtPassword", TextStyle::password};
-    Button cmdOK{*this, "cmdOK", "登录"};
+    Button cmdOK{*this, "cmdOK", "登录", ButtonRole::main};
     Button cmdCancel{*this, "cmdCancel", "取消"};
     Label Label2{*this, "Label2", "请您选择要登录的岗位"};
     ListBox List1{*this, "List1"};

@@ -48,6 +48,10 @@ class Control {
     const Control* anchor() const { return anchor_; }
     void setAnchor(const Control* anchor) { set(anchor_, anchor); }
 
+    /// Whether a save refuses to go without it; shown as a mark at its caption.
+    bool demanded() const { return demanded_; }
+    void setDemanded(bool demanded) { set(demanded_, demanded); }
+
     /// Asks that the focus moves here.
     void focus() { focusAsked(); }
 
@@ -73,6 +77,7 @@ class Control {
     std::string name_;
     bool enabled_ = true;
     bool visible_ = true;
+    bool demanded_ = false;
     const Control* holder_;
     const Control* anchor_ = nullptr;
 };

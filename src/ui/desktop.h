@@ -21,6 +21,7 @@ struct Message {
     std::string title;  ///< empty: the program's name
     Icon icon = Icon::none;
     Buttons buttons = Buttons::ok;
+    Answer preferred = Answer::yes;  ///< of yes and no, the one that Enter gives
 };
 
 /// A file that a person is asked for.

@@ -1,5 +1,7 @@
 #include "ui/fields.h"
 
+#include "base/number.h"
+
 namespace desk {
 
 Label::Label(Place place, std::string name, std::string caption)
@@ -20,12 +22,18 @@ void TextBox::type(std::string_view text) {
     if (usable() && !locked_) setText(text);
 }
 
+std::string TextBox::doubt() const {
+    const double stored = val(text_);
+    if (!numeric_ || text_.empty() || wholeNumber(text_) == stored) return {};
+    return "不是纯数字，将按 " + numberText(stored) + " 保存";
+}
+
 void TextBox::pressEnter() {
     if (usable()) entered();
 }
 
-Button::Button(Place place, std::string name, std::string caption)
-    : Control(place, std::move(name)), caption_(std::move(caption)) {}
+Button::Button(Place place, std::string name, std::string caption, ButtonRole role)
+    : Control(place, std::move(name)), caption_(std::move(caption)), role_(role) {}
 
 void Button::click() {
     if (usable()) clicked();

@@ -39,6 +39,11 @@ class TextBox : public Control {
     void setText(std::string_view text);
     bool locked() const { return locked_; }
     void setLocked(bool locked) { set(locked_, locked); }
+    /// Whether a save reads a number from the head of the text.
+    bool numeric() const { return numeric_; }
+    void setNumeric(bool numeric) { set(numeric_, numeric); }
+    /// What to tell a person whose text will be stored as a number that it does not read as; empty without need.
+    std::string doubt() const;
 
     /// Asks that the whole text be selected, the focus apart.
     void selectAll() { selectAllAsked(); }
@@ -56,14 +61,19 @@ class TextBox : public Control {
     TextStyle style_;
     std::string text_;
     bool locked_ = false;
+    bool numeric_ = false;
 };
+
+/// `main` is the button that ends the work on a screen's fields: it is drawn so, and comes first behind them.
+enum class ButtonRole { usual, main };
 
 class Button : public Control {
   public:
-    Button(Place place, std::string name, std::string caption);
+    Button(Place place, std::string name, std::string caption, ButtonRole role = ButtonRole::usual);
 
     const std::string& caption() const { return caption_; }
     void setCaption(std::string_view caption) { set(caption_, caption); }
+    ButtonRole role() const { return role_; }
 
     /// A person's click; nothing while disabled or hidden.
     void click();
@@ -72,6 +82,7 @@ class Button : public Control {
 
   private:
     std::string caption_;
+    ButtonRole role_;
 };
 
 /// A box that is ticked or not. A new state raises `clicked`, whoever set it.

@@ -228,7 +228,17 @@ void Grid::click(int row, int column) {
 
 void Grid::doubleClick(int row, int column) {
     click(row, column);
+    pressAgain();
+}
+
+void Grid::pressAgain() {
     if (usable()) doubleClicked();
+}
+
+void Grid::moveTo(int row, int column) {
+    const bool sameLine = selection_ == GridSelection::row && row == row_;
+    if (movingKeys_ == MovingKeys::click && !sameLine) return click(row, column);
+    if (usable()) setCurrent(row, column);
 }
 
 void Grid::endUpdate() {

@@ -9,6 +9,7 @@
 
 #include "ui/colour.h"
 #include "ui/control.h"
+#include "ui/moving_keys.h"
 
 namespace desk {
 
@@ -93,9 +94,17 @@ class Grid : public Control {
     GridSelection selection() const { return selection_; }
     void setSelection(GridSelection selection);
 
+    MovingKeys movingKeys() const { return movingKeys_; }
+    void setMovingKeys(MovingKeys keys) { movingKeys_ = keys; }
+
     /// What people do; nothing while disabled or hidden. The cell becomes current first.
     void click(int row, int column);
     void doubleClick(int row, int column);
+    /// The second press of a double click, whose first was a click.
+    void pressAgain();
+    /// The keys have gone to the cell: a click, or a new current cell alone, as always within a row that is marked
+    /// as a whole.
+    void moveTo(int row, int column);
 
     /// Between the two, observers are not told; afterwards once.
     void beginUpdate() { ++updating_; }
@@ -155,6 +164,7 @@ class Grid : public Control {
     int column_ = 0;
     Merge merging_ = Merge::never;
     GridSelection selection_ = GridSelection::cell;
+    MovingKeys movingKeys_ = MovingKeys::move;
     int updating_ = 0;
     bool structurePending_ = false;
     bool cellsPending_ = false;

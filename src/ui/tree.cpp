@@ -74,6 +74,11 @@ void Tree::click(TreeNode& node) {
     nodeClicked(node);
 }
 
+void Tree::moveTo(TreeNode& node) {
+    if (movingKeys_ == MovingKeys::click) return click(node);
+    if (usable()) select(&node);
+}
+
 void Tree::tick(TreeNode& node, bool checked) {
     if (!usable() || node.checked_ == checked) return;
     setChecked(node, checked);

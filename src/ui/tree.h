@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "ui/control.h"
+#include "ui/moving_keys.h"
 
 namespace desk {
 
@@ -63,8 +64,13 @@ class Tree : public Control {
     void setChecked(TreeNode& node, bool checked);
     void setExpanded(TreeNode& node, bool expanded);
 
+    MovingKeys movingKeys() const { return movingKeys_; }
+    void setMovingKeys(MovingKeys keys) { movingKeys_ = keys; }
+
     /// What people do; nothing while disabled or hidden.
     void click(TreeNode& node);
+    /// The keys have gone to the node: a click, or the selection alone.
+    void moveTo(TreeNode& node);
     void tick(TreeNode& node, bool checked);
 
     /// Between the two, observers are not told; afterwards once.
@@ -83,6 +89,7 @@ class Tree : public Control {
     void structureHasChanged();
 
     Style style_;
+    MovingKeys movingKeys_ = MovingKeys::click;
     std::vector<std::unique_ptr<TreeNode>> roots_;
     std::unordered_map<std::string_view, TreeNode*> byKey_;  ///< keyed by the nodes' own text
     TreeNode* selected_ = nullptr;

@@ -19,11 +19,11 @@ std::vector<Field> blockFields(客户信息块& block) {
 }
 
 void addCalendar(QWidget* content, FloatingCalendar& calendar) {
-    floatOver(content, calendar.日历, plain(calendar.日历), FloatsAt::below);
+    floatOver(content, calendar.日历, plain(calendar.日历, "日历"), FloatsAt::below);
 }
 
 QWidget* customers(ComboBox& office, Tree& tree) {
-    return rows({fields({{"管理项目", office}}), plain(tree)}, {0, 1});
+    return rows({fields({{"管理项目", office}}), plain(tree, "客户")}, {0, 1});
 }
 
 }  // namespace
@@ -61,7 +61,7 @@ QWidget* layoutOfFollowUp(Frm客户跟进记录& screen) {
               fields({{"预约日期", screen.预约日期}, {"", new QWidget}}, 2),
               buttons({&screen.新增, &screen.确定, &screen.删除, &screen.退出})},
              {0, 1, 0, 0}));
-    auto* diary = framed(screen.情况页, plain(screen.跟进列表));
+    auto* diary = framed(screen.情况页, plain(screen.跟进列表, "跟进情况"));
     auto* right = rows({group("客户信息", fields(std::move(block), 3)), plain(screen.页签), entry, diary},
                        {0, 0, 1, 1});
     auto* whole = columns({customers(screen.管理项目, screen.客户), right}, {3, 7});

@@ -71,13 +71,13 @@ void addAgencyPanel(QWidget* content, 中介公司选择& agency) {
     edged->setFrameStyle(QFrame::Panel | QFrame::Raised);
     auto* box = new QVBoxLayout(edged);
     box->addWidget(framed(agency.面板,
-                          rows({plain(agency.列表), buttons({&agency.面板确定, &agency.面板关闭})}, {1, 0})));
+                          rows({plain(agency.列表, "中介公司"), buttons({&agency.面板确定, &agency.面板关闭})}, {1, 0})));
     edged->setMinimumSize(400, 300);
     floatOver(content, agency.面板, edged, FloatsAt::below);
 }
 
 QWidget* pageLayout(登记页& page) {
-    auto* left = rows({fields({{"管理项目", page.管理项目}}), plain(page.客户)}, {0, 1});
+    auto* left = rows({fields({{"管理项目", page.管理项目}}), plain(page.客户, "客户")}, {0, 1});
     auto* right = rows({contactFields(page), choiceFields(page), textFields(page),
                         buttons({&page.新增, &page.确定, &page.删除, &page.退出})},
                        {0, 3, 2, 0});

@@ -50,7 +50,7 @@ QWidget* layoutOfLogin(FrmLogin& screen) {
     picture->setFixedHeight(110);
     auto* entry =
         rows({fields({{"工    号", screen.TxtUser}, {"密    码", screen.txtPassword}}),
-              buttons({&screen.cmdOK, &screen.cmdCancel}), plain(screen.Label2), plain(screen.List1)},
+              buttons({&screen.cmdOK, &screen.cmdCancel}), plain(screen.Label2), plain(screen.List1, "岗位")},
              {0, 0, 0, 1});
     auto* whole = new QWidget;
     auto* box = new QVBoxLayout(whole);

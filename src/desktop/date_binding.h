@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QWidget>
+
+#include "ui/fields.h"
+
+namespace desk::desktop {
+
+QWidget* dateWidget(DatePicker& picker);
+
+}  // namespace desk::desktop
