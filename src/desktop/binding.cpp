@@ -19,6 +19,8 @@ namespace {
 class FocusWatch : public QObject {
   public:
     FocusWatch(Control& control, QWidget* widget) : QObject(widget), control_(control) {
+        // A calendar leaves the focus to a part of it.
+        while (widget->focusProxy() != nullptr) widget = widget->focusProxy();
         widget->installEventFilter(this);
     }
     bool eventFilter(QObject*, QEvent* event) override {

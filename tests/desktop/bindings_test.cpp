@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QTableView>
@@ -11,69 +10,23 @@
 #include <QTreeView>
 
 #include "base/failure.h"
-#include "desktop/binding.h"
-#include "desktop/layout.h"
+#include "desktop/edge.h"
+#include "desktop/form.h"
+#include "desktop/person.h"
 #include "desktop/screen_windows.h"
 #include "ui/batch.h"
-#include "ui/choices.h"
-#include "ui/fields.h"
-#include "ui/grid.h"
-#include "ui/screen.h"
-#include "ui/tree.h"
 
 namespace desk::desktop {
 namespace {
 
-struct Form : Screen {
-    Form() : Screen("form", "", WindowKind::dialog, 6000, 4000) {}
-
-    TextBox first{*this, "first"};
-    TextBox second{*this, "second"};
-    TextBox note{*this, "note", TextStyle::paragraph};
-    ComboBox combo{*this, "combo"};
-    ListBox list{*this, "list", ListStyle::multiple};
-    Tree tree{*this, "tree", Tree::Style::checkBoxes};
-    Grid grid{*this, "grid", "<序|<名称    |编号"};
-    DatePicker day{*this, "day"};
-};
-
 class Bindings : public testing::Test {
   protected:
-    /// The widget of the control, in a window that has the keyboard.
-    template <class Widget>
-    Widget& show(std::initializer_list<Control*> controls) {
-        std::vector<QWidget*> parts;
-        for (Control* control : controls) parts.push_back(widgetFor(*control));
-        window.reset(layout::rows(parts));
-        layout::orderTabs(window.get());
-        window->show();
-        window->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
-        return *static_cast<Widget*>(parts.front());
-    }
-
     Form form;
-    std::unique_ptr<QWidget> window;
 };
 
-TEST_F(Bindings, ATextGoesBothWaysAndNotIntoALockedBox) {
-    auto& edit = show<QLineEdit>({&form.first, &form.second});
-    edit.setFocus();
-    QTest::keyClicks(&edit, "350");
-    EXPECT_EQ(form.first.text(), "350");
-    form.first.setText("甲");
-    EXPECT_EQ(edit.text(), "甲");
-    form.first.setLocked(true);
-    QTest::keyClicks(&edit, "9");
-    EXPECT_EQ(form.first.text(), "甲");
-    QTest::keyClick(&edit, Qt::Key_Return);
-    EXPECT_EQ(QApplication::focusWidget()->objectName(), "second");
-    form.first.setEnabled(false);
-    EXPECT_FALSE(edit.isEnabled());
-}
-
 TEST_F(Bindings, LinesOfAParagraphAreStoredAsOtherProgramsEndThem) {
-    auto& edit = show<QPlainTextEdit>({&form.note});
+    const Person person(shown({&form.note}));
+    auto& edit = person.at<QPlainTextEdit>(form.note);
     form.note.setText("一\r\n二");
     EXPECT_EQ(edit.toPlainText(), "一\n二");
     EXPECT_EQ(form.note.text(), "一\r\n二");
@@ -85,7 +38,8 @@ TEST_F(Bindings, LinesOfAParagraphAreStoredAsOtherProgramsEndThem) {
 
 TEST_F(Bindings, AComboShowsItsNewLinesAfterARefillOfTheSameLength) {
     form.combo.addItem("01 东塔");
-    auto& box = show<QComboBox>({&form.combo});
+    const Person person(shown({&form.combo}));
+    auto& box = person.at<QComboBox>(form.combo);
     form.combo.setIndex(0);
     {
         const Batch fill(form.combo);
@@ -103,66 +57,58 @@ TEST_F(Bindings, AComboShowsItsNewLinesAfterARefillOfTheSameLength) {
 }
 
 TEST_F(Bindings, LinesOfAListAreToggledByMouseAndKeyboard) {
-    for (const char* name : {"报纸", "网络", "展会"}) form.list.addItem(name);
-    auto& list = show<QListWidget>({&form.list});
+    for (const char* name : {"报纸", "网络", "展会"}) form.several.addItem(name);
+    const Person person(shown({&form.several}));
+    auto& list = person.at<QListWidget>(form.several);
     const auto clickLine = [&](int line) {
         QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(line)).center());
     };
     clickLine(0);
     clickLine(2);
-    EXPECT_EQ(form.list.selectedTexts(), (std::vector<std::string>{"报纸", "展会"}));
+    EXPECT_EQ(form.several.selectedTexts(), (std::vector<std::string>{"报纸", "展会"}));
     list.setFocus();
     QTest::keyClick(&list, Qt::Key_Space);
-    EXPECT_EQ(form.list.selectedTexts(), std::vector<std::string>{"报纸"});
-    form.list.clearSelection();
+    EXPECT_EQ(form.several.selectedTexts(), std::vector<std::string>{"报纸"});
+    form.several.clearSelection();
     EXPECT_TRUE(list.selectedItems().empty());
 }
 
-TEST_F(Bindings, ATreeIsClickedByArrowKeysAndTickedByItsBoxes) {
-    auto& view = show<QTreeView>({&form.tree});
-    std::vector<std::string> clicks;
-    form.tree.nodeClicked += [&](TreeNode& node) { clicks.push_back(node.text()); };
+TEST_F(Bindings, ATreeThatIsFilledShowsWhatIsOpenAndMarked) {
+    const Person person(shown({&form.tree}));
+    auto& view = person.at<QTreeView>(form.tree);
     {
         const Batch fill(form.tree);
         TreeNode& root = form.tree.add(nullptr, "L", "管理项目列表");
         form.tree.add(&root, "G01", "01 东塔");
         form.tree.setExpanded(root, true);
+        form.tree.select(form.tree.find("G01"));
     }
-    EXPECT_TRUE(view.isExpanded(view.model()->index(0, 0)));
-    view.setFocus();
-    QTest::keyClick(&view, Qt::Key_Down);
-    QTest::keyClick(&view, Qt::Key_Down);
-    ASSERT_FALSE(clicks.empty());
-    EXPECT_EQ(clicks.back(), "01 东塔");
-    QTest::keyClick(&view, Qt::Key_Space);
-    EXPECT_TRUE(form.tree.find("G01")->checked());
+    const QModelIndex root = view.model()->index(0, 0);
+    EXPECT_TRUE(view.isExpanded(root));
+    EXPECT_TRUE(view.selectionModel()->isSelected(view.model()->index(0, 0, root)));
+    view.collapse(root);
+    EXPECT_FALSE(form.tree.find("L")->expanded());
     form.tree.select(nullptr);
-    EXPECT_TRUE(view.selectionModel()->selectedIndexes().empty());
+    EXPECT_FALSE(view.selectionModel()->hasSelection());
+    form.tree.select(form.tree.find("G01"));
+    EXPECT_TRUE(view.selectionModel()->hasSelection());
     form.tree.clear();
     EXPECT_EQ(view.model()->rowCount(), 0);
 }
 
-TEST_F(Bindings, AGridHidesAndMergesAndIsClickedByArrowKeys) {
-    auto& view = show<QTableView>({&form.grid});
-    int clicks = 0;
-    form.grid.clicked += [&] { ++clicks; };
+TEST_F(Bindings, AGridShowsItsColumnsAndItsCurrentRow) {
+    const Person person(shown({&form.grid}));
+    auto& view = person.at<QTableView>(form.grid);
     form.grid.setColumnWidth(2, 0);
-    form.grid.setMerging(Merge::free);
-    form.grid.setMergesColumn(1, true);
-    for (const char* name : {"甲", "甲", "乙"}) form.grid.addRow({"", name, "7"});
+    form.grid.setSelection(GridSelection::row);
+    for (const char* name : {"甲", "乙", "丙"}) form.grid.addRow({"", name, "7"});
     EXPECT_EQ(view.model()->rowCount(), 3);
     EXPECT_TRUE(view.isColumnHidden(2));
-    EXPECT_EQ(view.rowSpan(0, 1), 2);
-    view.setFocus();
-    form.grid.setCurrent(1, 0);
-    EXPECT_EQ(clicks, 0);
-    QTest::keyClick(&view, Qt::Key_Down);
-    EXPECT_EQ(clicks, 1);
-    EXPECT_EQ(form.grid.row(), 2);
-    QTest::mouseClick(view.viewport(), Qt::LeftButton, {},
-                      view.visualRect(view.model()->index(2, 1)).center());
-    EXPECT_EQ(clicks, 2);
-    EXPECT_EQ(form.grid.row(), 3);
+    EXPECT_FALSE(view.isColumnHidden(1));
+    form.grid.setCurrent(3, 2);
+    EXPECT_TRUE(view.selectionModel()->isRowSelected(2));
+    form.grid.setCurrent(0, 0);
+    EXPECT_FALSE(view.selectionModel()->hasSelection()) << "of the fixed rows none is marked";
 }
 
 TEST_F(Bindings, ATimerTicksWhileItIsEnabled) {
@@ -195,15 +141,15 @@ TEST(Edge, AFailureThatNobodyTrapsIsShownAndEndsTheProcess) {
 }
 
 TEST_F(Bindings, ADayIsTypedAsOneReadsIt) {
-    show<QWidget>({&form.first, &form.day});
+    const Person person(shown({&form.first, &form.day}));
     form.day.setValue(DateTime(2026, 11, 25));
-    window->findChild<QWidget*>("first")->setFocus();
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    QTest::keyClicks(QApplication::focusWidget(), "2020-01-05");
+    form.first.focus();
+    person.press({Qt::Key_Tab});
+    person.type("2020-01-05");
     EXPECT_EQ(isoDay(form.day.value()), "2020-01-05");
     // Also where the whole text was selected first.
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(QApplication::focusWidget(), "2011-03-15");
+    person.press({Qt::Key_A}, Qt::ControlModifier);
+    person.type("2011-03-15");
     EXPECT_EQ(isoDay(form.day.value()), "2011-03-15");
 }
 

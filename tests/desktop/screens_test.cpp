@@ -1,0 +1,282 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QTabBar>
+#include <QTest>
+#include <QTimer>
+
+#include "analysis/excel_export.h"
+#include "analysis/status_analysis.h"
+#include "customers/assignment.h"
+#include "customers/follow_up.h"
+#include "customers/registration.h"
+#include "desktop/binding.h"
+#include "desktop/layouts/layouts.h"
+#include "desktop/main_window_view.h"
+#include "desktop/person.h"
+#include "desktop/qt_desktop.h"
+#include "desktop/screen_windows.h"
+#include "reference/agencies.h"
+#include "reference/customer_dictionaries.h"
+#include "reference/lead_settings.h"
+#include "reference/personnel.h"
+#include "session/about.h"
+#include "session/login.h"
+#include "session/main_window.h"
+#include "support/test_program.h"
+
+namespace desk::desktop {
+namespace {
+
+/// The screens as they are laid out, before a person.
+class ScreensByHand : public testing::Test {
+  protected:
+    ScreensByHand() {
+        program.openDatabase();
+        addOfficesAndDictionaries(program);
+        program.enter();
+    }
+
+    /// A loaded screen, before it is shown.
+    template <class S>
+    std::unique_ptr<S> loaded() {
+        auto screen = std::make_unique<S>(program.app);
+        screen->load();
+        return screen;
+    }
+
+    std::vector<std::unique_ptr<Screen>> everyScreen() {
+        std::vector<std::unique_ptr<Screen>> all;
+        all.push_back(loaded<FrmLogin>());
+        all.push_back(loaded<FrmAbout>());
+        all.push_back(loaded<Frm引驻客户信息登记>());
+        all.push_back(loaded<Frm客户跟进信息分配>());
+        all.push_back(loaded<Frm客户跟进记录>());
+        all.push_back(loaded<Frm客户跟进状态分析>());
+        all.push_back(loaded<FrmToExcel>());
+        all.push_back(loaded<Frm人员设置>());
+        all.push_back(loaded<Frm中介公司设置>());
+        all.push_back(loaded<Frm客户相关信息设置>());
+        all.push_back(loaded<Frm引驻设置>());
+        return all;
+    }
+
+    TestProgram program;
+};
+
+bool takesFocus(const QWidget& widget) {
+    return widget.focusPolicy() != Qt::NoFocus && widget.property(demandedProperty).isValid();
+}
+
+TEST_F(ScreensByHand, EveryFieldIsReadOutByItsCaption) {
+    for (const auto& screen : everyScreen()) {
+        const std::unique_ptr<QWidget> window(layoutOf(*screen));
+        for (const QWidget* widget : window->findChildren<QWidget*>()) {
+            if (!takesFocus(*widget) || qobject_cast<const QTabBar*>(widget) != nullptr) continue;
+            const auto* button = qobject_cast<const QAbstractButton*>(widget);
+            EXPECT_FALSE((button != nullptr ? button->text() : widget->accessibleName()).isEmpty())
+                << screen->name() << " " << utf8(widget->objectName());
+        }
+    }
+    const auto screen = loaded<Frm引驻客户信息登记>();
+    const Person person(layoutOf(*screen));
+    const auto spoken = [&](const Control& control) { return utf8(person.at(control).accessibleName()); };
+    EXPECT_EQ(spoken(*screen->来人.传真), "传真");
+    EXPECT_EQ(spoken(screen->来人.登记编号), "登记编号");
+    EXPECT_EQ(spoken(screen->来人.区域), "区域");
+    EXPECT_EQ(spoken(screen->来人.区域其它.文本), "区域 其它（需说明）");
+    EXPECT_EQ(spoken(screen->来人.媒体->列表), "媒体");
+}
+
+TEST_F(ScreensByHand, TabComesToTheMainButtonBeforeTheOthersOfItsRow) {
+    int rows = 0;
+    for (const auto& screen : everyScreen()) {
+        const std::unique_ptr<QWidget> window(layoutOf(*screen));
+        for (QWidget* main : window->findChildren<QWidget*>()) {
+            if (!main->property(mainButtonProperty).toBool()) continue;
+            ++rows;
+            // Of the buttons of its row it is the first that the chain of Tab comes to from a field.
+            const QWidget* before = main->previousInFocusChain();
+            while (before != main && !takesFocus(*before)) before = before->previousInFocusChain();
+            EXPECT_NE(before->parentWidget(), main->parentWidget())
+                << screen->name() << " " << utf8(main->objectName());
+        }
+    }
+    EXPECT_GE(rows, 17);
+}
+
+TEST_F(ScreensByHand, EnterBehindTheLastFieldSaves) {
+    const auto screen = loaded<Frm引驻客户信息登记>();
+    const Person person(layoutOf(*screen));
+    screen->来人.备注.focus();
+    person.press({Qt::Key_Tab});
+    EXPECT_EQ(Person::focused(), "来人.确定");
+    person.press({Qt::Key_Tab});
+    EXPECT_EQ(Person::focused(), "来人.新增");
+    person.press({Qt::Key_Tab});
+    EXPECT_EQ(Person::focused(), "来人.删除");
+}
+
+TEST_F(ScreensByHand, WhatASaveDemandsIsMarkedAtItsCaption) {
+    const auto screen = loaded<Frm引驻客户信息登记>();
+    const Person person(layoutOf(*screen));
+    const auto marked = [&](const Control& control) {
+        // The caption stands to the left of the field, or of the row that the field begins.
+        const QWidget* field = &person.at(control);
+        const QPoint left = field->mapTo(&person.window(), QPoint(0, 12));
+        for (QLabel* caption : person.window().findChildren<QLabel*>()) {
+            const QRect at(caption->mapTo(&person.window(), QPoint(0, 0)), caption->size());
+            if (!caption->isVisible() || caption->text().isEmpty() || at.right() > left.x() ||
+                at.right() < left.x() - 12 || at.top() > left.y() || at.bottom() < left.y())
+                continue;
+            const QImage picture = caption->grab().toImage();
+            for (int x = 0; x < picture.width(); ++x)
+                for (int y = 0; y < picture.height(); ++y) {
+                    const QColor pixel = picture.pixelColor(x, y);
+                    if (pixel.red() > pixel.green() + 80) return true;
+                }
+            return false;
+        }
+        ADD_FAILURE() << "no caption for " << control.name();
+        return false;
+    };
+    登记页& page = screen->来人;
+    EXPECT_TRUE(marked(page.客户姓名));
+    EXPECT_TRUE(marked(page.登记编号));
+    EXPECT_TRUE(marked(page.区域));
+    EXPECT_TRUE(marked(page.媒体->列表));
+    EXPECT_FALSE(marked(page.公司名称));
+    EXPECT_FALSE(marked(page.客户电话));
+    page.客户姓名.setDemanded(false);
+    EXPECT_FALSE(marked(page.客户姓名));
+    screen->页签.setIndex(2);
+    EXPECT_TRUE(marked(screen->中介来人.中介->中介公司名称));
+    EXPECT_FALSE(marked(screen->中介来人.客户姓名));
+    EXPECT_TRUE(marked(screen->中介来人.登记编号));
+    screen->中介来人.采用自动编号.click();
+    EXPECT_FALSE(marked(screen->中介来人.登记编号));
+}
+
+TEST_F(ScreensByHand, TheAgencyPanelIsOpenedUsedAndClosedByItsButtons) {
+    const auto screen = loaded<Frm引驻客户信息登记>();
+    const Person person(layoutOf(*screen));
+    登记页& page = screen->中介来人;
+    中介公司选择& agency = *page.中介;
+    screen->页签.setIndex(2);
+    page.管理项目.setIndex(0);
+    EXPECT_FALSE(person.at(agency.列表).isVisible());
+    person.click(agency.选择中介公司);
+    EXPECT_TRUE(person.at(agency.列表).isVisible());
+    person.click(agency.面板关闭);
+    EXPECT_FALSE(person.at(agency.列表).isVisible());
+    EXPECT_EQ(agency.中介公司名称.text(), "");
+
+    // What is marked is taken; a right click marks nothing.
+    person.click(agency.选择中介公司);
+    QWidget& list = person.at(agency.列表);
+    Person::click(viewportOf(list), lineOf(list, {0}, 1));
+    Person::click(viewportOf(list), lineOf(list, {1}, 1), Qt::RightButton);
+    person.click(agency.面板确定);
+    EXPECT_EQ(agency.中介公司名称.text(), agency.列表.text(1, 1));
+    EXPECT_FALSE(person.at(agency.列表).isVisible());
+    // As is the row that the arrow keys have gone to.
+    person.click(agency.选择中介公司);
+    agency.列表.focus();
+    person.press({Qt::Key_Down});
+    person.click(agency.面板确定);
+    EXPECT_EQ(agency.中介公司名称.text(), agency.列表.text(2, 1));
+}
+
+TEST_F(ScreensByHand, AColumnThatIsGivenUpStaysSoUnderArrowKeys) {
+    Frm客户跟进状态分析 analysis(program.app);
+    const auto screen = loaded<FrmToExcel>();
+    screen->Config(analysis.MSFlexGrid1, "表", "题");
+    const Person person(layoutOf(*screen));
+    QWidget& grid = person.at(screen->Grid1);
+    const auto ticks = [&] {
+        std::string all;
+        for (int column = 0; column < screen->Grid1.columns(); ++column)
+            all += screen->Grid1.text(1, column).empty() ? "-" : "√";
+        return all;
+    };
+    Person::doubleClick(viewportOf(grid), lineOf(grid, {0}, 1));
+    Person::doubleClick(viewportOf(grid), lineOf(grid, {0}, 2));
+    EXPECT_EQ(ticks(), "√--√√");
+    screen->Grid1.focus();
+    person.press({Qt::Key_Left, Qt::Key_Left});
+    EXPECT_EQ(ticks(), "√--√√");
+    person.press({Qt::Key_Right, Qt::Key_Space});
+    EXPECT_EQ(ticks(), "√√-√√");
+}
+
+TEST_F(ScreensByHand, TheLoginIsSelectedByAClickAndHidesThePassword) {
+    const auto screen = loaded<FrmLogin>();
+    const Person person(layoutOf(*screen));
+    screen->TxtUser.setText("1002");
+    screen->txtPassword.setText("secret");
+    auto& user = person.at<QLineEdit>(screen->TxtUser);
+    auto& password = person.at<QLineEdit>(screen->txtPassword);
+    screen->cmdCancel.focus();
+    person.click(screen->TxtUser);
+    EXPECT_EQ(user.selectedText(), "1002");
+    person.press({Qt::Key_Return});
+    EXPECT_EQ(Person::focused(), "txtPassword");
+    EXPECT_TRUE(password.hasSelectedText());
+    EXPECT_EQ(password.displayText(), "******");
+    person.press({Qt::Key_Return});
+    EXPECT_EQ(Person::focused(), "cmdOK");
+}
+
+TEST_F(ScreensByHand, TheMenuShowsWhatItsEntriesSay) {
+    auto& main = static_cast<MDIForm1&>(program.app.screens.get(MDIForm1::screenName));
+    main.entry("客户跟进分配")->setVisible(false);
+    main.entry("意向金收取")->setEnabled(false);
+    const MainWindowView view(main);
+    const auto action = [&](const char* caption) {
+        for (const QAction* each : view.findChildren<QAction*>())
+            if (each->text() == caption) return each;
+        throw std::logic_error(caption);
+    };
+    EXPECT_FALSE(action("客户跟进分配")->isVisible());
+    EXPECT_FALSE(action("意向金收取")->isEnabled());
+    EXPECT_TRUE(action("客户信息登记")->isVisible());
+    main.entry("客户跟进分配")->setVisible(true);
+    main.entry("统计报表")->setVisible(false);
+    main.entry("客户跟进管理")->setEnabled(false);
+    EXPECT_TRUE(action("客户跟进分配")->isVisible());
+    EXPECT_FALSE(action("统计报表")->isVisible());
+    EXPECT_FALSE(action("客户跟进管理")->isEnabled());
+}
+
+TEST(Questions, AskedForADeletionEnterSaysNo) {
+    QtDesktop desktop;
+    const auto enterAt = [&](Answer preferred) {
+        QTimer::singleShot(0, qApp, [] {
+            EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() != nullptr; }));
+            QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);
+        });
+        return desktop.messageBox({"确定要删除该信息吗？", "提醒", Icon::question, Buttons::yesNo, preferred});
+    };
+    EXPECT_EQ(enterAt(Answer::no), Answer::no);
+    EXPECT_EQ(enterAt(Answer::yes), Answer::yes);
+}
+
+TEST_F(ScreensByHand, AllDeletionsPreferNoAndNothingIsDeletedByIt) {
+    const auto screen = loaded<Frm客户相关信息设置>();
+    const Person person(layoutOf(*screen));
+    QWidget& list = person.at(screen->区域.列表);
+    Person::click(viewportOf(list), lineOf(list, {0}));
+    const std::size_t before = program.rows("Select * From YZ_区域设置").size();
+    program.desktop.answers = {Answer::no};
+    person.click(screen->区域.删除);
+    EXPECT_EQ(program.desktop.messages.back().preferred, Answer::no);
+    EXPECT_EQ(program.rows("Select * From YZ_区域设置").size(), before);
+}
+
+}  // namespace
+}  // namespace desk::desktop
