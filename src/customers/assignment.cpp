@@ -44,7 +44,8 @@ Frm客户跟进信息分配::Frm客户跟进信息分配(Application& app)
       日历(*this, app.desktop, "日历"),
       app_(app) {
     是否分配.setLocked(true);
-    for (Control* field : std::initializer_list<Control*>{&选择组, &选择人员, &分配日期}) field->setDemanded(true);
+    for (Control* field : std::initializer_list<Control*>{&选择组, &选择人员, &分配日期})
+        field->setDemanded(true);
     管理项目.selected += [this] { chooseOffice(); };
     选择组.selected += [this] { chooseTeam(); };
     客户.nodeClicked += [this](TreeNode& node) { selectCustomer(node); };

@@ -18,10 +18,10 @@ constexpr std::string_view 输入编号提示 = "<请输入登记编号>";
 /// What a save asks for, and what it reads as a number.
 void markFields(登记页& page) {
     const bool byPhone = !page.rules().有客户详情;
-    for (Control* field : std::initializer_list<Control*>{
-             &page.登记编号, &page.区域, &page.从事行业, &page.询问重点.列表,
-             page.中介 ? static_cast<Control*>(&page.中介->中介公司名称)
-                       : (byPhone ? &page.客户电话 : &page.客户姓名)})
+    for (Control* field :
+         std::initializer_list<Control*>{&page.登记编号, &page.区域, &page.从事行业, &page.询问重点.列表,
+                                         page.中介 ? static_cast<Control*>(&page.中介->中介公司名称)
+                                                   : (byPhone ? &page.客户电话 : &page.客户姓名)})
         field->setDemanded(true);
     if (page.媒体) page.媒体->列表.setDemanded(true);
     if (page.企业性质) page.企业性质->setDemanded(true);

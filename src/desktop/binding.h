@@ -30,7 +30,8 @@ inline constexpr const char* demandedProperty = "demanded";
 /// A button's property that says whether it is the main one.
 inline constexpr const char* mainButtonProperty = "main";
 
-/// Leaves the wheel to what lies around `widget` while that has not the focus, and gives it none by the wheel.
+/// Leaves the wheel to what lies around `widget` while that has not the focus, and gives it none by the
+/// wheel.
 void keepWheelForFocus(QWidget* widget);
 
 /// What every binding shares: name, enabled, visible, demanded, the focus both ways.

@@ -153,9 +153,9 @@ QWidget* listWidget(ListBox& list) {
             enter([&] { list.click(shown->row(item)); });
         });
         // Not the activation, which on some desktops is a single click.
-        QObject::connect(shown, &QListWidget::itemDoubleClicked, shown, [&list, shown](QListWidgetItem* item) {
-            enter([&] { list.doubleClick(shown->row(item)); });
-        });
+        QObject::connect(
+            shown, &QListWidget::itemDoubleClicked, shown,
+            [&list, shown](QListWidgetItem* item) { enter([&] { list.doubleClick(shown->row(item)); }); });
     }
     return shown;
 }

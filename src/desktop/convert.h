@@ -33,7 +33,8 @@ inline std::string utf8(const QString& text) {
 inline QString onOneLine(std::string_view utf8) {
     QString line = text(utf8);
     line.replace("\r\n", " ");
-    for (const char16_t breaks : {u'\n', u'\r', u'\t', u'\u2028', u'\u2029'}) line.replace(QChar(breaks), ' ');
+    for (const char16_t breaks : {u'\n', u'\r', u'\t', u'\u2028', u'\u2029'})
+        line.replace(QChar(breaks), ' ');
     return line;
 }
 

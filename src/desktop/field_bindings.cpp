@@ -16,8 +16,8 @@ namespace desk::desktop {
 
 namespace {
 
-/// Enter presses it, also outside of a dialog, once however long it is held; the second press of a double click
-/// is none.
+/// Enter presses it, also outside of a dialog, once however long it is held; the second press of a double
+/// click is none.
 class PushButton : public QPushButton {
   public:
     explicit PushButton(const Button& button) : button_(button) {}

@@ -109,8 +109,8 @@ class CellPainter : public QStyledItemDelegate {
     }
 };
 
-/// Shows as marked what is current in the grid. The left button clicks, keys click or move as the grid says, and
-/// the focus does neither.
+/// Shows as marked what is current in the grid. The left button clicks, keys click or move as the grid says,
+/// and the focus does neither.
 class GridWidget : public QTableView {
   public:
     explicit GridWidget(Grid& grid) : grid_(grid) {

@@ -50,7 +50,8 @@ class Caption : public QLabel {
   public:
     Caption(std::string_view title, QWidget* content) : QLabel(text(title)), parts_(boundIn(content)) {
         // Most captions have four signs: blocks of fields below each other line up.
-        setMinimumWidth(fontMetrics().horizontalAdvance("管理项目") + starWidth());
+        const auto wide = [this](const QString& words) { return fontMetrics().horizontalAdvance(words); };
+        setMinimumWidth(std::max(wide("管理项目"), wide(QLabel::text())) + starWidth());
         setContentsMargins(starWidth(), 0, 0, 0);
         setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         for (QWidget* part : parts_) part->installEventFilter(this);
@@ -83,10 +84,12 @@ class Caption : public QLabel {
     void nameParts(const QString& title) {
         QString name = title;
         for (QWidget* part : parts_) {
-            if (const auto* button = qobject_cast<QAbstractButton*>(part))
+            if (const auto* button = qobject_cast<QAbstractButton*>(part)) {
                 name = title + " " + button->text();
-            else if (part->accessibleName().isEmpty())
-                part->setAccessibleName(name);
+                continue;
+            }
+            if (part->accessibleName().isEmpty()) part->setAccessibleName(name);
+            if (buddy() == nullptr && part->focusPolicy() != Qt::NoFocus) setBuddy(part);
         }
     }
 

@@ -72,8 +72,8 @@ Qt::ItemFlags TreeModel::flags(const QModelIndex& index) const {
 
 namespace {
 
-/// Shows as marked what the tree has selected. The left button clicks, keys click or move as the tree says, and
-/// the focus does neither.
+/// Shows as marked what the tree has selected. The left button clicks, keys click or move as the tree says,
+/// and the focus does neither.
 class TreeWidget : public QTreeView {
   public:
     explicit TreeWidget(Tree& tree) : tree_(tree), model_(new TreeModel(tree, this)) {

@@ -42,7 +42,8 @@ class TextBox : public Control {
     /// Whether a save reads a number from the head of the text.
     bool numeric() const { return numeric_; }
     void setNumeric(bool numeric) { set(numeric_, numeric); }
-    /// What to tell a person whose text will be stored as a number that it does not read as; empty without need.
+    /// What to tell a person whose text will be stored as a number that it does not read as; empty without
+    /// need.
     std::string doubt() const;
 
     /// Asks that the whole text be selected, the focus apart.

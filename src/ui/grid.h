@@ -102,8 +102,8 @@ class Grid : public Control {
     void doubleClick(int row, int column);
     /// The second press of a double click, whose first was a click.
     void pressAgain();
-    /// The keys have gone to the cell: a click, or a new current cell alone, as always within a row that is marked
-    /// as a whole.
+    /// The keys have gone to the cell: a click, or a new current cell alone, as always within a row that is
+    /// marked as a whole.
     void moveTo(int row, int column);
 
     /// Between the two, observers are not told; afterwards once.

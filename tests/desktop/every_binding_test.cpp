@@ -21,17 +21,17 @@
 namespace desk::desktop {
 namespace {
 
-/// What every binding is asked: does the widget show what the control held before it was made, does it follow the
-/// screen, does it tell what a person does, does it keep still while disabled or hidden, and does it leave alone
-/// what is gone.
+/// What every binding is asked: does the widget show what the control held before it was made, does it follow
+/// the screen, does it tell what a person does, does it keep still while disabled or hidden, and does it
+/// leave alone what is gone.
 struct Case {
     std::string name;
     std::function<Control&(Form&)> control;
-    std::function<void(Form&)> prepare;         ///< before the widget is made
-    std::string atFirst;                        ///< what the widget shows then
-    std::function<void(Form&)> change;          ///< by the screen
-    std::string changed;                        ///< what the widget shows then
-    std::function<std::string(QWidget&)> shows; ///< what can be read in the widget
+    std::function<void(Form&)> prepare;          ///< before the widget is made
+    std::string atFirst;                         ///< what the widget shows then
+    std::function<void(Form&)> change;           ///< by the screen
+    std::string changed;                         ///< what the widget shows then
+    std::function<std::string(QWidget&)> shows;  ///< what can be read in the widget
     std::function<void(const Person&, const Control&)> act;
     std::string told;  ///< what the control holds, or has raised, after the act; empty where nobody can act
     std::function<std::string(Form&)> holds;
@@ -129,13 +129,21 @@ const std::vector<Case>& cases() {
          [](Form& f) { f.first.setText("乙"); }, "乙", read(&QLineEdit::text), typing("7"), "7乙",
          [](Form& f) { return f.first.text(); }},
         {"Paragraph", [](Form& f) -> Control& { return f.note; }, [](Form& f) { f.note.setText("一\r\n二"); },
-         "一\n二", [](Form& f) { f.note.setText("三"); }, "三", read(&QPlainTextEdit::toPlainText), typing("7"),
-         "7三", [](Form& f) { return f.note.text(); }},
+         "一\n二", [](Form& f) { f.note.setText("三"); }, "三", read(&QPlainTextEdit::toPlainText),
+         typing("7"), "7三", [](Form& f) { return f.note.text(); }},
         {"Password", [](Form& f) -> Control& { return f.password; },
          [](Form& f) { f.password.setText("ab"); }, "**", [](Form& f) { f.password.setText("abc"); }, "***",
          read(&QLineEdit::displayText), typing("7"), "7abc", [](Form& f) { return f.password.text(); }},
-        {"Label", [](Form& f) -> Control& { return f.label; }, [](Form& f) { f.label.setCaption("版本"); },
-         "版本", [](Form& f) { f.label.setCaption("V1.0"); }, "V1.0", read(&QLabel::text), press, "", {}},
+        {"Label",
+         [](Form& f) -> Control& { return f.label; },
+         [](Form& f) { f.label.setCaption("版本"); },
+         "版本",
+         [](Form& f) { f.label.setCaption("V1.0"); },
+         "V1.0",
+         read(&QLabel::text),
+         press,
+         "",
+         {}},
         {"Button", [](Form& f) -> Control& { return f.button; }, [](Form& f) { f.button.setCaption("新增"); },
          "新增", [](Form& f) { f.button.setCaption("取消"); }, "取消", read(&QAbstractButton::text), press,
          "clicked", [](Form& f) { return f.tag; }},
@@ -167,9 +175,16 @@ const std::vector<Case>& cases() {
                  person.press({Qt::Key_Right, Qt::Key_Return});
          },
          "2011-03-06 clicked", [](Form& f) { return isoDay(f.calendar.value()) + " " + f.tag; }},
-        {"Swatch", [](Form& f) -> Control& { return f.swatch; },
-         [](Form& f) { f.swatch.setColour(rgb(255, 0, 0)); }, "#ff0000",
-         [](Form& f) { f.swatch.setColour(rgb(0, 0, 255)); }, "#0000ff", middleColour, press, "", {}},
+        {"Swatch",
+         [](Form& f) -> Control& { return f.swatch; },
+         [](Form& f) { f.swatch.setColour(rgb(255, 0, 0)); },
+         "#ff0000",
+         [](Form& f) { f.swatch.setColour(rgb(0, 0, 255)); },
+         "#0000ff",
+         middleColour,
+         press,
+         "",
+         {}},
         {"Combo", [](Form& f) -> Control& { return f.combo; },
          [](Form& f) {
              for (const char* line : {"01 东塔", "02 西塔"}) f.combo.addItem(line);
@@ -217,8 +232,16 @@ const std::vector<Case>& cases() {
              Person::click(bar, bar.tabRect(2).center());
          },
          "2", [](Form& f) { return std::to_string(f.tabs.index()); }},
-        {"StatusBar", [](Form& f) -> Control& { return f.status; }, [](Form& f) { f.status.setPanel(1, "标题"); },
-         "|标题", [](Form& f) { f.status.setPanel(0, "新增"); }, "新增|标题", panels, press, "", {}},
+        {"StatusBar",
+         [](Form& f) -> Control& { return f.status; },
+         [](Form& f) { f.status.setPanel(1, "标题"); },
+         "|标题",
+         [](Form& f) { f.status.setPanel(0, "新增"); },
+         "新增|标题",
+         panels,
+         press,
+         "",
+         {}},
         {"Tree", [](Form& f) -> Control& { return f.tree; }, [](Form& f) { fillTree(f.tree); },
          "项目([东塔] 西塔)", [](Form& f) { f.tree.remove(*f.tree.find("1")); }, "项目(西塔)", viewRows,
          clickingLine({0, 0}), "2 clicked", [](Form& f) { return selectedKey(f.tree) + " " + f.tag; }},
@@ -269,7 +292,7 @@ const std::vector<Case>& cases() {
 
 class EveryBinding : public testing::TestWithParam<Case> {
   protected:
-    EveryBinding() {
+    EveryBinding() : held(std::make_unique<Form>()), form(*held) {
         form.button.clicked += [this] { form.tag = "clicked"; };
         form.calendar.dayClicked += [this](const DateTime&) { form.tag = "clicked"; };
         form.tree.nodeClicked += [this](TreeNode&) { form.tag = "clicked"; };
@@ -278,7 +301,8 @@ class EveryBinding : public testing::TestWithParam<Case> {
         GetParam().prepare(form);
     }
 
-    Form form;
+    std::unique_ptr<Form> held;
+    Form& form;
 };
 
 TEST_P(EveryBinding, ShowsFollowsTellsAndKeepsStill) {

@@ -392,8 +392,8 @@ TEST_F(Hand, EqualNeighboursAreOneCell) {
         std::string all;
         for (int row = 0; row < 3; ++row)
             for (int column = 0; column < 3; ++column)
-                all += std::to_string(view.rowSpan(row, column)) + std::to_string(view.columnSpan(row, column)) +
-                       (column == 2 ? "/" : " ");
+                all += std::to_string(view.rowSpan(row, column)) +
+                       std::to_string(view.columnSpan(row, column)) + (column == 2 ? "/" : " ");
         return all;
     };
     EXPECT_EQ(spans(), "12 12 11/11 12 12/11 11 11/");

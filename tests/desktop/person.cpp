@@ -59,8 +59,8 @@ void Person::click(QWidget& widget, QPoint at, Qt::MouseButton button) {
 
 void Person::doubleClick(QWidget& widget, QPoint at) {
     QTest::mouseClick(&widget, Qt::LeftButton, {}, at);
-    QMouseEvent second(QEvent::MouseButtonDblClick, at, widget.mapToGlobal(at), Qt::LeftButton, Qt::LeftButton,
-                       Qt::NoModifier);
+    QMouseEvent second(QEvent::MouseButtonDblClick, at, widget.mapToGlobal(at), Qt::LeftButton,
+                       Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&widget, &second);
     QTest::mouseRelease(&widget, Qt::LeftButton, {}, at);
 }

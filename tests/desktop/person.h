@@ -9,8 +9,8 @@
 
 namespace desk::desktop {
 
-/// A person before a window, with mouse, wheel, keyboard and clipboard, as Qt delivers them. Controls are found by
-/// their names.
+/// A person before a window, with mouse, wheel, keyboard and clipboard, as Qt delivers them. Controls are
+/// found by their names.
 class Person {
   public:
     /// Takes over the window, shows it, and waits until it has the keyboard.

@@ -8,12 +8,14 @@ using namespace layout;
 
 QWidget* layoutOfStatusAnalysis(Frm客户跟进状态分析& screen) {
     auto* span = fields({{"统计时段", screen.DTPicker1}, {"至", screen.DTPicker2}});
-    auto* states = framed(screen.跟进状态, rows({plain(screen.Check6), plain(screen.TreeView2, "跟进状态")}, {0, 1}));
+    auto* states =
+        framed(screen.跟进状态, rows({plain(screen.Check6), plain(screen.TreeView2, "跟进状态")}, {0, 1}));
     auto* left = rows({fields({{"管理项目", screen.Combo1}}), group("统计条件", span), states,
                        buttons({&screen.Command1, &screen.Command13, &screen.Command4})},
                       {0, 0, 1, 0});
-    auto* picture = overLowerEdge(plain(screen.Picture1), framed(screen.结果面板, plain(screen.MSFlexGrid1, "统计结果")),
-                                  Frm客户跟进状态分析::表格高度);
+    auto* picture =
+        overLowerEdge(plain(screen.Picture1), framed(screen.结果面板, plain(screen.MSFlexGrid1, "统计结果")),
+                      Frm客户跟进状态分析::表格高度);
     auto* right = columns({picture, atMost(atLeast(plain(screen.图例, "图例"), 3900, 0), 3900)}, {1, 0});
     auto* whole = rows({columns({left, right}, {2, 7}), plain(screen.状态栏)}, {1, 0});
     whole->setContentsMargins(6, 6, 6, 4);
@@ -22,12 +24,13 @@ QWidget* layoutOfStatusAnalysis(Frm客户跟进状态分析& screen) {
 
 QWidget* layoutOfExport(FrmToExcel& screen) {
     auto* file = columns({plain(screen.文件), plain(screen.Command1)}, {1, 0});
-    auto* whole = rows({fields({{"Excel文件路径和名称", file},
-                                {"文档标题", screen.文档标题},
-                                {"工作表名称", screen.工作表名称}}),
-                        plain(screen.Check1), caption("输出的列：单击选取，双击取消"), plain(screen.Grid1, "输出的列"),
-                        buttons({&screen.Command2, &screen.Command3}), plain(screen.StatusBar1)},
-                       {0, 0, 0, 1, 0, 0});
+    auto* whole =
+        rows({fields({{"Excel文件路径和名称", file},
+                      {"文档标题", screen.文档标题},
+                      {"工作表名称", screen.工作表名称}}),
+              plain(screen.Check1), caption("输出的列：单击选取，双击取消"), plain(screen.Grid1, "输出的列"),
+              buttons({&screen.Command2, &screen.Command3}), plain(screen.StatusBar1)},
+             {0, 0, 0, 1, 0, 0});
     whole->setContentsMargins(8, 8, 8, 4);
     return whole;
 }

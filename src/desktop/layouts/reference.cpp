@@ -16,7 +16,8 @@ QWidget* entryPage(Frame& frame, QWidget* list, QWidget* entry, std::initializer
 }
 
 QWidget* dictionaryPage(DictionaryTab& tab) {
-    return entryPage(tab.框, plain(tab.列表, tab.kind.title), fields({{tab.kind.nameColumn, tab.名称}, {"说明", tab.说明}}),
+    return entryPage(tab.框, plain(tab.列表, tab.kind.title),
+                     fields({{tab.kind.nameColumn, tab.名称}, {"说明", tab.说明}}),
                      {&tab.确定, &tab.删除, &tab.退出});
 }
 
@@ -33,7 +34,9 @@ QWidget* codedFields(CodedTab& tab) {
 }
 
 QWidget* teamPage(CodedTab& teams, TeamOffices& offices) {
-    auto* list = columns({plain(teams.列表, teams.kind.title), group("对应管理项目", plain(offices.TreeView3, "对应管理项目"))}, {3, 2});
+    auto* list = columns({plain(teams.列表, teams.kind.title),
+                          group("对应管理项目", plain(offices.TreeView3, "对应管理项目"))},
+                         {3, 2});
     return entryPage(teams.框, list, codedFields(teams), {&teams.确定, &teams.删除, &teams.退出});
 }
 
@@ -46,9 +49,10 @@ QWidget* memberPage(MemberTab& tab) {
                                2)});
     auto* middle = rows({plain(tab.MSFlexGrid3, "组人员"), entry}, {1, 0});
     auto* page =
-        framed(tab.Frame3, rows({columns({plain(tab.TreeView1, "组"), middle, plain(tab.TreeView2, "员工")}, {2, 5, 3}),
-                                 buttons({&tab.确定, &tab.删除, &tab.退出})},
-                                {1, 0}));
+        framed(tab.Frame3,
+               rows({columns({plain(tab.TreeView1, "组"), middle, plain(tab.TreeView2, "员工")}, {2, 5, 3}),
+                     buttons({&tab.确定, &tab.删除, &tab.退出})},
+                    {1, 0}));
     page->setContentsMargins(2, 6, 2, 2);
     return page;
 }
@@ -88,7 +92,8 @@ QWidget* layoutOfAgencies(Frm中介公司设置& screen) {
     auto* right = rows({plain(screen.列表, "中介公司"), fields(std::move(entry), 2), fields({field(last)}),
                         buttons({&screen.确定, &screen.删除, &screen.退出})},
                        {1, 0, 0, 0});
-    auto* whole = rows({columns({plain(screen.管理项目, "管理项目"), right}, {2, 7}), plain(screen.状态栏)}, {1, 0});
+    auto* whole =
+        rows({columns({plain(screen.管理项目, "管理项目"), right}, {2, 7}), plain(screen.状态栏)}, {1, 0});
     whole->setContentsMargins(6, 6, 6, 4);
     return whole;
 }

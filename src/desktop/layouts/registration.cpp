@@ -70,8 +70,9 @@ void addAgencyPanel(QWidget* content, 中介公司选择& agency) {
     auto* edged = new QFrame;
     edged->setFrameStyle(QFrame::Panel | QFrame::Raised);
     auto* box = new QVBoxLayout(edged);
-    box->addWidget(framed(agency.面板,
-                          rows({plain(agency.列表, "中介公司"), buttons({&agency.面板确定, &agency.面板关闭})}, {1, 0})));
+    box->addWidget(framed(
+        agency.面板,
+        rows({plain(agency.列表, "中介公司"), buttons({&agency.面板确定, &agency.面板关闭})}, {1, 0})));
     edged->setMinimumSize(400, 300);
     floatOver(content, agency.面板, edged, FloatsAt::below);
 }
