@@ -5,13 +5,13 @@
 #include <string_view>
 
 #include "base/failure.h"
-#include "db/embedded/lexer.h"
+#include "db/tsql/lexer.h"
 #include "db/statement.h"
 
 namespace {
 
-using desk::embedded::Token;
-using desk::embedded::TokenKind;
+using desk::tsql::Token;
+using desk::tsql::TokenKind;
 
 void require(bool held) {
     if (!held) std::abort();
@@ -29,7 +29,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace desk;
     const std::string text(reinterpret_cast<const char*>(data), size);
 
-    const auto quoted = embedded::tokens(
+    const auto quoted = tsql::tokens(
         sql("a='{}',N'%{}%',{},{};", text, text, literals({text, "x"}), literalOrNull(text)));
     require(quoted.size() == 13);
     requireLiteral(quoted[2], text);
@@ -39,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!text.empty()) requireLiteral(quoted[10], text);
 
     try {
-        const auto number = embedded::tokens(sql("({})", numeral(text)));
+        const auto number = tsql::tokens(sql("({})", numeral(text)));
         const bool isSigned = number[1].kind == TokenKind::symbol;
         require(number.size() == (isSigned ? 5 : 4));
         require(number[isSigned ? 2 : 1].kind == TokenKind::number);

@@ -1,12 +1,7 @@
 #include "db/connection.h"
 
-#include <fmt/format.h>
-
 #include "base/failure.h"
-#include "db/connection_string.h"
-#include "db/embedded/embedded.h"
-#include "db/engine.h"
-#include "schema/catalogue.h"
+#include "db/engines.h"
 
 namespace desk {
 
@@ -18,13 +13,7 @@ Connection& Connection::operator=(Connection&&) noexcept = default;
 void Connection::open(std::string_view connectionString, std::chrono::seconds timeout) {
     engine_.reset();
     upgrade_.reset();
-    const auto target = parseConnectionString(connectionString);
-    if (target.dataSource.empty()) throw RuntimeFailure(failure::unspecified, "未指定数据库服务器。");
-    if (!schema::sameName(target.dataSource, embedded::dataSource))
-        throw RuntimeFailure(
-            failure::unspecified,
-            fmt::format("无法连接数据库服务器 '{}'：本程序未安装该服务器的驱动程序。", target.dataSource));
-    auto opened = embedded::open(target.initialCatalog, timeout);
+    auto opened = openEngine(parseConnectionString(connectionString), timeout);
     engine_ = std::move(opened.engine);
     upgrade_ = std::move(opened.upgrade);
     if (wrap_) engine_ = wrap_(std::move(engine_));

@@ -47,6 +47,15 @@ std::string takeValue(std::string_view& rest) {
     return value;
 }
 
+/// Where a value of that key belongs; null for a key that tells nothing here.
+std::string* partNamed(ConnectionTarget& target, std::string_view key) {
+    if (schema::sameName(key, "Data Source")) return &target.dataSource;
+    if (schema::sameName(key, "Initial Catalog")) return &target.initialCatalog;
+    if (schema::sameName(key, "User ID")) return &target.userId;
+    if (schema::sameName(key, "Password")) return &target.password;
+    return nullptr;
+}
+
 }  // namespace
 
 ConnectionTarget parseConnectionString(std::string_view text) {
@@ -61,10 +70,7 @@ ConnectionTarget parseConnectionString(std::string_view text) {
             malformed();
         text.remove_prefix(equals + 1);
         auto value = takeValue(text);
-        if (schema::sameName(key, "Data Source"))
-            target.dataSource = std::move(value);
-        else if (schema::sameName(key, "Initial Catalog"))
-            target.initialCatalog = std::move(value);
+        if (auto* meant = partNamed(target, key)) *meant = std::move(value);
     }
 }
 

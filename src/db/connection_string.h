@@ -9,6 +9,8 @@ namespace desk {
 struct ConnectionTarget {
     std::string dataSource;
     std::string initialCatalog;
+    std::string userId;
+    std::string password;
 };
 
 /// Reads "key=value;…". Keys are case-insensitive, and the last of several equal ones counts. A value is

@@ -20,6 +20,8 @@ TEST(ConnectionString, FollowsTheGrammarOfTheProvider) {
         "Source='(embedded)'");
     EXPECT_EQ(target.dataSource, "(embedded)");
     EXPECT_EQ(target.initialCatalog, "物业");
+    EXPECT_EQ(target.userId, "sa");
+    EXPECT_EQ(target.password, "p'w\"d");
 
     const auto quoted = parseConnectionString("DATA SOURCE = \"a;b\" ; initial catalog='it''s';;");
     EXPECT_EQ(quoted.dataSource, "a;b");

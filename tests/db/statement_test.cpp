@@ -6,14 +6,14 @@
 #include <limits>
 #include <random>
 
-#include "db/embedded/lexer.h"
+#include "db/tsql/lexer.h"
 #include "filled_database.h"
 
 namespace desk {
 namespace {
 
-using embedded::TokenKind;
-using embedded::tokens;
+using tsql::TokenKind;
+using tsql::tokens;
 
 const std::vector<std::string> hostile = {
     "'",       "''",          "'''",

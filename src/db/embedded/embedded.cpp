@@ -10,8 +10,9 @@
 #include "db/embedded/file_copy.h"
 #include "db/embedded/file_path.h"
 #include "db/embedded/file_version.h"
-#include "db/embedded/forward_cursor.h"
-#include "db/embedded/updatable_cursor.h"
+#include "db/embedded/table_cursor.h"
+#include "db/embedded/translation.h"
+#include "db/forward_cursor.h"
 #include "schema/definition.h"
 
 namespace desk::embedded {
@@ -26,8 +27,9 @@ class EmbeddedEngine : public Engine {
         auto translation = translate(statement, mode);
         if (!translation.givesRows)
             throw RuntimeFailure(failure::closedRecordset, "对象关闭时，不允许操作：该语句不返回行。");
-        if (mode == Rows::updatable) return std::make_unique<UpdatableCursor>(store_, std::move(translation));
-        return std::make_unique<ForwardCursor>(store_, std::move(translation));
+        if (mode == Rows::updatable) return std::make_unique<TableCursor>(store_, translation);
+        return std::make_unique<ForwardCursor<SqliteStatement>>(
+            store_, store_->sqlite().prepare(translation.sql), std::move(translation.columns));
     }
 
     long execute(std::string_view statement) override {
@@ -146,7 +148,7 @@ auto onFile(const std::string& path, std::chrono::seconds timeout, Action action
     }
 }
 
-Opened opened(std::shared_ptr<Store> store, std::optional<Upgrade> upgrade) {
+OpenedEngine opened(std::shared_ptr<Store> store, std::optional<Upgrade> upgrade) {
     tune(store->sqlite());
     store->statistics().refresh();
     return {std::make_unique<EmbeddedEngine>(std::move(store)), std::move(upgrade)};
@@ -161,7 +163,7 @@ std::shared_ptr<Store> openedMemory() {
 
 }  // namespace
 
-Opened open(const std::string& path, std::chrono::seconds timeout) {
+OpenedEngine open(const std::string& path, std::chrono::seconds timeout) {
     if (path == inMemory) return opened(openedMemory(), {});
     return onFile(path, timeout, [&](std::shared_ptr<Store> store) {
         gapsOf(store->sqlite());  // a file that is none of this system's is not even tried to be written

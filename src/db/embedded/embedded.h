@@ -6,8 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "db/engine.h"
-#include "db/upgrade.h"
+#include "db/engines.h"
 
 /// The engine for a database in a file on this machine. It takes the same T-SQL as a server.
 namespace desk::embedded {
@@ -18,16 +17,11 @@ inline constexpr std::string_view dataSource = "(embedded)";
 /// The name of a database that lives in memory, as long as its connection.
 inline constexpr std::string_view inMemory = ":memory:";
 
-struct Opened {
-    std::unique_ptr<Engine> engine;
-    std::optional<Upgrade> upgrade;  ///< what had to be done to the file first
-};
-
 /// Opens the database in the file `path`, or a new empty one in memory. `timeout` bounds the wait for another
 /// seat that holds the file. A file that an older program has made is brought up first. Fails with
 /// -2147467259 when there is no such file, when it cannot be read or written, is damaged, comes from a newer
 /// program, or is no database of this system; the file is then left as it is.
-Opened open(const std::string& path, std::chrono::seconds timeout);
+OpenedEngine open(const std::string& path, std::chrono::seconds timeout);
 
 /// Brings the file `path` up as opening does, and makes anew, empty, what it lacks though it is of the
 /// present version. Nothing if there is nothing to do. Fails as open() does.

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
-#include "db/embedded/expression_resolver.h"
+#include "db/tsql/expression_resolver.h"
 
 namespace desk::embedded {
+
+using namespace tsql;
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "db/embedded/ast.h"
+#include "db/tsql/ast.h"
 
 namespace desk::embedded {
 
@@ -15,6 +15,6 @@ namespace desk::embedded {
 ///
 /// in a resolved query and in those inside it, where both give the same rows: the grouped table is joined by
 /// equality of all its keys, its aggregates are only compared with, and nothing else of it is read.
-void lookUpGroups(Query& query);
+void lookUpGroups(tsql::Query& query);
 
 }  // namespace desk::embedded

@@ -5,9 +5,12 @@
 #include <algorithm>
 #include <span>
 
+#include "db/tsql/sql_failure.h"
 #include "schema/definition.h"
 
 namespace desk::embedded {
+
+using namespace tsql;
 
 namespace {
 
@@ -64,6 +67,21 @@ bool goesOn(const Expression& left, const Expression& sum) {
            (operatorOf(left) == "||") == (operatorOf(sum) == "||");
 }
 
+/// Whether a text carries the collation by itself: a column does, what is made of it does not.
+bool hasCollation(const Expression& value) {
+    return value.form == Form::column && value.type == Type::text && value.conversion == Conversion::none;
+}
+
+/// SQLite would take everything before the comma into the join.
+void refuseOuterJoinBehindComma(const std::vector<Source>& sources) {
+    bool afterComma = false;
+    for (const auto& source : sources) {
+        afterComma = afterComma || source.join == Join::comma;
+        if (afterComma && (source.join == Join::right || source.join == Join::full))
+            wrongStatement("逗号之后不支持 RIGHT JOIN 和 FULL JOIN。");
+    }
+}
+
 /// The column of the file that is read: SQLite sees no key behind a column that is generated as a copy of it.
 std::string_view readColumn(const Expression& column) {
     const bool isCopy = column.table != nullptr && !column.column->copyOf.empty();
@@ -115,6 +133,7 @@ class Renderer {
             if (outermost == Outermost::no && !output.name.empty()) sql += " AS " + quotedName(output.name);
         }
         if (!query.sources.empty()) sql += " FROM ";
+        refuseOuterJoinBehindComma(query.sources);
         for (const auto& source : query.sources) appendSource(sql, source);
         sql += where(query.where);
         for (std::size_t i = 0; i < query.groupBy.size(); ++i)
@@ -151,7 +170,7 @@ class Renderer {
     /// A value that compares by the collation if it is a text.
     std::string collated(const Expression& value) const {
         auto sql = any(value);
-        if (value.type == Type::text && !value.collated)
+        if (value.type == Type::text && !hasCollation(value))
             sql += fmt::format(" COLLATE {}", schema::collationName);
         return sql;
     }
@@ -255,7 +274,8 @@ class Renderer {
     std::string comparison(const Expression& test) const {
         const auto& left = test.parts[0];
         const auto& right = test.parts[1];
-        return fmt::format("({}{}{})", right.collated ? any(left) : collated(left), test.text, any(right));
+        return fmt::format("({}{}{})", hasCollation(right) ? any(left) : collated(left), test.text,
+                           any(right));
     }
 
     std::string choice(const Expression& choice) const {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "db/embedded/ast.h"
+#include "db/tsql/ast.h"
 
 namespace desk::embedded {
 
@@ -17,7 +17,7 @@ enum class RowNumbers {
 };
 
 /// A resolved statement in SQLite's words.
-std::string render(const Statement& statement, RowNumbers rowNumbers = RowNumbers::without);
+std::string render(const tsql::Statement& statement, RowNumbers rowNumbers = RowNumbers::without);
 
 /// A name as SQLite takes it, whatever is in it.
 std::string quotedName(std::string_view name);

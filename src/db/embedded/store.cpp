@@ -4,10 +4,6 @@
 
 namespace desk::embedded {
 
-void Store::stopReading() {
-    while (!streaming_.empty()) streaming_.extract(streaming_.begin()).value()->keepRest();
-}
-
 Writing::Writing(Store& store) : store_(store), own_(!store.sqlite().inTransaction()) {
     store.stopReading();
     if (own_) store.sqlite().run("BEGIN IMMEDIATE");

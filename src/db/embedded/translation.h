@@ -5,15 +5,9 @@
 #include <vector>
 
 #include "db/cursor.h"
-#include "db/embedded/ast.h"
+#include "db/result_column.h"
 
 namespace desk::embedded {
-
-struct ResultColumn {
-    std::string name;
-    Type type;
-    const schema::Column* column;  ///< null for a value that is no column of the catalogue's
-};
 
 /// A statement in SQLite's words, and what its rows hold.
 struct Translation {

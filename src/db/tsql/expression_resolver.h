@@ -2,10 +2,10 @@
 
 #include <functional>
 
-#include "db/embedded/ast.h"
-#include "db/embedded/scope.h"
+#include "db/tsql/ast.h"
+#include "db/tsql/scope.h"
 
-namespace desk::embedded {
+namespace desk::tsql {
 
 /// Where an expression stands decides whether Max, Count and the like may stand in it.
 enum class Aggregates { refused, allowed };
@@ -40,4 +40,4 @@ bool sameExpression(const Expression& a, const Expression& b);
 /// Whether Max, Count or the like stands in a resolved expression.
 bool hasAggregate(const Expression& expression);
 
-}  // namespace desk::embedded
+}  // namespace desk::tsql

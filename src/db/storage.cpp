@@ -1,12 +1,15 @@
-#include "db/embedded/storage.h"
+#include "db/storage.h"
 
 #include <cmath>
 #include <limits>
 
 #include "base/number.h"
-#include "db/embedded/sql_failure.h"
+#include "db/tsql/sql_failure.h"
 
-namespace desk::embedded {
+namespace desk {
+
+using tsql::noDate;
+using tsql::noNumber;
 
 namespace {
 
@@ -69,7 +72,7 @@ Value stored(schema::Kind kind, const Value& value) {
     return {};
 }
 
-DateTime momentInFile(std::string_view text) {
+DateTime heldMoment(std::string_view text) {
     const auto moment = parseDate(text);
     if (!moment) noDate(text);
     return *moment;
@@ -81,4 +84,4 @@ std::string_view dateText(std::string_view text) {
     return text;
 }
 
-}  // namespace desk::embedded
+}  // namespace desk

@@ -1,12 +1,12 @@
-#include "db/embedded/expression_parser.h"
+#include "db/tsql/expression_parser.h"
 
 #include <algorithm>
 #include <array>
 #include <utility>
 
-#include "db/embedded/sql_failure.h"
+#include "db/tsql/sql_failure.h"
 
-namespace desk::embedded {
+namespace desk::tsql {
 
 namespace {
 
@@ -208,4 +208,4 @@ Expression ExpressionParser::day() {
     return day;
 }
 
-}  // namespace desk::embedded
+}  // namespace desk::tsql

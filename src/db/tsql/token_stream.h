@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "db/embedded/lexer.h"
+#include "db/tsql/lexer.h"
 
-namespace desk::embedded {
+namespace desk::tsql {
 
 /// The tokens of a statement, taken one after the other. Keywords are given in capitals.
 class TokenStream {
@@ -43,4 +43,4 @@ class TokenStream {
     std::size_t at_ = 0;
 };
 
-}  // namespace desk::embedded
+}  // namespace desk::tsql

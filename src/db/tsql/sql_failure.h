@@ -7,7 +7,7 @@
 
 #include "base/failure.h"
 
-namespace desk::embedded {
+namespace desk::tsql {
 
 [[noreturn]] inline void wrongStatement(const std::string& description) {
     throw RuntimeFailure(failure::wrongStatement, description);
@@ -25,4 +25,4 @@ namespace desk::embedded {
     throw RuntimeFailure(failure::badConversion, fmt::format("将文本 '{}' 转换为日期时失败。", text));
 }
 
-}  // namespace desk::embedded
+}  // namespace desk::tsql

@@ -3,10 +3,10 @@
 #include <functional>
 #include <memory>
 
-#include "db/embedded/ast.h"
-#include "db/embedded/token_stream.h"
+#include "db/tsql/ast.h"
+#include "db/tsql/token_stream.h"
 
-namespace desk::embedded {
+namespace desk::tsql {
 
 /// Reads expressions. A query in braces is read by `query`, which the statement parser gives.
 class ExpressionParser {
@@ -43,4 +43,4 @@ class ExpressionParser {
     int deepest_ = 0;  ///< the depth of the deepest tree of the query that is read
 };
 
-}  // namespace desk::embedded
+}  // namespace desk::tsql

@@ -7,14 +7,12 @@
 #include <variant>
 #include <vector>
 
+#include "db/tsql/type.h"
 #include "schema/catalogue.h"
 
 /// Statements as the parser reads them. What stands under "resolved" is empty until the resolver has filled
 /// it.
-namespace desk::embedded {
-
-/// What an expression gives. Flags are integers.
-enum class Type { null, condition, text, integer, number, date, moment };
+namespace desk::tsql {
 
 /// A conversion that a value needs where it stands.
 enum class Conversion {
@@ -49,7 +47,7 @@ enum class Form {
     length,     ///< Len(x)
     day112,     ///< Convert(Char(8), x, 112)
     aggregate,  ///< `text` is the function; no part is Count(*)
-    single,     ///< the value that `query` gives, NULL without a row; no text has it, see grouped_join.h
+    single,  ///< the value that `query` gives, NULL without a row; no text has it, engines may put it there
 };
 
 struct Query;
@@ -68,7 +66,6 @@ struct Expression {
     Conversion conversion = Conversion::none;
     const schema::Table* table = nullptr;    ///< of a column that is read from one of the catalogue's
     const schema::Column* column = nullptr;  ///< of the catalogue, from which the value comes as it stands
-    bool collated = false;                   ///< a text that carries the collation by itself
 };
 
 struct Output {
@@ -85,7 +82,6 @@ struct SourceColumn {
     Type type = Type::null;
     const schema::Table* table = nullptr;
     const schema::Column* column = nullptr;
-    bool collated = false;
 };
 
 enum class Join { first, comma, inner, left, right, full, cross };
@@ -146,4 +142,4 @@ struct Insert {
 
 using Statement = std::variant<Query, Update, Delete, Insert>;
 
-}  // namespace desk::embedded
+}  // namespace desk::tsql

@@ -1,10 +1,12 @@
-#include "db/embedded/row_cursor.h"
+#include "db/row_cursor.h"
 
 #include "base/failure.h"
 #include "base/number.h"
-#include "db/embedded/storage.h"
+#include "db/storage.h"
 
-namespace desk::embedded {
+namespace desk {
+
+using tsql::Type;
 
 RowCursor::RowCursor(std::vector<ResultColumn> columns) : columns_(std::move(columns)) {
     columnNames_.reserve(columns_.size());
@@ -18,22 +20,6 @@ void RowCursor::requireRow() const {
             "BOF 或 EOF 中有一个是“真”，或者当前的记录已被删除，所需的操作要求一个当前的记录。");
 }
 
-HeldRow RowCursor::heldRow(const SqliteStatement& statement, int first) const {
-    HeldRow row(columns_.size());
-    for (std::size_t i = 0; i < row.size(); ++i) {
-        const int position = static_cast<int>(i) + first;
-        if (statement.isNull(position)) continue;
-        const Type type = columns_[i].type;
-        if (type == Type::integer)
-            row[i] = statement.integer(position);
-        else if (type == Type::number)
-            row[i] = statement.number(position);
-        else
-            row[i] = statement.text(position);
-    }
-    return row;
-}
-
 Value RowCursor::value(int position) const {
     requireRow();
     if (heldNull(position)) return {};
@@ -45,7 +31,7 @@ Value RowCursor::value(int position) const {
             return heldNumber(position);
         case Type::date:
         case Type::moment:
-            return momentInFile(heldText(position));
+            return heldMoment(heldText(position));
         case Type::text:
             return heldText(position);
         case Type::null:
@@ -95,4 +81,4 @@ std::string_view textIn(const HeldRow& row, int column) {
     return text != nullptr ? std::string_view(*text) : std::string_view();
 }
 
-}  // namespace desk::embedded
+}  // namespace desk

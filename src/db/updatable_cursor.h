@@ -1,14 +1,16 @@
 #pragma once
 
-#include "db/embedded/row_cursor.h"
-#include "db/embedded/store.h"
+#include "db/row_cursor.h"
 
-namespace desk::embedded {
+namespace desk {
 
-/// All rows of a statement in memory, with their numbers in the file, by which they are written.
+/// All rows of a statement in memory, and what is done to them until it is written. How it is written is the
+/// engine's matter.
 class UpdatableCursor : public RowCursor {
   public:
-    UpdatableCursor(std::shared_ptr<Store> store, Translation translation);
+    /// `table` is the one whose rows these are; null when they cannot be changed.
+    UpdatableCursor(std::vector<ResultColumn> columns, const schema::Table* table)
+        : RowCursor(std::move(columns)), table_(table) {}
 
     bool atEnd() const override { return !adding_ && !onAdded_ && at_ >= rows_.size(); }
     void moveNext() override;
@@ -18,6 +20,22 @@ class UpdatableCursor : public RowCursor {
     void update() override;
 
   protected:
+    /// A row, and what the engine knows it by.
+    struct Row {
+        std::int64_t number = 0;  ///< for an engine that numbers its rows
+        HeldRow fields;
+    };
+
+    const schema::Table* table() const { return table_; }
+    /// Adds a row that was read.
+    void hold(Row row) { rows_.push_back(std::move(row)); }
+
+    /// Writes the fields of a new row that stand at the positions `changed`, and fills in what the database
+    /// gives. Fails as Connection::execute does.
+    virtual void insertRow(Row& row, const std::vector<int>& changed) = 0;
+    /// Writes such fields of a row that was `before`. Fails with -2147217864 when the row has gone.
+    virtual void updateRow(const Row& row, const HeldRow& before, const std::vector<int>& changed) = 0;
+
     bool heldNull(int column) const override {
         return current().fields[static_cast<std::size_t>(column)].isNull();
     }
@@ -26,30 +44,10 @@ class UpdatableCursor : public RowCursor {
     std::string_view heldText(int column) const override { return textIn(current().fields, column); }
 
   private:
-    struct Row {
-        std::int64_t number = 0;
-        HeldRow fields;
-    };
-
-    /// A statement that writes these columns, made once for all rows that are written alike.
-    struct Writer {
-        SqliteStatement statement;
-        std::vector<int> columns;
-    };
-
     const Row& current() const { return adding_ || onAdded_ ? added_ : rows_[at_]; }
     Row& current() { return adding_ || onAdded_ ? added_ : rows_[at_]; }
-
-    void read(const std::string& sql);
     void requireTable() const;
-    void insertRow();
-    void updateRow();
-    std::string insertSql() const;
-    std::string updateSql() const;
-    /// Binds the changed fields, from 1 on.
-    void bindChanged(SqliteStatement& statement) const;
 
-    std::shared_ptr<Store> store_;
     const schema::Table* table_;
     std::vector<Row> rows_;
     std::size_t at_ = 0;
@@ -57,8 +55,7 @@ class UpdatableCursor : public RowCursor {
     bool adding_ = false;       ///< addNew() was called, update() not yet
     bool onAdded_ = false;      ///< the row last added is the current one
     std::vector<int> changed_;  ///< the columns assigned since, in their order
-    Writer inserter_;
-    Writer updater_;
+    HeldRow before_;            ///< the current row as it was before the first of them
 };
 
-}  // namespace desk::embedded
+}  // namespace desk

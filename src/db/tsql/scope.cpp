@@ -1,8 +1,8 @@
-#include "db/embedded/scope.h"
+#include "db/tsql/scope.h"
 
-#include "db/embedded/sql_failure.h"
+#include "db/tsql/sql_failure.h"
 
-namespace desk::embedded {
+namespace desk::tsql {
 
 namespace {
 
@@ -12,7 +12,6 @@ void bind(Expression& expression, const Source& source, const SourceColumn& colu
     expression.type = column.type;
     expression.table = column.table;
     expression.column = column.column;
-    expression.collated = column.collated;
 }
 
 }  // namespace
@@ -55,4 +54,4 @@ const Source& Scope::named(std::string_view name) const {
     wrongStatement(fmt::format("列前缀 '{}' 与查询中所用的表名或别名不匹配。", name));
 }
 
-}  // namespace desk::embedded
+}  // namespace desk::tsql

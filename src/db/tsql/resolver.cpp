@@ -1,12 +1,12 @@
-#include "db/embedded/resolver.h"
+#include "db/tsql/resolver.h"
 
 #include <algorithm>
 
-#include "db/embedded/expression_resolver.h"
-#include "db/embedded/sql_failure.h"
-#include "db/embedded/typing.h"
+#include "db/tsql/expression_resolver.h"
+#include "db/tsql/sql_failure.h"
+#include "db/tsql/typing.h"
 
-namespace desk::embedded {
+namespace desk::tsql {
 
 namespace {
 
@@ -28,8 +28,7 @@ void fillFromCatalogue(Source& source) {
     source.table = table.name;
     source.columns.reserve(table.columns.size());
     for (const auto& column : table.columns)
-        source.columns.push_back({std::string(column.name), typeOf(column.kind), &table, &column,
-                                  typeOf(column.kind) == Type::text});
+        source.columns.push_back({std::string(column.name), typeOf(column.kind), &table, &column});
 }
 
 /// What a derived table offers. Every column must have a name of its own.
@@ -40,7 +39,7 @@ void fillFromQuery(Source& source) {
             if (schema::sameName(other.name, output.name))
                 wrongStatement(fmt::format("多次为 '{}' 指定了列 '{}'。", source.name(), output.name));
         const auto& value = *output.value;
-        source.columns.push_back({output.name, value.type, nullptr, value.column, value.type == Type::text});
+        source.columns.push_back({output.name, value.type, nullptr, value.column});
     }
 }
 
@@ -119,7 +118,6 @@ class Resolver {
     }
 
     void sources(Query& query, Scope& scope) {
-        bool afterComma = false;
         for (auto& source : query.sources) {
             if (source.query) {
                 this->query(*source.query, nullptr, Place::derivedTable);
@@ -129,10 +127,6 @@ class Resolver {
             }
             scope.add(source);
             if (source.join == Join::comma) scope.keepLast();
-            afterComma = afterComma || source.join == Join::comma;
-            // The engine would take everything before the comma into the join.
-            if (afterComma && (source.join == Join::right || source.join == Join::full))
-                wrongStatement("逗号之后不支持 RIGHT JOIN 和 FULL JOIN。");
             if (source.on) expressions_.condition(*source.on, scope);
         }
         scope.showAll();
@@ -161,7 +155,6 @@ class Resolver {
             value.type = column.type;
             value.table = column.table;
             value.column = column.column;
-            value.collated = column.collated;
             outputs.push_back({.value = std::move(value), .name = column.name});
         }
     }
@@ -243,4 +236,4 @@ const schema::Table* updatableTable(const Query& query) {
     return schema::table(query.sources.front().table);
 }
 
-}  // namespace desk::embedded
+}  // namespace desk::tsql

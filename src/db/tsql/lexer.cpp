@@ -1,13 +1,13 @@
-#include "db/embedded/lexer.h"
+#include "db/tsql/lexer.h"
 
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
 
 #include <cstdint>
 
-#include "db/embedded/sql_failure.h"
+#include "db/tsql/sql_failure.h"
 
-namespace desk::embedded {
+namespace desk::tsql {
 
 namespace {
 
@@ -146,4 +146,4 @@ std::vector<Token> tokens(std::string_view statement) {
     return Lexer(statement).all();
 }
 
-}  // namespace desk::embedded
+}  // namespace desk::tsql

@@ -1,11 +1,11 @@
-#include "db/embedded/expression_resolver.h"
+#include "db/tsql/expression_resolver.h"
 
 #include <algorithm>
 
-#include "db/embedded/sql_failure.h"
-#include "db/embedded/typing.h"
+#include "db/tsql/sql_failure.h"
+#include "db/tsql/typing.h"
 
-namespace desk::embedded {
+namespace desk::tsql {
 
 namespace {
 
@@ -184,4 +184,4 @@ bool hasAggregate(const Expression& expression) {
            std::any_of(expression.parts.begin(), expression.parts.end(), hasAggregate);
 }
 
-}  // namespace desk::embedded
+}  // namespace desk::tsql

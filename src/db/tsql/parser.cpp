@@ -1,12 +1,12 @@
-#include "db/embedded/parser.h"
+#include "db/tsql/parser.h"
 
 #include <charconv>
 
-#include "db/embedded/expression_parser.h"
-#include "db/embedded/sql_failure.h"
-#include "db/embedded/token_stream.h"
+#include "db/tsql/expression_parser.h"
+#include "db/tsql/sql_failure.h"
+#include "db/tsql/token_stream.h"
 
-namespace desk::embedded {
+namespace desk::tsql {
 
 namespace {
 
@@ -205,4 +205,4 @@ Statement parse(std::string_view statement) {
     return Parser(statement).statement();
 }
 
-}  // namespace desk::embedded
+}  // namespace desk::tsql

@@ -1,13 +1,13 @@
-#include "db/embedded/typing.h"
+#include "db/tsql/typing.h"
 
 #include <cmath>
 
 #include "base/number.h"
 #include "base/text.h"
-#include "db/embedded/sql_failure.h"
-#include "db/embedded/storage.h"
+#include "db/storage.h"
+#include "db/tsql/sql_failure.h"
 
-namespace desk::embedded {
+namespace desk::tsql {
 
 namespace {
 
@@ -65,7 +65,6 @@ void convert(Expression& value, Conversion conversion, Type type) {
     if (value.conversion != Conversion::none) incompatible();
     value.conversion = conversion;
     value.type = type;
-    value.collated = false;
 }
 
 }  // namespace
@@ -100,7 +99,7 @@ void makeComparable(Expression& left, Expression& right) {
         if (left.type == right.type) return;
         auto& day = left.type == Type::date ? left : right;
         if (day.form == Form::text)
-            becomeText(day, isoStamp(momentInFile(day.text)), Type::moment);
+            becomeText(day, isoStamp(heldMoment(day.text)), Type::moment);
         else
             convert(day, Conversion::toMoment, Type::moment);
         return;
@@ -183,4 +182,4 @@ void makeStorable(Expression& value, const schema::Column& column) {
         storeExpression(value, column.kind);
 }
 
-}  // namespace desk::embedded
+}  // namespace desk::tsql

@@ -1,12 +1,12 @@
-#include "db/embedded/token_stream.h"
+#include "db/tsql/token_stream.h"
 
 #include <algorithm>
 #include <array>
 
-#include "db/embedded/sql_failure.h"
+#include "db/tsql/sql_failure.h"
 #include "schema/catalogue.h"
 
-namespace desk::embedded {
+namespace desk::tsql {
 
 namespace {
 
@@ -85,4 +85,4 @@ void TokenStream::fail() const {
     syntaxErrorNear(at_ == 0 ? std::string_view() : std::string_view(tokens_[at_ - 1].text));
 }
 
-}  // namespace desk::embedded
+}  // namespace desk::tsql

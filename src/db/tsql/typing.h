@@ -1,11 +1,11 @@
 #pragma once
 
-#include "db/embedded/ast.h"
+#include "db/tsql/ast.h"
 
 /// What values become where they meet another value or a column: literals are rewritten on the spot,
 /// everything else gets a conversion that the renderer writes. All fail with -2147217913 at a literal that
 /// cannot be converted and with -2147217900 where kinds cannot meet.
-namespace desk::embedded {
+namespace desk::tsql {
 
 /// What a column of that kind gives.
 Type typeOf(schema::Kind kind);
@@ -19,4 +19,4 @@ void makeNumber(Expression& value);
 /// Makes a value fit to be written into a column.
 void makeStorable(Expression& value, const schema::Column& column);
 
-}  // namespace desk::embedded
+}  // namespace desk::tsql

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace desk::embedded {
+namespace desk::tsql {
 
 enum class TokenKind {
     word,        ///< a keyword or a bare name
@@ -24,4 +24,4 @@ struct Token {
 /// and at a quote that is never closed.
 std::vector<Token> tokens(std::string_view statement);
 
-}  // namespace desk::embedded
+}  // namespace desk::tsql

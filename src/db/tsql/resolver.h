@@ -1,8 +1,8 @@
 #pragma once
 
-#include "db/embedded/ast.h"
+#include "db/tsql/ast.h"
 
-namespace desk::embedded {
+namespace desk::tsql {
 
 /// Looks up every table and column of a statement in the catalogue, tells the type of every expression,
 /// converts literals to what they meet, and puts the columns in the place of `*`. Afterwards the statement
@@ -13,4 +13,4 @@ void resolve(Statement& statement);
 /// Whether the query's rows are rows of one table, so that they can be changed through it.
 const schema::Table* updatableTable(const Query& query);
 
-}  // namespace desk::embedded
+}  // namespace desk::tsql

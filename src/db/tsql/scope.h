@@ -3,9 +3,9 @@
 #include <string_view>
 #include <vector>
 
-#include "db/embedded/ast.h"
+#include "db/tsql/ast.h"
 
-namespace desk::embedded {
+namespace desk::tsql {
 
 /// The sources whose columns an expression may name, and those of the queries around it.
 class Scope {
@@ -35,4 +35,4 @@ class Scope {
     const Scope* outer_;
 };
 
-}  // namespace desk::embedded
+}  // namespace desk::tsql
