@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "base/failure.h"
-#include "db/tsql/lexer.h"
 #include "db/statement.h"
+#include "db/tsql/lexer.h"
 
 namespace {
 
@@ -29,8 +29,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace desk;
     const std::string text(reinterpret_cast<const char*>(data), size);
 
-    const auto quoted = tsql::tokens(
-        sql("a='{}',N'%{}%',{},{};", text, text, literals({text, "x"}), literalOrNull(text)));
+    const auto quoted =
+        tsql::tokens(sql("a='{}',N'%{}%',{},{};", text, text, literals({text, "x"}), literalOrNull(text)));
     require(quoted.size() == 13);
     requireLiteral(quoted[2], text);
     requireLiteral(quoted[4], "%" + text + "%");
