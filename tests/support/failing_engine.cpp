@@ -1,6 +1,9 @@
 #include "support/failing_engine.h"
 
+#include <map>
+
 #include "base/failure.h"
+#include "base/text.h"
 
 namespace desk {
 
@@ -19,22 +22,37 @@ class FailingCursor : public Cursor {
     bool isNull(int column) const override { return behind_->isNull(column); }
     std::string text(int column) const override { return behind_->text(column); }
     std::string_view view(int column) const override { return behind_->view(column); }
-    void addNew() override { behind_->addNew(); }
-    void set(int column, const Value& value) override { behind_->set(column, value); }
+    void addNew() override {
+        behind_->addNew();
+        adding_ = true;
+        assigned_.clear();
+    }
+    void set(int column, const Value& value) override {
+        behind_->set(column, value);
+        assigned_[column] = value.isNull() ? "Null" : "'" + value.text() + "'";
+    }
     void update() override {
-        fault_.meet("(row)");
+        std::vector<std::string> fields;
+        for (const auto& [column, shown] : assigned_)
+            fields.push_back(columnNames_[static_cast<std::size_t>(column)] + "=" + shown);
+        fault_.meet((adding_ ? "adds " : "changes ") + join(fields, ", "));
         behind_->update();
+        adding_ = false;
+        assigned_.clear();
     }
 
   private:
     std::unique_ptr<Cursor> behind_;
     Fault& fault_;
+    bool adding_ = false;
+    std::map<int, std::string> assigned_;
 };
 
 }  // namespace
 
 void Fault::meet(std::string_view statement) {
     statements.emplace_back(statement);
+    seen(statement);
     if (in > 0 && --in == 0) throw RuntimeFailure(number, text);
 }
 

@@ -16,6 +16,10 @@ struct Fault {
     int in = 0;  ///< the so manieth statement from now fails; 0: none does
     long number = 0;
     std::vector<std::string> statements{};  ///< all so far, the failed one included
+    /// Told of each of them: a statement, or a written row as "adds A='1', B=Null" or "changes …".
+    std::function<void(std::string_view)> seen = [](std::string_view) {};
+    /// Told of each database that is opened; here it can be filled.
+    std::function<void(Engine&)> opened = [](Engine&) {};
 
     /// To be called before each statement.
     void meet(std::string_view statement);

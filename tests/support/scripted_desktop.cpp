@@ -19,6 +19,13 @@ T next(std::deque<T>& script, const char* what) {
     return answer;
 }
 
+std::string inWords(const Message& message) {
+    const char* icons[] = {"box", "information box", "question box", "warning box"};
+    std::string words = icons[static_cast<int>(message.icon)];
+    if (!message.title.empty()) words += " \"" + message.title + "\"";
+    return words + (message.buttons == Buttons::yesNo ? " yes/no: " : ": ") + message.text;
+}
+
 }  // namespace
 
 std::string ScriptedDesktop::takeMessage() {
@@ -29,10 +36,12 @@ std::string ScriptedDesktop::takeMessage() {
 
 void ScriptedDesktop::show(Screen& screen) {
     shown.push_back(screen.name());
+    note("shows " + screen.name());
 }
 
 void ScriptedDesktop::showModally(Screen& screen) {
     shown.push_back(screen.name());
+    note("shows " + screen.name() + " and waits");
     if (modalPerson)
         modalPerson(screen);
     else
@@ -45,17 +54,21 @@ void ScriptedDesktop::bringToFront(Screen& screen) {
 
 void ScriptedDesktop::close(Screen& screen) {
     closed.push_back(screen.name());
+    note("closes " + screen.name());
 }
 
 Answer ScriptedDesktop::messageBox(const Message& message) {
     messages.push_back(message);
+    note(inWords(message));
     return message.buttons == Buttons::ok ? Answer::ok : next(answers, message.text.c_str());
 }
 
 std::optional<Colour> ScriptedDesktop::chooseColour(Colour) {
+    note("asks for a colour");
     return next(colours, "a colour");
 }
-std::optional<std::string> ScriptedDesktop::chooseFile(const FileQuestion&) {
+std::optional<std::string> ScriptedDesktop::chooseFile(const FileQuestion& question) {
+    note("asks for a file in " + question.directory + ", " + question.filter);
     return next(files, "a file");
 }
 

@@ -22,6 +22,9 @@ class ScriptedDesktop : public Desktop {
     std::deque<std::optional<std::string>> files;
     std::optional<Picture> pictureOnDisk;
 
+    /// Told at once of what screens ask for, in words.
+    std::function<void(const std::string&)> note = [](const std::string&) {};
+
     std::vector<Message> messages;    ///< all boxes so far
     std::vector<std::string> shown;   ///< names of screens shown, in order
     std::vector<std::string> closed;  ///< names of windows taken away

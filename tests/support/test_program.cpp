@@ -55,6 +55,7 @@ TestProgram::TestProgram() : app(desktop, Platform{clock, settings, files, progr
     app.screens.offer<Frmtu>(app);
     app.screens.offer<FrmAbout>(app);
     db().interpose([this](std::unique_ptr<Engine> engine) {
+        fault.opened(*engine);
         return std::make_unique<FailingEngine>(std::move(engine), fault);
     });
     settings.keys = {{"Svr", "(embedded)"}, {"DBname", ":memory:"}};

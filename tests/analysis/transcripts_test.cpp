@@ -1,0 +1,11 @@
+#include "analysis/excel_export.h"
+#include "analysis/status_analysis.h"
+#include "support/transcripts_of_room.h"
+
+namespace desk {
+namespace {
+
+TRANSCRIPTS_OF_ROOM((offerScreens<Frm客户跟进状态分析, FrmToExcel>))
+
+}  // namespace
+}  // namespace desk

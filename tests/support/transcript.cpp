@@ -1,0 +1,346 @@
+#include "support/transcript.h"
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "base/failure.h"
+#include "base/text.h"
+#include "db/engine.h"
+#include "session/main_window.h"
+#include "ui/menu.h"
+
+namespace desk {
+
+namespace {
+
+constexpr const char* indent = "    ";
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    EXPECT_TRUE(file) << path;
+    std::ostringstream content;
+    content << file.rdbuf();
+    return content.str();
+}
+
+/// The word before the first blank, and what stands behind it.
+std::pair<std::string, std::string> firstWord(const std::string& line) {
+    return {std::string(codeBeforeBlank(line)), std::string(nameAfterBlank(line))};
+}
+
+/// A text as a script has it: between quotes where blanks at its ends matter, "\n" for a line end.
+std::string unquoted(std::string text) {
+    if (text.size() > 1 && text.starts_with('"') && text.ends_with('"'))
+        text = text.substr(1, text.size() - 2);
+    for (std::size_t at = 0; (at = text.find("\\n", at)) != std::string::npos; at += 2)
+        text.replace(at, 2, "\r\n");
+    return text;
+}
+
+TreeNode* findNode(const std::vector<std::unique_ptr<TreeNode>>& nodes, const std::string& text) {
+    for (const auto& node : nodes) {
+        if (node->text() == text) return node.get();
+        if (TreeNode* below = findNode(node->children(), text)) return below;
+    }
+    return nullptr;
+}
+
+/// Where two texts part, with a few lines before and behind.
+std::string difference(const std::string& expected, const std::string& played) {
+    const auto was = split(expected, '\n');
+    const auto is = split(played, '\n');
+    std::size_t first = 0;
+    while (first < was.size() && first < is.size() && was[first] == is[first]) ++first;
+    std::string shown = fmt::format("from line {} on\n", first + 1);
+    for (std::size_t i = first < 4 ? 0 : first - 4; i < first; ++i) shown += "  " + was[i] + "\n";
+    for (std::size_t i = first; i < std::min(first + 8, was.size()); ++i) shown += "- " + was[i] + "\n";
+    for (std::size_t i = first; i < std::min(first + 8, is.size()); ++i) shown += "+ " + is[i] + "\n";
+    return shown;
+}
+
+}  // namespace
+
+Transcript::Transcript(std::string path, const std::function<void(TestProgram&)>& offer,
+                       std::unique_ptr<Actor> actor)
+    : path_(std::move(path)), rewritable_(actor == nullptr), actor_(actor ? std::move(actor) : std::make_unique<ControlActor>()) {
+    offer(program);
+    program.fault.seen = [this](std::string_view statement) {
+        if (watching_) say(std::string(statement));
+    };
+    program.fault.opened = [this](Engine& engine) {
+        for (const auto& statement : given_) engine.execute(statement);
+    };
+    program.desktop.note = [this](const std::string& words) {
+        say(words);
+        const auto [what, rest] = firstWord(words);
+        const std::string screen = firstWord(rest).first;
+        if (what == "shows") {
+            screens_.push_back(screen);
+            actor_->shown(*program.app.screens.loaded(screen));
+        } else if (what == "closes") {
+            actor_->closed(screen);
+        }
+    };
+    program.desktop.modalPerson = [this](Screen& screen) {
+        settle();
+        while (program.app.screens.loaded(screen.name()) == &screen && !script_.empty()) {
+            const std::string line = script_.front();
+            script_.pop_front();
+            step(line);
+        }
+        if (ended_) throw ProcessEnded();
+    };
+}
+
+void Transcript::check() {
+    const std::string expected = contentOf(path_);
+    for (auto& line : split(expected, '\n'))
+        if (!line.starts_with(indent)) script_.push_back(std::move(line));
+    while (!script_.empty() && script_.back().empty()) script_.pop_back();
+    play();
+    const char* mode = std::getenv("TRANSCRIPTS");
+    if (rewritable_ && mode != nullptr && std::string_view(mode) == "rewrite")
+        std::ofstream(path_, std::ios::binary) << played_;
+    else if (played_ != expected)
+        ADD_FAILURE() << path_ << " " << difference(expected, played_);
+}
+
+void Transcript::play() {
+    while (!script_.empty()) {
+        const std::string line = script_.front();
+        script_.pop_front();
+        step(line);
+    }
+}
+
+void Transcript::step(const std::string& line) {
+    played_ += line + "\n";
+    const bool acts = line.starts_with("> ");
+    const auto [verb, rest] = firstWord(acts ? line.substr(2) : line);
+    if (!acts) {
+        if (verb == "include") return include(rest);
+        if (verb == "given") return given_.push_back(rest);
+        if (verb == "window") return program.programs.windows.push_back(rest);
+        if (verb == "watch")
+            for (const auto& table : split(rest, ' ')) tables_[table] = {};
+        return;
+    }
+    try {
+        act(verb, rest);
+    } catch (const RuntimeFailure& failure) {
+        say(fmt::format("fails with {} {}", failure.number(), failure.description()));
+    } catch (const ProcessEnded&) {
+        if (!ended_) say("the program ends");
+        ended_ = true;
+    }
+    if (!ended_) settle();
+}
+
+void Transcript::include(const std::string& file) {
+    for (const auto& line : split(contentOf(path_.substr(0, path_.rfind('/') + 1) + file), '\n')) {
+        const auto [verb, rest] = firstWord(line);
+        if (verb == "given") given_.push_back(rest);
+    }
+}
+
+void Transcript::enter() {
+    program.openDatabase();
+    program.enter();
+    settle();
+}
+
+void Transcript::act(const std::string& verb, const std::string& rest) {
+    auto& desktop = program.desktop;
+    if (verb == "start") {
+        program.app.start(rest);
+    } else if (verb == "enter") {
+        const auto from = played_.size();
+        enter();
+        played_.resize(from);
+    } else if (verb == "open") {
+        program.app.screens.open(rest);
+    } else if (verb == "close") {
+        Screen& screen = current();
+        screen.closeAsked();
+        program.app.screens.unload(screen);
+    } else if (verb == "answer") {
+        desktop.answers.push_back(rest == "yes" ? Answer::yes : Answer::no);
+    } else if (verb == "colour") {
+        desktop.colours.push_back(rest == "cancel" ? std::nullopt : std::optional(std::stoi(rest)));
+    } else if (verb == "file") {
+        desktop.files.push_back(rest == "cancel" ? std::nullopt : std::optional(rest));
+    } else if (verb == "setting") {
+        const auto [key, value] = firstWord(rest);
+        program.settings.keys[key] = value;
+    } else if (verb == "meanwhile") {
+        watching_ = false;
+        program.db().execute(rest);
+        watching_ = true;
+        for (auto& [table, rows] : tables_) rows = rowsOf(table);
+    } else if (verb == "within") {
+        scope_ = rest.empty() ? "" : rest + ".";
+    } else {
+        const auto [name, argument] = firstWord(rest);
+        actOn(control(name), verb, unquoted(argument));
+    }
+}
+
+void Transcript::actOn(Control& control, const std::string& verb, const std::string& rest) {
+    const auto as = [&]<class C>(C*& found) { return (found = dynamic_cast<C*>(&control)) != nullptr; };
+    TextBox* box;
+    Button* button;
+    CheckBox* check;
+    ComboBox* combo;
+    DatePicker* picker;
+    ListBox* list;
+    Tree* tree;
+    Grid* grid;
+    TabStrip* strip;
+    MonthCalendar* calendar;
+    MenuEntry* entry;
+    const bool twice = verb == "doubleclick";
+    if (verb == "focus") return actor_->focus(control);
+    if (as(box)) return actor_->type(*box, rest);
+    if (as(button)) return actor_->press(*button);
+    if (as(check)) return actor_->tick(*check);
+    if (as(combo)) return actor_->pick(*combo, rest);
+    if (as(picker)) return actor_->pick(*picker, parseDate(rest).value());
+    if (as(list))
+        return twice ? actor_->doubleClick(*list, list->find(rest))
+                     : actor_->click(*list, list->find(rest));
+    if (as(strip)) {
+        const auto& titles = strip->titles();
+        return actor_->choose(
+            *strip, static_cast<int>(std::find(titles.begin(), titles.end(), rest) - titles.begin()));
+    }
+    if (as(calendar)) return actor_->clickDay(*calendar, parseDate(rest).value());
+    if (as(entry)) return entry->click();
+    if (as(tree)) {
+        TreeNode* node = findNode(tree->roots(), rest);
+        if (node == nullptr) return say("no such node");
+        return verb == "tick" ? actor_->tick(*tree, *node) : actor_->click(*tree, *node);
+    }
+    if (as(grid)) {
+        const auto [row, column] = firstWord(rest);
+        const int c = column.empty() ? 1 : std::stoi(column);
+        return twice ? actor_->doubleClick(*grid, std::stoi(row), c)
+                     : actor_->click(*grid, std::stoi(row), c);
+    }
+    say("nobody knows how to " + verb + " that");
+}
+
+Screen& Transcript::current() const {
+    for (auto name = screens_.rbegin(); name != screens_.rend(); ++name)
+        if (Screen* screen = program.app.screens.loaded(*name)) return *screen;
+    throw RuntimeFailure(failure::unspecified, "no screen is open");
+}
+
+Control& Transcript::control(const std::string& name) const {
+    Screen& screen = current();
+    if (Control* found = screen.control(scope_ + name)) return *found;
+    if (Control* found = screen.control(name)) return *found;
+    throw RuntimeFailure(failure::unspecified, "no control " + name);
+}
+
+void Transcript::say(const std::string& line) {
+    std::string shown = line;
+    for (std::size_t at = 0; (at = shown.find("\r\n", at)) != std::string::npos;) shown.replace(at, 2, "\\n");
+    played_ += indent + shown + "\n";
+}
+
+void Transcript::settle() {
+    settleTables();
+    settleScreens();
+    settleMachine();
+}
+
+void Transcript::settleScreens() {
+    std::vector<std::string> names;
+    for (const auto& name : screens_)
+        if (program.app.screens.loaded(name) != nullptr &&
+            std::find(names.begin(), names.end(), name) == names.end())
+            names.push_back(name);
+    std::erase_if(portraits_,
+                  [&](const auto& held) { return program.app.screens.loaded(held.first) == nullptr; });
+    for (const auto& name : names) {
+        const Screen& screen = *program.app.screens.loaded(name);
+        if (!portraits_.contains(name)) watchFocus(screen);
+        const Portrait now = portraitOf(screen);
+        const std::string lead = &screen == &current() ? "" : name + "/";
+        for (const auto& line : changes(portraits_[name], now)) say(lead + line);
+        portraits_[name] = now;
+    }
+}
+
+void Transcript::watchFocus(const Screen& screen) {
+    for (Control* control : screen.controls()) {
+        focusWatches_.push_back(control->focusAsked.connect([this, control] {
+            say("focus " + control->name());
+            actor_->focus(*control);
+        }));
+        if (auto* box = dynamic_cast<TextBox*>(control))
+            focusWatches_.push_back(
+                box->selectAllAsked.connect([this, box] { say("selects " + box->name()); }));
+    }
+}
+
+std::vector<std::string> Transcript::rowsOf(const std::string& table) {
+    watching_ = false;
+    std::vector<std::string> lines;
+    for (Recordset rows(program.db(), "Select * From " + table); !rows.atEnd(); rows.moveNext()) {
+        std::string line = table;
+        for (int column = 0; column < rows.columnCount(); ++column)
+            if (!rows[column].isNull())
+                line += fmt::format(" {}={}", rows.columnName(column), rows[column].text());
+        lines.push_back(line);
+    }
+    watching_ = true;
+    std::sort(lines.begin(), lines.end());
+    return lines;
+}
+
+void Transcript::settleTables() {
+    if (!program.db().isOpen()) return;
+    for (auto& [table, before] : tables_) {
+        auto now = rowsOf(table);
+        std::vector<std::string> gone;
+        std::vector<std::string> come;
+        std::set_difference(before.begin(), before.end(), now.begin(), now.end(), std::back_inserter(gone));
+        std::set_difference(now.begin(), now.end(), before.begin(), before.end(), std::back_inserter(come));
+        for (const auto& line : gone) say("- " + line);
+        for (const auto& line : come) say("+ " + line);
+        before = std::move(now);
+    }
+}
+
+void Transcript::settleMachine() {
+    std::vector<std::string> fields;
+    for (const auto* field : program.app.session.fields()) fields.push_back(*field);
+    if (const auto session = join(fields, "|"); session != session_) {
+        say("session " + session);
+        session_ = session;
+    }
+    const auto& programs = program.programs;
+    while (programsStarted_ < programs.started.size()) say("starts " + programs.started[programsStarted_++]);
+    while (windowsActivated_ < programs.activated.size())
+        say("activates " + programs.activated[windowsActivated_++]);
+    for (const auto& [path, bytes] : program.files.written)
+        say(fmt::format("writes {} bytes to {}", bytes.size(), path));
+    program.files.written.clear();
+}
+
+std::vector<std::string> transcriptsIn(const std::string& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        if (entry.path().extension() == ".txt") names.push_back(entry.path().stem());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+}  // namespace desk

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "support/actor.h"
+#include "support/portrait.h"
+#include "support/test_program.h"
+
+namespace desk {
+
+/// A script of what a person does at a program, and under each line what the program did: the statements that
+/// it sent, the boxes that it showed, the rows that it wrote, the controls that changed. A transcript is read
+/// once beside what the users were promised; from then on it is compared.
+///
+///     given Insert Into …          before the program starts: rows of the database; later: another seat
+///     include rows.given           lines of another file of the folder
+///     watch YZ_引驻客户信息          rows of these tables that come, change or go are told
+///     window 鸿序楼台                another program's window that can be brought to the front
+///     > open frm中介公司设置         what the person does
+///         select …                 what the program did
+///
+/// With TRANSCRIPTS=rewrite in the environment the files are written anew instead, by whoever acts through the
+/// controls; then read what changed.
+class Transcript {
+  public:
+    /// `offer` makes the screens of the room known to the program; `actor` acts, the controls' own if null.
+    Transcript(std::string path, const std::function<void(TestProgram&)>& offer,
+               std::unique_ptr<Actor> actor = nullptr);
+
+    /// Plays the script and compares; differences are failures of the running test.
+    void check();
+
+    TestProgram program;
+
+  private:
+    void play();
+    void include(const std::string& file);
+    void step(const std::string& line);
+    void act(const std::string& verb, const std::string& rest);
+    void actOn(Control& control, const std::string& verb, const std::string& rest);
+    void enter();
+
+    /// Writes down what has changed on the screens and in the tables since it was called last.
+    void settle();
+    void settleScreens();
+    /// Tells of the focus and the selections that the screen asks for.
+    void watchFocus(const Screen& screen);
+    void settleTables();
+    void settleMachine();
+    void say(const std::string& line);
+    Screen& current() const;
+    Control& control(const std::string& name) const;
+    std::vector<std::string> rowsOf(const std::string& table);
+
+    std::string path_;
+    bool rewritable_;
+    std::unique_ptr<Actor> actor_;
+    std::deque<std::string> script_;  ///< lines still to come
+    std::string played_;
+
+    bool watching_ = true;
+    bool ended_ = false;
+    std::vector<std::string> given_;
+    std::vector<std::string> screens_;  ///< loaded, the current one last
+    std::map<std::string, Portrait> portraits_;
+    std::vector<Subscription> focusWatches_;
+    std::map<std::string, std::vector<std::string>> tables_;
+    std::string scope_;
+    std::string session_;
+    std::size_t programsStarted_ = 0;
+    std::size_t windowsActivated_ = 0;
+};
+
+/// The names of the transcripts of a folder without their ".txt".
+std::vector<std::string> transcriptsIn(const std::string& folder);
+
+}  // namespace desk
