@@ -126,7 +126,8 @@ void Frm客户跟进信息分配::showAssignment(const std::string& no) {
             code()));
     if (assignment.atEnd()) return;
     selectByCode(选择组, assignment["组代号"].text());
-    selectByCode(选择人员, assignment["员工工号"].text());
+    // Without the team the combo still has the members of another.
+    if (选择组.hasSelection()) selectByCode(选择人员, assignment["员工工号"].text());
     if (assignment["分配日期"].isNull()) return;
     分配日期.setText(isoDay(assignment["分配日期"].moment()));
     是否分配.setText("已分配");

@@ -68,7 +68,9 @@ std::string difference(const std::string& expected, const std::string& played) {
 
 Transcript::Transcript(std::string path, const std::function<void(TestProgram&)>& offer,
                        std::unique_ptr<Actor> actor)
-    : path_(std::move(path)), rewritable_(actor == nullptr), actor_(actor ? std::move(actor) : std::make_unique<ControlActor>()) {
+    : path_(std::move(path)),
+      rewritable_(actor == nullptr),
+      actor_(actor ? std::move(actor) : std::make_unique<ControlActor>()) {
     offer(program);
     program.fault.seen = [this](std::string_view statement) {
         if (watching_) say(std::string(statement));
@@ -96,6 +98,11 @@ Transcript::Transcript(std::string path, const std::function<void(TestProgram&)>
         }
         if (ended_) throw ProcessEnded();
     };
+}
+
+Transcript::~Transcript() {
+    // The program closes what is open when it goes, and nobody writes that down any more.
+    program.desktop.note = [](const std::string&) {};
 }
 
 void Transcript::check() {
@@ -212,8 +219,7 @@ void Transcript::actOn(Control& control, const std::string& verb, const std::str
     if (as(combo)) return actor_->pick(*combo, rest);
     if (as(picker)) return actor_->pick(*picker, parseDate(rest).value());
     if (as(list))
-        return twice ? actor_->doubleClick(*list, list->find(rest))
-                     : actor_->click(*list, list->find(rest));
+        return twice ? actor_->doubleClick(*list, list->find(rest)) : actor_->click(*list, list->find(rest));
     if (as(strip)) {
         const auto& titles = strip->titles();
         return actor_->choose(

@@ -24,13 +24,16 @@ namespace desk {
 ///     > open frm中介公司设置         what the person does
 ///         select …                 what the program did
 ///
-/// With TRANSCRIPTS=rewrite in the environment the files are written anew instead, by whoever acts through the
-/// controls; then read what changed.
+/// With TRANSCRIPTS=rewrite in the environment the files are written anew instead, by whoever acts through
+/// the controls; then read what changed.
 class Transcript {
   public:
     /// `offer` makes the screens of the room known to the program; `actor` acts, the controls' own if null.
     Transcript(std::string path, const std::function<void(TestProgram&)>& offer,
                std::unique_ptr<Actor> actor = nullptr);
+    ~Transcript();
+    Transcript(const Transcript&) = delete;
+    Transcript& operator=(const Transcript&) = delete;
 
     /// Plays the script and compares; differences are failures of the running test.
     void check();
