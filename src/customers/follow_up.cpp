@@ -193,7 +193,8 @@ void Frm客户跟进记录::showDiaryRow() {
     跟进日期.setText(跟进列表.text(row, 日期列));
     跟进情况.setText(跟进列表.text(row, 情况列));
     预约日期.setText(跟进列表.text(row, 预约列));
-    // Whoever is not offered any more leaves the choice open: it must not stay with the person of another row.
+    // Whoever is not offered any more leaves the choice open: it must not stay with the person of another
+    // row.
     跟进人员.setIndex(-1);
     跟进状态.setIndex(-1);
     selectByName(跟进人员, 跟进列表.text(row, 跟进人列));
