@@ -64,8 +64,8 @@ TEST(Number, AnExponentIsReadWhereADigitStandsBeforeIt) {
     const struct {
         const char* text;
         double value;
-    } heads[] = {{"1e3", 1000},  {"1E+2元", 100}, {"25d-1", 2.5}, {"1.5e2.7", 150}, {"2e2e2", 200},
-                 {"e5", 0},      {".e5", 0},      {"1 e 2", 100}, {"3e", 3},        {"4e+", 4},
+    } heads[] = {{"1e3", 1000}, {"1E+2元", 100}, {"25d-1", 2.5}, {"1.5e2.7", 150}, {"2e2e2", 200},
+                 {"e5", 0},     {".e5", 0},      {"1 e 2", 100}, {"3e", 3},        {"4e+", 4},
                  {"-.5e1", -5}, {"5-3", 5},      {"1e-", 1}};
     for (const auto& each : heads) EXPECT_EQ(val(each.text), each.value) << each.text;
 }
@@ -74,8 +74,12 @@ TEST(Text, OneLineIsTakenOfAPaste) {
     const struct {
         const char* pasted;
         const char* line;
-    } pastes[] = {{"Bund", "Bund"},           {"Bund\r\nEast", "Bund"}, {"Bund\rEast", "Bund"},
-                  {"\r\n\nBund \t \n", "Bund"}, {" a\tb ", " a b"},      {"\n", ""},
+    } pastes[] = {{"Bund", "Bund"},
+                  {"Bund\r\nEast", "Bund"},
+                  {"Bund\rEast", "Bund"},
+                  {"\r\n\nBund \t \n", "Bund"},
+                  {" a\tb ", " a b"},
+                  {"\n", ""},
                   {"", ""}};
     for (const auto& each : pastes) EXPECT_EQ(firstLine(each.pasted), each.line) << each.pasted;
 }
