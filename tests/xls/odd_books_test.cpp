@@ -83,6 +83,25 @@ TEST_F(OddBooks, AnEmptyContinuationOfTheTextsHoldsNothing) {
               seen);
 }
 
+TEST_F(OddBooks, ATextWithFontsOfItsOwnIsNotThePlainOne) {
+    constexpr std::uint32_t wideAndRich = 9;
+    const std::string rich =
+        Bytes().u32(2).u32(2).u16(1).u8(wideAndRich).shorts({1, u'甲', 0, 2}).u16(1).u8(1).u16(u'乙').take();
+    std::string stream = streamWith(emptyWorkbook(), sheetOfTexts("旧", {"甲", "乙"}));
+    stream =
+        streamWith(withGlobal(stream, id::sst, rawRecord(id::sst, rich)), sheetOfTexts("新", {"甲", "乙"}));
+    std::vector<std::uint32_t> numbers;
+    for (const Record& each : sheetOf(stream, 2))
+        if (each.id == id::labelSst) numbers.push_back(longAt(each.body, 6));
+    EXPECT_EQ(numbers, (std::vector<std::uint32_t>{2, 1}));
+    for (const Record& each : globalsOf(stream))
+        if (each.id == id::sst) {
+            EXPECT_EQ(longAt(each.body, 0), 4U);
+            EXPECT_EQ(longAt(each.body, 4), 3U);
+            EXPECT_TRUE(each.body.substr(8).starts_with(std::string_view(rich).substr(8)));
+        }
+}
+
 TEST_F(OddBooks, ABookWithoutAPasswordOfItsOwnIsToldFromASecretOne) {
     const auto refusals = [&](const std::string& password) {
         std::vector<std::string> whys;

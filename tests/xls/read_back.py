@@ -11,6 +11,8 @@ for sheet in book.sheets():
         print(f"merge|{top},{left}:{bottom - 1},{right - 1}")
     for column, info in sorted(sheet.colinfo_map.items()):
         print(f"width|{column}|{info.width}")
+    for row, info in sorted(sheet.rowinfo_map.items()):
+        print(f"row|{row}|{info.height}")
     for row in range(sheet.nrows):
         for column in range(sheet.row_len(row)):
             cell = sheet.cell(row, column)

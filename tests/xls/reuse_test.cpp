@@ -24,6 +24,7 @@ constexpr std::uint16_t pane = 0x0041;
 constexpr std::uint16_t zoom = 0x00A0;
 constexpr std::uint16_t setup = 0x00A1;
 constexpr std::uint16_t drawing = 0x00EC;
+constexpr std::uint16_t filterArrows = 0x009D;
 constexpr std::uint16_t conditions = 0x01B0;
 constexpr std::uint16_t codeName = 0x01BA;
 constexpr std::uint16_t formula = 0x0006;
@@ -49,7 +50,8 @@ std::string workedOn() {
         stream, 1, id::labelSst,
         rawRecord(formula, std::string(22, 'f')) + rawRecord(result, "r") + rawRecord(id::continuation, "r"));
     // The width that the report set before is the third; two further ones follow.
-    stream.replace(stream.rfind(columns(2, 2, 10 * 256 + 160, 2).substr(0, 6)), 12, columns(2, 5, 4000, 1));
+    stream.replace(stream.rfind(columns(2, 2, 10 * 256 + 160, 2).substr(0, 6)), 12,
+                   columns(2, 5, 4000, 1) + rawRecord(filterArrows, "3"));
     const std::string ownWindow =
         rawRecord(id::window2, Bytes().shorts({0xB6, 0, 0, 64, 0, 0, 0, 0, 0}).get());
     const std::string windows = rawRecord(drawing, "picture") + rawRecord(id::continuation, "more of it") +
@@ -88,6 +90,7 @@ TEST_F(Reuse, ASheetUsedAgainKeepsAllThatIsNoCell) {
                                         line(id::columnInfo, columns(0, 1, 3000, 0)),
                                         line(id::columnInfo, columns(2, 2, 10 * 256 + 160, 2)),
                                         line(id::columnInfo, columns(3, 5, 4000, 1)),
+                                        line(filterArrows, "3"),
                                         line(drawing, "picture"),
                                         line(id::continuation, "more of it"),
                                         line(id::bof, startRecord(0x0020).substr(headerSize)),

@@ -58,6 +58,10 @@ TEST_F(Saving, WhoeverIsKilledLeavesTheOldFileOrTheNewOne) {
     const auto steps = stepsOfSave(file);
     ASSERT_TRUE(bytesOf(file) == oldBytes);
     ASSERT_GT(std::count(steps.begin(), steps.end(), SaveStep::write), 3);
+    auto kinds = steps;
+    kinds.erase(std::unique(kinds.begin(), kinds.end()), kinds.end());
+    ASSERT_EQ(kinds, (std::vector<SaveStep>{SaveStep::open, SaveStep::write, SaveStep::sync, SaveStep::close,
+                                            SaveStep::rename, SaveStep::syncFolder}));
     for (std::size_t last = 0; last < steps.size(); ++last) {
         const pid_t child = fork();
         if (child == 0) {

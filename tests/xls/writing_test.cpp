@@ -39,6 +39,8 @@ TEST_F(Writing, AnotherProgramReadsWhatWasWritten) {
               (std::vector<std::string>{"Sheet1|0x0|visible=True", "分析|6x2|visible=True"}));
     EXPECT_EQ(linesOf(lines, "merge"), std::vector<std::string>{"0,0:0,1"});
     EXPECT_EQ(linesOf(lines, "width"), std::vector<std::string>{"0|3334"});
+    EXPECT_EQ(linesOf(lines, "row"),
+              (std::vector<std::string>{"0|450", "1|285", "2|285", "3|285", "4|285", "5|285"}));
     EXPECT_EQ(linesOf(lines, "cell"),
               (std::vector<std::string>{"0,0|text|客户跟进状态分析|General|2,4|0|360",
                                         "3,0|text|状态|@|0,2|1|210", "3,1|text|数量|0.00_ |0,2|1|210",
