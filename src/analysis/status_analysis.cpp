@@ -42,9 +42,8 @@ void Frm客户跟进状态分析::load() {
     DTPicker2.setValue(app_.platform.clock.today());
     填充管理处(app_, Combo1);
     const Batch fill(TreeView2);
-    for (Recordset rows(app_.主连接, "Select * From YZ_跟进状态设置  Order by len(状态编号),状态编号");
-         !rows.atEnd(); rows.moveNext())
-        TreeView2.add(nullptr, "S" + rows["状态编号"].text(), rows["状态名称"].text());
+    for (auto& row : Recordset(app_.主连接, "Select * From YZ_跟进状态设置  Order by len(状态编号),状态编号"))
+        TreeView2.add(nullptr, "S" + row["状态编号"].text(), row["状态名称"].text());
 }
 
 std::vector<std::string> Frm客户跟进状态分析::tickedStates() const {
@@ -92,9 +91,9 @@ void Frm客户跟进状态分析::analyse() {
 void Frm客户跟进状态分析::readResults() {
     results_.clear();
     double total = 0;
-    for (Recordset rows(app_.主连接, 统计语句()); !rows.atEnd(); rows.moveNext()) {
-        results_.push_back({rows["状态编号"].text(), rows["状态名称"].text(), rows["颜色表示"].text(),
-                            toInt16(rows["SL"].number()), 0});
+    for (auto& row : Recordset(app_.主连接, 统计语句())) {
+        results_.push_back({row["状态编号"].text(), row["状态名称"].text(), row["颜色表示"].text(),
+                            toInt16(row["SL"].number()), 0});
         total += results_.back().数量;
     }
     for (Result& result : results_) result.百分比 = toInt16(val(numberText(result.数量 / total)) * 100);

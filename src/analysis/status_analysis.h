@@ -6,6 +6,7 @@
 
 #include "analysis/pie_chart.h"
 #include "session/application.h"
+#include "session/coded_combo.h"
 #include "ui/canvas.h"
 #include "ui/choices.h"
 #include "ui/fields.h"
@@ -34,7 +35,7 @@ class Frm客户跟进状态分析 : public Screen {
 
     DatePicker DTPicker1{*this, "DTPicker1"};
     DatePicker DTPicker2{*this, "DTPicker2"};
-    ComboBox Combo1{*this, "Combo1"};
+    CodedCombo Combo1{*this, "Combo1"};
     Frame 跟进状态{*this, "跟进状态", "跟进状态"};
     CheckBox Check6{跟进状态, "Check6", "全部"};
     Tree TreeView2{跟进状态, "TreeView2", Tree::Style::checkBoxes};

@@ -8,7 +8,6 @@
 #include "customers/typed_day.h"
 #include "db/statement.h"
 #include "platform/clock.h"
-#include "session/coded_combo.h"
 #include "session/helpers.h"
 
 namespace desk {
@@ -64,10 +63,6 @@ void Frm客户跟进信息分配::load() {
     填充管理处(app_, 管理项目);
 }
 
-std::string Frm客户跟进信息分配::code() const {
-    return std::string(codeBeforeBlank(管理项目.text()));
-}
-
 std::string Frm客户跟进信息分配::loadedNumber() {
     // The block keeps the customer of the office before, whose number is another customer's here.
     return 已选客户_ ? std::string(trimmed(客户信息["登记编号"].text())) : std::string();
@@ -78,28 +73,27 @@ void Frm客户跟进信息分配::chooseOffice() {
     已选客户_ = false;
     Recordset leads(
         app_.主连接,
-        sql("Select * From YZ_引驻客户信息 Where  管理处代号='{}'  Order By Len(登记编号),登记编号", code()));
+        sql("Select * From YZ_引驻客户信息 Where  管理处代号='{}'  Order By Len(登记编号),登记编号",
+            管理项目.code()));
     填充客户树(客户, leads);
-    fillCoded(
-        选择组,
+    选择组.fill(
         Recordset(
             app_.主连接,
             sql("Select * From YZ_组对应管理项目设置 Inner Join YZ_组表 on "
                 "YZ_组对应管理项目设置.组代号=YZ_组表.组代号  Where 管理处代号='{}' And 终止日期 is Null "
                 "Order By len(YZ_组表.组代号),YZ_组表.组代号",
-                code())),
-        "组代号", "组名称");
+                管理项目.code())),
+        {"组代号", "组名称"});
 }
 
 void Frm客户跟进信息分配::chooseTeam() {
     if (!选择组.hasSelection()) return;
-    fillCoded(
-        选择人员,
+    选择人员.fill(
         Recordset(app_.主连接,
                   sql("Select * From YZ_组人员设置  Inner Join 员工档案 On "
                       "YZ_组人员设置.员工工号=员工档案.工号  Where 组代号='{}'  Order By len(工号),工号",
-                      codeBeforeBlank(选择组.text()))),
-        "工号", "姓名");
+                      选择组.code())),
+        {"工号", "姓名"});
 }
 
 void Frm客户跟进信息分配::selectCustomer(const TreeNode& node) {
@@ -110,9 +104,9 @@ void Frm客户跟进信息分配::selectCustomer(const TreeNode& node) {
     const std::string no = 登记编号Of(node);
     if (no.empty()) return;
     {
-        Recordset lead(
-            app_.主连接,
-            sql("Select * From YZ_引驻客户信息  Where 登记编号='{}' and 管理处代号='{}'", no, code()));
+        Recordset lead(app_.主连接,
+                       sql("Select * From YZ_引驻客户信息  Where 登记编号='{}' and 管理处代号='{}'", no,
+                           管理项目.code()));
         if (!lead.atEnd()) 客户信息.show(lead);
     }
     showAssignment(no);
@@ -123,11 +117,11 @@ void Frm客户跟进信息分配::showAssignment(const std::string& no) {
     Recordset assignment(
         app_.主连接,
         sql("Select * From YZ_引驻客户分配  Where 登记编号='{}'AND 终止日期 is Null And 管理处代号='{}'", no,
-            code()));
+            管理项目.code()));
     if (assignment.atEnd()) return;
-    selectByCode(选择组, assignment["组代号"].text());
+    选择组.selectCode(assignment["组代号"].text());
     // Without the team the combo still has the members of another.
-    if (选择组.hasSelection()) selectByCode(选择人员, assignment["员工工号"].text());
+    if (选择组.hasSelection()) 选择人员.selectCode(assignment["员工工号"].text());
     if (assignment["分配日期"].isNull()) return;
     分配日期.setText(isoDay(assignment["分配日期"].moment()));
     是否分配.setText("已分配");
@@ -143,20 +137,20 @@ void Frm客户跟进信息分配::assign() {
             app_.主连接,
             sql("Select * From YZ_引驻客户分配 Where 登记编号='{}' and 分配日期 is not null AND 终止日期 IS "
                 "Null AND 管理处代号='{}'",
-                no, code()),
+                no, 管理项目.code()),
             Rows::updatable);
         if (!assignment.atEnd())
             return app_.inform(fmt::format("已经为'{}'分配为负责人，请核对相关信息！", no));
         assignment.addNew();
         assignment["登记编号"] = no;
-        assignment["管理处代号"] = code();
-        assignment["组代号"] = codeBeforeBlank(选择组.text());
-        assignment["员工工号"] = codeBeforeBlank(选择人员.text());
+        assignment["管理处代号"] = 管理项目.code();
+        assignment["组代号"] = 选择组.code();
+        assignment["员工工号"] = 选择人员.code();
         assignment["分配日期"] = 分配日期.text();
         assignment.update();
         app_.主连接.execute(
             sql("Update YZ_引驻客户信息 Set 分配日期='{}' Where 登记编号='{}' AND 管理处代号='{}'",
-                分配日期.text(), no, code()));
+                分配日期.text(), no, 管理项目.code()));
         app_.tell("任务分配成功！");
     } catch (const RuntimeFailure& failure) {
         app_.inform(fmt::format("{} {}", failure.number(), failure.description()));
@@ -172,7 +166,7 @@ void Frm客户跟进信息分配::end() {
         Recordset assignment(
             app_.主连接,
             sql("Select * From YZ_引驻客户分配 Where 登记编号='{}' AND 终止日期 IS Null AND 管理处代号='{}'",
-                no, code()),
+                no, 管理项目.code()),
             Rows::updatable);
         if (assignment.atEnd()) return;
         assignment["终止日期"] = typedDay(终止日期.text());

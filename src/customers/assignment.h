@@ -2,6 +2,7 @@
 
 #include "customers/lead_block.h"
 #include "session/application.h"
+#include "session/coded_combo.h"
 #include "ui/choices.h"
 #include "ui/fields.h"
 #include "ui/floating_calendar.h"
@@ -18,11 +19,11 @@ class Frm客户跟进信息分配 : public Screen {
     void load() override;
     void activate() override { maximise(); }
 
-    ComboBox 管理项目{*this, "管理项目"};
+    CodedCombo 管理项目{*this, "管理项目"};
     Tree 客户{*this, "客户"};
     客户信息块 客户信息;
-    ComboBox 选择组{*this, "选择组"};
-    ComboBox 选择人员{*this, "选择人员"};
+    CodedCombo 选择组{*this, "选择组"};
+    CodedCombo 选择人员{*this, "选择人员"};
     TextBox 是否分配{*this, "是否分配"};
     TextBox 分配日期{*this, "任务.分配日期"};
     TextBox 终止日期{*this, "任务.终止日期"};
@@ -33,7 +34,6 @@ class Frm客户跟进信息分配 : public Screen {
     FloatingCalendar 日历;
 
   private:
-    std::string code() const;
     /// Of the customer on whom 确定 and 终止 act, empty without one.
     std::string loadedNumber();
     void chooseOffice();

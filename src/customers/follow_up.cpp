@@ -6,7 +6,7 @@
 #include "db/recordset.h"
 #include "db/statement.h"
 #include "platform/clock.h"
-#include "session/coded_combo.h"
+#include "session/grid_rows.h"
 #include "session/helpers.h"
 #include "ui/batch.h"
 
@@ -81,27 +81,19 @@ void Frm客户跟进记录::load() {
 }
 
 void Frm客户跟进记录::fillPersons() {
-    for (Recordset rows(
-             app_.主连接,
-             sql(" Select 员工档案.工号,员工档案.姓名  From 员工档案  Inner Join 岗位员工new On   "
-                 "员工档案.工号=岗位员工new.员工代号 Inner Join 岗位信息new On  "
-                 "岗位员工new.岗位代号=岗位信息new.岗位代号 Where 岗位信息new.职能部门代号='{}' and "
-                 "员工档案.离职日期 is Null  Order by len(员工档案.工号),员工档案.工号",
-                 app_.session.登录部门编号));
-         !rows.atEnd(); rows.moveNext())
-        跟进人员.addItem(rows["工号"].text() + " " + rows["姓名"].text());
+    跟进人员.fill(
+        Recordset(app_.主连接,
+                  sql(" Select 员工档案.工号,员工档案.姓名  From 员工档案  Inner Join 岗位员工new On   "
+                      "员工档案.工号=岗位员工new.员工代号 Inner Join 岗位信息new On  "
+                      "岗位员工new.岗位代号=岗位信息new.岗位代号 Where 岗位信息new.职能部门代号='{}' and "
+                      "员工档案.离职日期 is Null  Order by len(员工档案.工号),员工档案.工号",
+                      app_.session.登录部门编号)),
+        {"工号", "姓名"});
 }
 
 void Frm客户跟进记录::fillStates() {
-    for (Recordset rows(app_.主连接, "Select * From YZ_跟进状态设置 order by len(状态编号),状态编号");
-         !rows.atEnd(); rows.moveNext()) {
-        const auto colour = static_cast<Colour>(rows["颜色表示"].integer());
-        跟进状态.addItem(rows["状态编号"].text() + " " + rows["状态名称"].text(), colour, colour);
-    }
-}
-
-std::string Frm客户跟进记录::code() const {
-    return std::string(codeBeforeBlank(管理项目.text()));
+    跟进状态.fill(Recordset(app_.主连接, "Select * From YZ_跟进状态设置 order by len(状态编号),状态编号"),
+                  {"状态编号", "状态名称", "颜色表示"});
 }
 
 void Frm客户跟进记录::chooseOffice() {
@@ -109,14 +101,14 @@ void Frm客户跟进记录::chooseOffice() {
     // A number means another customer in another office.
     leaveCustomer();
     跟进列表.setRows(跟进列表.fixedRows());
-    新增.setCaption("新增");
+    新增.browse();
     页签.setIndex(0);
     Recordset leads(
         app_.主连接,
         sql("Select * From YZ_引驻客户信息 Where  登记编号 in (Select 登记编号 From YZ_引驻客户分配  Where "
             "管理处代号='{}' And  员工工号='{}' And 终止日期 is Null) AND 管理处代号='{}'  Order By "
             "Len(登记编号),登记编号",
-            code(), app_.session.登录工号, code()));
+            管理项目.code(), app_.session.登录工号, 管理项目.code()));
     填充客户树(客户, leads);
 }
 
@@ -154,33 +146,28 @@ void Frm客户跟进记录::showCustomer(const std::string& no) {
             sql("Select YZ_引驻客户分配.员工工号,员工档案.姓名 From YZ_引驻客户分配 Inner Join 员工档案 "
                 "ON YZ_引驻客户分配.员工工号 =员工档案.工号  Where 登记编号='{}' AND "
                 "YZ_引驻客户分配.管理处代号='{}' And 终止日期 is Null",
-                no, code()));
+                no, 管理项目.code()));
         if (!assignee.atEnd()) 业务员.setText(assignee["员工工号"].text() + " " + assignee["姓名"].text());
     }
-    Recordset lead(app_.主连接,
-                   sql("Select * From YZ_引驻客户信息  Where 登记编号='{}' and 管理处代号='{}'", no, code()));
+    Recordset lead(app_.主连接, sql("Select * From YZ_引驻客户信息  Where 登记编号='{}' and 管理处代号='{}'",
+                                    no, 管理项目.code()));
     if (!lead.atEnd()) 客户信息.show(lead);
 }
 
 void Frm客户跟进记录::readDiary(const std::string& no) {
-    const Batch fill(跟进列表);
-    跟进列表.setRows(跟进列表.fixedRows());
-    for (Recordset rows(
-             app_.主连接,
-             sql("Select  YZ_引驻客户跟进记录.跟进日期,员工档案.姓名,YZ_引驻客户跟进记录.跟进情况,"
-                 "YZ_跟进状态设置.状态名称,YZ_跟进状态设置.颜色表示,YZ_引驻客户跟进记录.预约日期,"
-                 "YZ_引驻客户跟进记录.ID From YZ_引驻客户跟进记录 Inner Join 员工档案 ON "
-                 "YZ_引驻客户跟进记录.跟进人工号=员工档案.工号 Inner Join YZ_跟进状态设置 ON "
-                 "YZ_引驻客户跟进记录.跟进状态编号=YZ_跟进状态设置.状态编号 Where 管理处代号='{}' and "
-                 "登记编号='{}'Order By 跟进日期",
-                 code(), no));
-         !rows.atEnd(); rows.moveNext()) {
-        const int row =
-            跟进列表.addRow({std::to_string(跟进列表.rows()), rows["跟进日期"].text(), rows["姓名"].text(),
-                             rows["跟进情况"].text(), rows["状态名称"].text(), "", rows["预约日期"].text(),
-                             rows["ID"].text()});
-        跟进列表.setCellColour(row, 颜色列, static_cast<Colour>(rows["颜色表示"].integer()));
-    }
+    Recordset entries(
+        app_.主连接,
+        sql("Select  YZ_引驻客户跟进记录.跟进日期,员工档案.姓名,YZ_引驻客户跟进记录.跟进情况,"
+            "YZ_跟进状态设置.状态名称,YZ_跟进状态设置.颜色表示,YZ_引驻客户跟进记录.预约日期,"
+            "YZ_引驻客户跟进记录.ID From YZ_引驻客户跟进记录 Inner Join 员工档案 ON "
+            "YZ_引驻客户跟进记录.跟进人工号=员工档案.工号 Inner Join YZ_跟进状态设置 ON "
+            "YZ_引驻客户跟进记录.跟进状态编号=YZ_跟进状态设置.状态编号 Where 管理处代号='{}' and "
+            "登记编号='{}'Order By 跟进日期",
+            管理项目.code(), no));
+    fillGrid(跟进列表, entries, {"跟进日期", "姓名", "跟进情况", "状态名称", "", "预约日期", "ID"},
+             [&](int row) {
+                 跟进列表.setCellColour(row, 颜色列, static_cast<Colour>(entries["颜色表示"].integer()));
+             });
 }
 
 void Frm客户跟进记录::reloadCustomer() {
@@ -197,22 +184,22 @@ void Frm客户跟进记录::showDiaryRow() {
     // row.
     跟进人员.setIndex(-1);
     跟进状态.setIndex(-1);
-    selectByName(跟进人员, 跟进列表.text(row, 跟进人列));
-    selectByName(跟进状态, 跟进列表.text(row, 状态列));
+    跟进人员.selectName(跟进列表.text(row, 跟进人列));
+    跟进状态.selectName(跟进列表.text(row, 状态列));
     currentId_ = 跟进列表.text(row, 编号列);
     if (currentId_.empty()) return;
-    新增.setCaption("新增");
+    新增.browse();
     删除.setEnabled(true);
     页签.setIndex(0);
 }
 
 void Frm客户跟进记录::startOrCancel() {
-    if (!entering()) {
+    if (!新增.entering()) {
         clearEntry();
-        新增.setCaption("取消");
+        新增.startEntering();
         return;
     }
-    新增.setCaption("新增");
+    新增.browse();
     if (!currentId_.empty()) showDiaryRow();
 }
 
@@ -221,10 +208,10 @@ void Frm客户跟进记录::save() {
     if (!管理项目.hasSelection() || !跟进人员.hasSelection() || !跟进状态.hasSelection() ||
         客户信息["登记编号"].text().empty())
         return;
-    if (entering() || currentId_.empty()) {
+    if (新增.entering() || currentId_.empty()) {
         Recordset diary(app_.主连接, "Select * From YZ_引驻客户跟进记录 where 1=0", Rows::updatable);
         diary.addNew();
-        diary["管理处代号"] = code();
+        diary["管理处代号"] = 管理项目.code();
         diary["登记编号"] = 客户信息["登记编号"].text();
         writeEntry(diary);
     } else {
@@ -233,15 +220,15 @@ void Frm客户跟进记录::save() {
                         Rows::updatable);
         if (!diary.atEnd()) writeEntry(diary);
     }
-    新增.setCaption("新增");
+    新增.browse();
     reloadCustomer();
 }
 
 void Frm客户跟进记录::writeEntry(Recordset& diary) {
     diary["跟进日期"] = typedDay(跟进日期.text());
-    diary["跟进人工号"] = codeBeforeBlank(跟进人员.text());
+    diary["跟进人工号"] = 跟进人员.code();
     diary["跟进情况"] = nullIfEmpty(跟进情况.text());
-    diary["跟进状态编号"] = codeBeforeBlank(跟进状态.text());
+    diary["跟进状态编号"] = 跟进状态.code();
     diary["预约日期"] = typedDay(预约日期.text());
     diary.update();
 }

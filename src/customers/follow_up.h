@@ -2,7 +2,9 @@
 
 #include "customers/lead_block.h"
 #include "session/application.h"
+#include "session/coded_combo.h"
 #include "ui/choices.h"
+#include "ui/entry_button.h"
 #include "ui/fields.h"
 #include "ui/floating_calendar.h"
 #include "ui/grid.h"
@@ -20,7 +22,7 @@ class Frm客户跟进记录 : public Screen {
     void load() override;
     void activate() override { maximise(); }
 
-    ComboBox 管理项目{*this, "管理项目"};
+    CodedCombo 管理项目{*this, "管理项目"};
     Tree 客户{*this, "客户"};
     TextBox 业务员{*this, "业务员"};
     客户信息块 客户信息;
@@ -32,13 +34,13 @@ class Frm客户跟进记录 : public Screen {
     Frame 记录页{*this, "记录页"};
     TextBox 跟进日期{记录页, "跟进日期"};
     Button 跟进日期按钮{记录页, "跟进日期按钮", "▼"};
-    ComboBox 跟进人员{记录页, "跟进人员"};
-    ComboBox 跟进状态{记录页, "跟进状态"};
+    CodedCombo 跟进人员{记录页, "跟进人员"};
+    CodedCombo 跟进状态{记录页, "跟进状态"};
     Swatch 颜色{记录页, "颜色"};
     TextBox 跟进情况{记录页, "跟进情况", TextStyle::paragraph};
     TextBox 预约日期{记录页, "预约日期"};
     Button 预约日期按钮{记录页, "预约日期按钮", "▼"};
-    Button 新增{记录页, "新增", "新增"};
+    EntryButton 新增{记录页, "新增"};
     Button 确定{记录页, "确定", "确定", ButtonRole::main};
     Button 删除{记录页, "删除", "删除"};
     Button 退出{记录页, "退出", "退出"};
@@ -47,8 +49,6 @@ class Frm客户跟进记录 : public Screen {
     FloatingCalendar 日历;
 
   private:
-    std::string code() const;
-    bool entering() const { return 新增.caption() == "取消"; }
     void fillPersons();
     void fillStates();
     void chooseOffice();

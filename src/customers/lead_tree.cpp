@@ -29,17 +29,17 @@ void 填充客户树(Tree& tree, Recordset& leads) {
     const int company = leads.column("公司名称");
     const int contact = leads.column("客户姓名");
     std::string text;
-    for (; !leads.atEnd(); leads.moveNext()) {
-        const auto mark = leads[kind].view();
+    for (auto& lead : leads) {
+        const auto mark = lead[kind].view();
         if (!known(mark)) continue;
-        const bool showContact = mark == "引驻来电" && leads[company].isNull();
+        const bool showContact = mark == "引驻来电" && lead[company].isNull();
         text = "（";
         text += mark;
         text += "）";
-        text += leads[number].view();
+        text += lead[number].view();
         text += ' ';
-        text += leads[showContact ? contact : company].view();
-        添加客户(tree, nullptr, 键前缀, leads[number].view(), text);
+        text += lead[showContact ? contact : company].view();
+        添加客户(tree, nullptr, 键前缀, lead[number].view(), text);
     }
 }
 

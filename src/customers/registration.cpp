@@ -32,9 +32,9 @@ void Frm引驻客户信息登记::activate() {
 void Frm引驻客户信息登记::readDictionaries() {
     const auto fill = [this](std::string_view statement, std::string_view column,
                              const std::function<ItemHolder*(登记页&)>& control) {
-        for (Recordset rows(app_.主连接, statement); !rows.atEnd(); rows.moveNext())
+        for (auto& row : Recordset(app_.主连接, statement))
             for (登记页* page : pages())
-                if (ItemHolder* holder = control(*page)) holder->addItem(rows[column].text());
+                if (ItemHolder* holder = control(*page)) holder->addItem(row[column].text());
     };
     try {
         fill("Select * From YZ_区域设置", "区域名称", [](登记页& page) { return &page.区域; });

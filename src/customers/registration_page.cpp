@@ -6,6 +6,7 @@
 #include "customers/lead_tree.h"
 #include "db/statement.h"
 #include "platform/clock.h"
+#include "session/grid_rows.h"
 #include "ui/batch.h"
 
 namespace desk {
@@ -104,11 +105,12 @@ bool 多选项目::choose(std::string_view text) {
       登记日期(screen, name_ + ".登记日期"),
       业务员(screen, name_ + ".业务员"),
       备注(screen, name_ + ".备注", TextStyle::paragraph),
-      新增(screen, name_ + ".新增", "新增"),
+      新增(screen, name_ + ".新增"),
       确定(screen, name_ + ".确定", "确定", ButtonRole::main),
       删除(screen, name_ + ".删除", "删除"),
       退出(screen, name_ + ".退出", "退出") {
     makeOptionalParts();
+    nameColumns();
     markFields(*this);
     connect();
 }
@@ -126,6 +128,24 @@ void 登记页::makeOptionalParts() {
     if (rules_.有中介公司) 中介.emplace(screen_, name_);
 }
 
+void 登记页::nameColumns() {
+    公司字段_.add("公司名称", 公司名称);
+    公司字段_.add("公司地址", 公司地址);
+    if (中介) 字段_.add("中介公司名称", 中介->中介公司名称);
+    字段_.add("客户姓名", 客户姓名);
+    字段_.add("客户电话", 客户电话);
+    字段_.addNumber("需求面积", 需求面积);
+    字段_.add("登记日期", 登记日期);
+    字段_.add("业务员", 业务员);
+    字段_.add("备注", 备注);
+    if (!rules_.有客户详情) return;
+    字段_.add("职位", *职位);
+    字段_.add("传真", *传真);
+    字段_.addNumber("预算租金", *预算租金);
+    字段_.add("洽谈重点", *洽谈重点);
+    字段_.add("推荐楼层", *推荐楼层);
+}
+
 void 登记页::connect() {
     管理项目.selected += [this] { refillTree(); };
     客户.nodeClicked += [this](TreeNode& node) { selectNode(node); };
@@ -139,10 +159,6 @@ void 登记页::connect() {
     中介->面板确定.clicked += [this] { takeAgency(); };
 }
 
-std::string 登记页::code() const {
-    return std::string(codeBeforeBlank(管理项目.text()));
-}
-
 void 登记页::refillTree() {
     const Hourglass busy(app_.desktop);
     const Batch fill(客户);
@@ -153,9 +169,9 @@ void 登记页::refillTree() {
     const int company = rows.column("公司名称");
     const int contact = rows.column("客户姓名");
     const int date = rows.column("登记日期");
-    for (; !rows.atEnd(); rows.moveNext())
-        添加客户(客户, &root, rules_.键前缀, rows[number].view(),
-                 nodeText(rows, company, contact, number, date));
+    for (auto& row : rows)
+        添加客户(客户, &root, rules_.键前缀, row[number].view(),
+                 nodeText(row, company, contact, number, date));
     客户.setExpanded(root, true);
 }
 
@@ -188,31 +204,15 @@ void 登记页::selectNode(const TreeNode& node) {
 }
 
 void 登记页::showLead(Recordset& lead) {
-    const auto show = [&](TextBox& field, std::string_view column) { field.setText(lead[column].text()); };
-    const auto showOptional = [&](std::optional<TextBox>& field, std::string_view column) {
-        if (field) show(*field, column);
-    };
-    show(登记编号, "登记编号");
-    show(公司名称, "公司名称");
-    if (中介) show(中介->中介公司名称, "中介公司名称");
-    show(客户姓名, "客户姓名");
-    showOptional(职位, "职位");
-    show(客户电话, "客户电话");
-    showOptional(传真, "传真");
-    show(公司地址, "公司地址");
-    show(需求面积, "需求面积");
-    showOptional(预算租金, "预算租金");
-    showOptional(洽谈重点, "洽谈重点");
-    showOptional(推荐楼层, "推荐楼层");
-    show(业务员, "业务员");
-    show(备注, "备注");
+    登记编号.setText(lead["登记编号"].text());
+    公司字段_.show(lead);
+    字段_.show(lead);
     if (企业性质) 企业性质->setIndex(企业性质->find(lead["企业性质"].text()));
     从事行业.setIndex(从事行业.find(lead["从事行业"].text()));
     if (媒体) 媒体->choose(lead["媒体"].text());
     if (询问重点.choose(lead["询问重点"].text()) && rules_.其它询问勾选) 询问重点.其它.勾选.setChecked(true);
     showRegion(lead["所在区域"].text());
-    if (!lead["登记日期"].isNull()) 登记日期.setValue(lead["登记日期"].moment());
-    新增.setCaption("新增");
+    新增.browse();
     if (!lead["分配日期"].isNull()) {
         确定.setEnabled(false);
         删除.setEnabled(false);
@@ -230,7 +230,7 @@ void 登记页::showRegion(const std::string& region) {
 void 登记页::startOrCancel() {
     if (!管理项目.hasSelection()) return;
     if (!entering()) return startEntering();
-    新增.setCaption("新增");
+    新增.browse();
     确定.setEnabled(true);
     删除.setEnabled(true);
     清空文本框(screen_);
@@ -240,7 +240,7 @@ void 登记页::startEntering() {
     清空文本框(screen_);
     clearChoices();
     登记日期.setValue(app_.platform.clock.today());
-    新增.setCaption("取消");
+    新增.startEntering();
     确定.setEnabled(true);
     删除.setEnabled(false);
     登记编号.setLocked(采用自动编号.checked());
@@ -277,13 +277,10 @@ void 登记页::toggleAgencies() {
     if (!中介->面板.visible()) return;
 
     Grid& list = 中介->列表;
-    const Batch fill(list);
-    list.setRows(list.fixedRows());
-    if (!管理项目.hasSelection()) return;
-    for (Recordset rows(app_.主连接,
-                        sql("Select * From YZ_中介公司设置 Where 管理处代号='{}' Order By 公司名称", code()));
-         !rows.atEnd(); rows.moveNext())
-        list.addRow({std::to_string(list.rows()), rows["公司名称"].text(), rows["ID"].text()});
+    if (!管理项目.hasSelection()) return list.setRows(list.fixedRows());
+    Recordset agencies(app_.主连接,
+                       sql("Select * From YZ_中介公司设置 Where 管理处代号='{}' Order By 公司名称", code()));
+    fillGrid(list, agencies, {"公司名称", "ID"});
     if (list.rows() > list.fixedRows()) list.setCurrent(list.fixedRows(), 1);
 }
 

@@ -8,7 +8,10 @@
 #include "customers/registration_rules.h"
 #include "db/recordset.h"
 #include "session/application.h"
+#include "session/coded_combo.h"
+#include "session/row_fields.h"
 #include "ui/choices.h"
+#include "ui/entry_button.h"
 #include "ui/fields.h"
 #include "ui/grid.h"
 #include "ui/tree.h"
@@ -59,7 +62,7 @@ class 登记页 {
 
     const 登记页规则& rules() const { return rules_; }
     /// Whether a save would add a lead.
-    bool entering() const { return 新增.caption() == "取消"; }
+    bool entering() const { return 新增.entering(); }
 
   private:
     Application& app_;
@@ -68,7 +71,7 @@ class 登记页 {
     std::string name_;
 
   public:
-    ComboBox 管理项目;
+    CodedCombo 管理项目;
     Tree 客户;
     CheckBox 采用自动编号;
     TextBox 登记编号;
@@ -92,7 +95,7 @@ class 登记页 {
     std::optional<TextBox> 洽谈重点;
     std::optional<TextBox> 推荐楼层;
     std::optional<中介公司选择> 中介;
-    Button 新增;
+    EntryButton 新增;
     Button 确定;
     Button 删除;
     Button 退出;
@@ -106,8 +109,9 @@ class 登记页 {
     };
 
     void makeOptionalParts();
+    void nameColumns();
     void connect();
-    std::string code() const;
+    std::string code() const { return 管理项目.code(); }
 
     void refillTree();
     std::string nodeText(Recordset& rows, int company, int contact, int number, int date) const;
@@ -126,11 +130,14 @@ class 登记页 {
     std::optional<Worked> checkedFields();
     bool isDuplicate();
     std::optional<Value> drawNumber();
-    bool numberTaken() const;
+    bool numberTaken(const std::string& number) const;
     void addLead(const Worked& worked, const Value& serial);
     void changeLead(const Worked& worked);
     Recordset openForWriting();
     void writeFields(Recordset& lead, const Worked& worked);
+
+    RowFields 公司字段_;
+    RowFields 字段_;
 };
 
 }  // namespace desk

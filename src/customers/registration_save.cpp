@@ -1,4 +1,3 @@
-#include "base/number.h"
 #include "base/text.h"
 #include "customers/registration_page.h"
 #include "db/statement.h"
@@ -67,24 +66,23 @@ bool 登记页::isDuplicate() {
     return false;
 }
 
-bool 登记页::numberTaken() const {
+bool 登记页::numberTaken(const std::string& number) const {
     return anyRow(app_.主连接, sql("SELECT * From YZ_引驻客户信息 Where 登记编号='{}' AND 管理处代号='{}'",
-                                   登记编号.text(), code()));
+                                   number, code()));
 }
 
 /// The running number of a new lead, NULL for a typed one; the number itself stands in its field afterwards.
 /// Nothing when the typed number is taken.
 std::optional<Value> 登记页::drawNumber() {
     if (!采用自动编号.checked()) {
-        if (!numberTaken()) return Value();
+        if (!numberTaken(登记编号.text())) return Value();
         app_.tell(登记编号.text() + "登记的编号已经存在，请输入其他的登记编号！");
         return std::nullopt;
     }
-    const auto prefix = 生成单据前缀(app_, "引驻登记");
-    long serial = next流水号(app_, "YZ_引驻客户信息", code());
-    登记编号.setText(documentNumberText(prefix, serial));
-    while (numberTaken()) 登记编号.setText(documentNumberText(prefix, ++serial));
-    return Value(std::int64_t{serial});
+    const auto number = desk::drawNumber(app_, "引驻登记", "YZ_引驻客户信息", code(),
+                                         [this](const std::string& text) { return numberTaken(text); });
+    登记编号.setText(number.text);
+    return Value(std::int64_t{number.流水号});
 }
 
 void 登记页::addLead(const Worked& worked, const Value& serial) {
@@ -109,36 +107,14 @@ Recordset 登记页::openForWriting() {
 }
 
 void 登记页::writeFields(Recordset& lead, const Worked& worked) {
-    const auto write = [&](std::string_view column, const TextBox& field) {
-        lead[column] = nullIfEmpty(field.text());
-    };
-    const auto writeNumber = [&](std::string_view column, const TextBox& field) {
-        lead[column] = field.text().empty() ? Value() : Value(val(field.text()));
-    };
-    if (!rules_.公司为空不写公司 || !trimmed(公司名称.text()).empty()) {
-        write("公司名称", 公司名称);
-        write("公司地址", 公司地址);
-    }
-    if (中介) write("中介公司名称", 中介->中介公司名称);
-    write("客户姓名", 客户姓名);
-    write("客户电话", 客户电话);
+    if (!rules_.公司为空不写公司 || !trimmed(公司名称.text()).empty()) 公司字段_.write(lead);
+    字段_.write(lead);
     lead["所在区域"] = worked.所在区域;
     if (媒体) lead["媒体"] = worked.媒体;
-    writeNumber("需求面积", 需求面积);
     lead["从事行业"] = 从事行业.text();
     lead["询问重点"] = worked.询问重点;
-    lead["登记日期"] = 登记日期.value();
-    write("业务员", 业务员);
-    write("备注", 备注);
     lead["客源类别"] = rules_.客源类别;
-    if (rules_.有客户详情) {
-        write("职位", *职位);
-        write("传真", *传真);
-        writeNumber("预算租金", *预算租金);
-        lead["企业性质"] = 企业性质->text();
-        write("洽谈重点", *洽谈重点);
-        write("推荐楼层", *推荐楼层);
-    }
+    if (企业性质) lead["企业性质"] = 企业性质->text();
     lead.update();
     登记编号.tag = lead["ID"].text();
 }

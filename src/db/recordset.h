@@ -16,8 +16,8 @@ namespace desk {
 /// A forward-only one that stands before its last row may hold off other seats that want to write; a write on
 /// its own connection is always possible.
 ///
-///     for (Recordset rows(connection, "Select * From YZ_区域设置"); !rows.atEnd(); rows.moveNext())
-///         区域.addItem(rows["区域名称"].text());
+///     for (auto& row : Recordset(connection, "Select * From YZ_区域设置"))
+///         区域.addItem(row["区域名称"].text());
 class Recordset {
   public:
     /// One field of the current row. Assignment is for updatable recordsets.
@@ -68,6 +68,12 @@ class Recordset {
         return {*this, column};
     }
 
+    /// The rows from the current one on, for a loop: the recordset itself, standing on each in turn.
+    class Iterator;
+    struct End {};
+    Iterator begin();
+    End end() const { return {}; }
+
     /// Starts a new row, all fields NULL until assigned. Updatable recordsets only.
     void addNew();
     /// Writes the assigned fields of the new or current row. Afterwards identities are readable, and the row
@@ -78,6 +84,24 @@ class Recordset {
   private:
     std::unique_ptr<Cursor> cursor_;
 };
+
+class Recordset::Iterator {
+  public:
+    explicit Iterator(Recordset& rows) : rows_(rows) {}
+    Recordset& operator*() const { return rows_; }
+    Iterator& operator++() {
+        rows_.moveNext();
+        return *this;
+    }
+    bool operator!=(End) const { return !rows_.atEnd(); }
+
+  private:
+    Recordset& rows_;
+};
+
+inline Recordset::Iterator Recordset::begin() {
+    return Iterator(*this);
+}
 
 /// Whether `statement` returns a row. Nothing stays open.
 bool anyRow(Connection& connection, std::string_view statement);

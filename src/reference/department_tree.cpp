@@ -23,17 +23,16 @@ struct Department {
 
 std::vector<Department> departments(Application& app) {
     std::vector<Department> all;
-    for (Recordset rows(
-             app.主连接,
-             " select 职能部门new.职能部门编号,职能部门new.职能部门名称,table2.上级部门编号 from "
-             "职能部门new left join (select 上级部门new.职能部门编号,上级部门new.上级部门编号 from "
-             "上级部门new, (select 职能部门编号,max(起始日期) as 设置日期 from 上级部门new group by "
-             "职能部门编号) as table1 where 上级部门new.职能部门编号 = table1.职能部门编号 and "
-             "上级部门new.起始日期 = table1.设置日期) as table2 on 职能部门new.职能部门编号 = "
-             "table2.职能部门编号 where 职能部门new.终止日期 is null order by "
-             "len(职能部门new.职能部门编号),职能部门new.职能部门编号");
-         !rows.atEnd(); rows.moveNext())
-        all.push_back({rows[0].text(), rows[1].text(), rows[2].text()});
+    for (auto& row :
+         Recordset(app.主连接,
+                   " select 职能部门new.职能部门编号,职能部门new.职能部门名称,table2.上级部门编号 from "
+                   "职能部门new left join (select 上级部门new.职能部门编号,上级部门new.上级部门编号 from "
+                   "上级部门new, (select 职能部门编号,max(起始日期) as 设置日期 from 上级部门new group by "
+                   "职能部门编号) as table1 where 上级部门new.职能部门编号 = table1.职能部门编号 and "
+                   "上级部门new.起始日期 = table1.设置日期) as table2 on 职能部门new.职能部门编号 = "
+                   "table2.职能部门编号 where 职能部门new.终止日期 is null order by "
+                   "len(职能部门new.职能部门编号),职能部门new.职能部门编号"))
+        all.push_back({row[0].text(), row[1].text(), row[2].text()});
     return all;
 }
 
@@ -80,10 +79,10 @@ class Hierarchy {
 };
 
 void addStaff(Tree& tree, TreeNode& parent, Recordset rows) {
-    for (; !rows.atEnd(); rows.moveNext())
+    for (auto& row : rows)
         tree.add(&parent, fmt::format("G{}.{}", parent.key(), parent.children().size()),
-                 fmt::format("{} [{}{}{}", rows["岗位名称"].text(), rows["工号"].text(), behindNumber,
-                             rows["姓名"].text()));
+                 fmt::format("{} [{}{}{}", row["岗位名称"].text(), row["工号"].text(), behindNumber,
+                             row["姓名"].text()));
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include "db/statement.h"
 #include "platform/clock.h"
 #include "reference/department_tree.h"
-#include "session/coded_combo.h"
 #include "session/helpers.h"
 #include "ui/batch.h"
 
@@ -52,7 +51,7 @@ MemberTab::MemberTab(Screen& screen, Application& app, SetupStatus& status)
 }
 
 void MemberTab::fillDuties(Recordset duties) {
-    fillCoded(Combo1, std::move(duties), "主职代号", "主职名称");
+    Combo1.fill(std::move(duties), {"主职代号", "主职名称"});
 }
 
 void MemberTab::fillTeams(Recordset teams) {
@@ -60,9 +59,9 @@ void MemberTab::fillTeams(Recordset teams) {
     const std::string selected = TreeView1.selected() != nullptr ? TreeView1.selected()->key() : "";
     TreeView1.clear();
     TreeNode& root = TreeView1.add(nullptr, rootKey, "组列表");
-    for (; !teams.atEnd(); teams.moveNext())
-        TreeView1.add(&root, teamLetter + teams["组代号"].text(),
-                      teams["组代号"].text() + " " + teams["组名称"].text());
+    for (auto& team : teams)
+        TreeView1.add(&root, teamLetter + team["组代号"].text(),
+                      team["组代号"].text() + " " + team["组名称"].text());
     TreeView1.setExpanded(root, true);
     TreeView1.select(TreeView1.find(selected));
 }
@@ -136,7 +135,7 @@ void MemberTab::showMember() {
     const int row = MSFlexGrid3.row();
     Text7.setText(MSFlexGrid3.text(row, 姓名列));
     Combo1.setIndex(-1);
-    selectByName(Combo1, MSFlexGrid3.text(row, 主职列));
+    Combo1.selectName(MSFlexGrid3.text(row, 主职列));
     if (const auto day = parseDate(MSFlexGrid3.text(row, 日期列))) DTPicker1.setValue(*day);
     Text8.setText(MSFlexGrid3.text(row, 备注列));
     status_.showChanging(title);
@@ -184,7 +183,7 @@ void MemberTab::change() {
 }
 
 void MemberTab::write(Recordset& member) {
-    member["主职代号"] = codeBeforeBlank(Combo1.text());
+    member["主职代号"] = Combo1.code();
     member["设置日期"] = isoDay(DTPicker1.value());
     member["备注"] = Text8.text();
     member.update();

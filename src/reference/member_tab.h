@@ -4,6 +4,7 @@
 
 #include "reference/setup_pages.h"
 #include "session/application.h"
+#include "session/coded_combo.h"
 #include "ui/tree.h"
 
 namespace desk {
@@ -26,7 +27,7 @@ class MemberTab {
     SetupGrid MSFlexGrid3;
     TextBox Text7;
     Button 选择员工;
-    ComboBox Combo1;
+    CodedCombo Combo1;
     DatePicker DTPicker1;
     TextBox Text8;
     Tree TreeView2;

@@ -1,5 +1,6 @@
 #include "reference/setup_grid.h"
 
+#include "session/grid_rows.h"
 #include "ui/batch.h"
 
 namespace desk {
@@ -23,17 +24,7 @@ std::string SetupGrid::key() const {
 void SetupGrid::fill(Recordset& entries, const std::vector<std::string_view>& columns,
                      const std::function<void(int row)>& each) {
     const Batch filling(*this);
-    setRows(fixedRows());
-    std::vector<int> places;
-    for (const auto column : columns) places.push_back(entries.column(column));
-    for (; !entries.atEnd(); entries.moveNext()) {
-        std::vector<std::string> cells;
-        cells.reserve(places.size() + 1);
-        cells.emplace_back();
-        for (const int place : places) cells.push_back(entries[place].text());
-        const int row = addRow(std::move(cells));
-        if (each) each(row);
-    }
+    fillGrid(*this, entries, columns, each);
     addRow();
     goToLast();
 }

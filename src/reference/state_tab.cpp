@@ -35,8 +35,7 @@ StateTab::StateTab(Screen& screen, Application& app, SetupStatus& status)
 void StateTab::load() {
     Recordset states(app_.主连接, "Select * From YZ_跟进状态设置 Order By len(状态编号),状态编号");
     const int colour = states.column("颜色表示");
-    列表.fill(states, {"状态编号", "状态名称"}, [&](int row) {
-        列表.setText(row, 说明列, states["说明"].text());
+    列表.fill(states, {"状态编号", "状态名称", "", "说明"}, [&](int row) {
         列表.setCellColour(row, 颜色列, static_cast<Colour>(states[colour].integer()));
     });
 }

@@ -22,11 +22,10 @@ void TeamOffices::showCurrent() {
     for (const auto& office : TreeView3.roots()) TreeView3.setChecked(*office, false);
     const std::string team = teams_.key();
     if (team.empty()) return;
-    for (Recordset rows(
-             app_.主连接,
-             sql("Select * From YZ_组对应管理项目设置 Where 组代号='{}' AND 终止日期 is Null", team));
-         !rows.atEnd(); rows.moveNext())
-        if (TreeNode* office = TreeView3.find("G" + rows["管理处代号"].text()))
+    for (auto& row :
+         Recordset(app_.主连接,
+                   sql("Select * From YZ_组对应管理项目设置 Where 组代号='{}' AND 终止日期 is Null", team)))
+        if (TreeNode* office = TreeView3.find("G" + row["管理处代号"].text()))
             TreeView3.setChecked(*office, true);
 }
 

@@ -1,6 +1,7 @@
 #include "session/coded_combo.h"
 
 #include "base/text.h"
+#include "db/recordset.h"
 #include "ui/batch.h"
 
 namespace desk {
@@ -14,19 +15,32 @@ void selectWhere(ComboBox& combo, std::string_view (*part)(std::string_view), st
 
 }  // namespace
 
-void fillCoded(ComboBox& combo, Recordset rows, std::string_view codeColumn, std::string_view nameColumn) {
-    const Batch fill(combo);
-    combo.clear();
-    for (; !rows.atEnd(); rows.moveNext())
-        combo.addItem(rows[codeColumn].text() + " " + rows[nameColumn].text());
+void CodedCombo::fill(Recordset rows, const Columns& columns) {
+    const Batch filling(*this);
+    clear();
+    for (auto& row : rows) {
+        const std::string text = row[columns.code].text() + " " + row[columns.name].text();
+        if (columns.colour.empty()) {
+            addItem(text);
+            continue;
+        }
+        const auto colour = static_cast<Colour>(row[columns.colour].integer());
+        addItem(text, colour, colour);
+    }
 }
 
-void selectByCode(ComboBox& combo, std::string_view code) {
-    selectWhere(combo, codeBeforeBlank, code);
+std::string CodedCombo::code() const {
+    return std::string(codeBeforeBlank(text()));
+}
+std::string CodedCombo::name() const {
+    return std::string(nameAfterBlank(text()));
 }
 
-void selectByName(ComboBox& combo, std::string_view name) {
-    selectWhere(combo, nameAfterBlank, name);
+void CodedCombo::selectCode(std::string_view code) {
+    selectWhere(*this, codeBeforeBlank, code);
+}
+void CodedCombo::selectName(std::string_view name) {
+    selectWhere(*this, nameAfterBlank, name);
 }
 
 }  // namespace desk

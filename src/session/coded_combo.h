@@ -1,19 +1,36 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
-#include "db/recordset.h"
 #include "ui/choices.h"
 
 namespace desk {
 
-/// Combos of coded entries "{code} {name}".
+class Recordset;
 
-/// Replaces the lines by those of `rows`.
-void fillCoded(ComboBox& combo, Recordset rows, std::string_view codeColumn, std::string_view nameColumn);
-/// Selects the line of that code, or none.
-void selectByCode(ComboBox& combo, std::string_view code);
-/// Selects the first line of that name, or none.
-void selectByName(ComboBox& combo, std::string_view name);
+/// A combo of coded entries "{code} {name}": offices, teams, persons, states.
+class CodedCombo : public ComboBox {
+  public:
+    using ComboBox::ComboBox;
+
+    /// The columns that entries are made of; with a third one each entry has a colour before its text, which
+    /// is its data, too.
+    struct Columns {
+        std::string_view code;
+        std::string_view name;
+        std::string_view colour{};
+    };
+    /// Replaces the entries by those of `rows`, none selected. What was read before a failure stays.
+    void fill(Recordset rows, const Columns& columns);
+
+    /// Of the selected entry, empty without one.
+    std::string code() const;
+    std::string name() const;
+
+    /// Selects the first entry of that code or name; where there is none the selection stays.
+    void selectCode(std::string_view code);
+    void selectName(std::string_view name);
+};
 
 }  // namespace desk

@@ -40,4 +40,19 @@ std::string documentNumberText(std::string_view prefix, long 流水号) {
     return std::string(prefix) + "-" + formatNumber(static_cast<double>(流水号), "000000");
 }
 
+DocumentNumber firstFree(long 流水号, const std::function<std::string(long)>& textOf,
+                         const std::function<bool(const std::string&)>& taken) {
+    DocumentNumber number{textOf(流水号), 流水号};
+    while (taken(number.text)) number = {textOf(number.流水号 + 1), number.流水号 + 1};
+    return number;
+}
+
+DocumentNumber drawNumber(Application& app, std::string_view TypeName, Name table,
+                          std::string_view 管理处代号, const std::function<bool(const std::string&)>& taken) {
+    const auto prefix = 生成单据前缀(app, TypeName);
+    return firstFree(
+        next流水号(app, table, 管理处代号), [&](long 流水号) { return documentNumberText(prefix, 流水号); },
+        taken);
+}
+
 }  // namespace desk

@@ -3,9 +3,9 @@
 #include "base/failure.h"
 #include "db/recordset.h"
 #include "db/statement.h"
+#include "session/coded_combo.h"
 #include "session/main_window.h"
 #include "ui/batch.h"
-#include "ui/choices.h"
 #include "ui/grid.h"
 #include "ui/tree.h"
 
@@ -60,11 +60,9 @@ std::string 管理处语句(const Application& app) {
         app.session.登录部门编号);
 }
 
-void 填充管理处(Application& app, ComboBox& combo) {
-    const Batch fill(combo);
+void 填充管理处(Application& app, CodedCombo& combo) {
     try {
-        for (Recordset rows(app.主连接, 管理处语句(app)); !rows.atEnd(); rows.moveNext())
-            combo.addItem(rows["GYD_DH"].text() + " " + rows["GYD_Name"].text());
+        combo.fill(Recordset(app.主连接, 管理处语句(app)), {"GYD_DH", "GYD_Name"});
     } catch (const RuntimeFailure&) {
         // The screen opens with what it has.
     }
@@ -72,8 +70,8 @@ void 填充管理处(Application& app, ComboBox& combo) {
 
 void 添加管理处(Application& app, Tree& tree, TreeNode* parent) {
     const Batch fill(tree);
-    for (Recordset rows(app.主连接, 管理处语句(app)); !rows.atEnd(); rows.moveNext())
-        tree.add(parent, "G" + rows["GYD_DH"].text(), rows["GYD_DH"].text() + " " + rows["GYD_Name"].text());
+    for (auto& row : Recordset(app.主连接, 管理处语句(app)))
+        tree.add(parent, "G" + row["GYD_DH"].text(), row["GYD_DH"].text() + " " + row["GYD_Name"].text());
 }
 
 }  // namespace desk

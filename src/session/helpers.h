@@ -7,7 +7,7 @@ namespace desk {
 class Application;
 class Grid;
 class Screen;
-class ComboBox;
+class CodedCombo;
 class Tree;
 class TreeNode;
 
@@ -26,7 +26,7 @@ void 读取专项审核权限(Application& app);
 
 /// Fills a combo with the offices that the user's department may work for, each "{GYD_DH} {GYD_Name}", none
 /// selected. A failure ends the filling without a word.
-void 填充管理处(Application& app, ComboBox& combo);
+void 填充管理处(Application& app, CodedCombo& combo);
 
 /// Adds the same offices as nodes with the key "G" and the code, under `parent` or as roots.
 void 添加管理处(Application& app, Tree& tree, TreeNode* parent);

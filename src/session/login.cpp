@@ -122,13 +122,13 @@ bool FrmLogin::readPositions() {
     positions_.clear();
     const Batch fill(List1);
     List1.clear();
-    for (; !rows.atEnd(); rows.moveNext()) {
-        List1.addItem(fmt::format("{} {}({})", rows["职能部门名称"].text(), rows["岗位名称"].text(),
-                                  rows["主要岗位"].flag() ? "主要" : "兼职"));
-        positions_.push_back({TxtUser.text(), rows["姓名"].text(), rows["职能部门编号"].text(),
-                              rows["职能部门名称"].text(), rows["岗位代号"].text(), rows["岗位名称"].text(),
-                              rows["部门类别代号"].text(), rows["部门类别名称"].text(),
-                              rows["岗位类别编号"].text(), rows["岗位类别名称"].text()});
+    for (auto& row : rows) {
+        List1.addItem(fmt::format("{} {}({})", row["职能部门名称"].text(), row["岗位名称"].text(),
+                                  row["主要岗位"].flag() ? "主要" : "兼职"));
+        positions_.push_back({TxtUser.text(), row["姓名"].text(), row["职能部门编号"].text(),
+                              row["职能部门名称"].text(), row["岗位代号"].text(), row["岗位名称"].text(),
+                              row["部门类别代号"].text(), row["部门类别名称"].text(),
+                              row["岗位类别编号"].text(), row["岗位类别名称"].text()});
     }
     return true;
 }

@@ -117,8 +117,8 @@ void MDIForm1::权限设置(const std::string& 模块) {
                 "AND 岗位代号='{}' AND memo='{}' ORDER BY GroupPrivilege.Popedom",
                 app_.session.登录岗位代号, 模块));
         // Refusals come first, so that a grant in any one group wins.
-        for (; !rows.atEnd(); rows.moveNext())
-            if (MenuEntry* named = entry(rows["FormName"].text())) named->setEnabled(rows["Popedom"].flag());
+        for (auto& row : rows)
+            if (MenuEntry* named = entry(row["FormName"].text())) named->setEnabled(row["Popedom"].flag());
     } catch (const RuntimeFailure& failure) {
         app_.inform(fmt::format("错误号：{}\r\n错误描述：{}", failure.number(), failure.description()),
                     "提示");

@@ -34,10 +34,9 @@ struct EmptyDatabase {
     /// All rows of a statement, fields joined by "|".
     std::vector<std::string> rows(std::string_view statement) {
         std::vector<std::string> lines;
-        for (Recordset found(connection, statement); !found.atEnd(); found.moveNext()) {
+        for (auto& row : Recordset(connection, statement)) {
             std::vector<std::string> fields;
-            for (int column = 0; column < found.columnCount(); ++column)
-                fields.push_back(found[column].text());
+            for (int column = 0; column < row.columnCount(); ++column) fields.push_back(row[column].text());
             lines.push_back(join(fields, "|"));
         }
         return lines;

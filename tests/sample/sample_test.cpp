@@ -25,7 +25,7 @@ Connection sampleDatabase(const sample::Size& size, const DateTime& day = today)
 /// All rows of a statement, fields joined by "|".
 std::vector<std::string> rowsOf(Connection& connection, std::string_view statement) {
     std::vector<std::string> rows;
-    for (Recordset row(connection, statement); !row.atEnd(); row.moveNext()) {
+    for (auto& row : Recordset(connection, statement)) {
         std::string line;
         for (int column = 0; column < row.columnCount(); ++column)
             line += (column > 0 ? "|" : "") + (row[column].isNull() ? "NULL" : row[column].text());
@@ -183,8 +183,8 @@ TEST_F(ASampleProperty, NumbersItsCustomersAsTheScreensDo) {
     std::map<std::string, long> last;
     std::set<std::string> numbers;
     long typed = 0;
-    for (Recordset row(db(), "Select 管理处代号,登记编号,流水号,登记日期 From YZ_引驻客户信息 Order By ID");
-         !row.atEnd(); row.moveNext()) {
+    for (auto& row :
+         Recordset(db(), "Select 管理处代号,登记编号,流水号,登记日期 From YZ_引驻客户信息 Order By ID")) {
         const std::string office = row["管理处代号"].text();
         const std::string number = row["登记编号"].text();
         EXPECT_TRUE(numbers.insert(office + "/" + number).second) << number << " comes twice";
@@ -265,14 +265,13 @@ class ItsStaff : public ASampleProperty {
     }
     static std::set<std::string> menus(const std::string& 岗位代号) {
         std::set<std::string> usable;
-        for (Recordset row(
+        for (auto& row : Recordset(
                  db(), sql("SELECT DISTINCT 岗位权限设置.ID , 岗位权限设置.组代号, 岗位权限设置.岗位代号, "
                            "岗位权限设置.授权, GroupPrivilege.FormName, GroupPrivilege.Popedom FROM  "
                            "岗位权限设置 INNER JOIN GroupPrivilege ON 岗位权限设置.组代号 = "
                            "GroupPrivilege.GroupID Where 授权 = 1 AND 岗位代号='{}' AND memo='{}' ORDER BY "
                            "GroupPrivilege.Popedom",
-                           岗位代号, "引驻台账"));
-             !row.atEnd(); row.moveNext()) {
+                           岗位代号, "引驻台账"))) {
             if (row["Popedom"].flag())
                 usable.insert(row["FormName"].text());
             else

@@ -76,9 +76,9 @@ void TestProgram::run(std::initializer_list<std::string_view> statements) {
 
 std::vector<std::string> TestProgram::rows(std::string_view statement) {
     std::vector<std::string> lines;
-    for (Recordset found(db(), statement); !found.atEnd(); found.moveNext()) {
+    for (auto& row : Recordset(db(), statement)) {
         std::vector<std::string> fields;
-        for (int column = 0; column < found.columnCount(); ++column) fields.push_back(found[column].text());
+        for (int column = 0; column < row.columnCount(); ++column) fields.push_back(row[column].text());
         lines.push_back(join(fields, "|"));
     }
     return lines;

@@ -33,41 +33,38 @@ std::string padded(const std::string& text, std::size_t width) {
 
 std::vector<Login> peopleInService(Connection& connection) {
     std::vector<Login> people;
-    for (Recordset rows(
-             connection,
-             "Select 工号,姓名,帐号密码 From 员工档案 Where 离职日期 is Null Order by len(工号),工号");
-         !rows.atEnd(); rows.moveNext())
-        people.push_back({rows["工号"].text(), rows["姓名"].text(), rows["帐号密码"].text()});
+    for (auto& row :
+         Recordset(connection,
+                   "Select 工号,姓名,帐号密码 From 员工档案 Where 离职日期 is Null Order by len(工号),工号"))
+        people.push_back({row["工号"].text(), row["姓名"].text(), row["帐号密码"].text()});
     return people;
 }
 
 std::vector<Position> positionsOf(Connection& connection, const std::string& 工号) {
     std::vector<Position> positions;
-    for (Recordset rows(connection,
-                        sql("Select 岗位信息new.岗位代号,岗位信息new.岗位名称,职能部门new.职能部门名称,"
-                            "岗位员工new.主要岗位 From 岗位员工new Inner Join 岗位信息new On "
-                            "岗位员工new.岗位代号=岗位信息new.岗位代号 Inner Join 职能部门new On "
-                            "岗位信息new.职能部门代号=职能部门new.职能部门编号 Where "
-                            "岗位员工new.员工代号='{}' And 岗位员工new.离岗日期 is Null",
-                            工号));
-         !rows.atEnd(); rows.moveNext())
-        positions.push_back({rows["岗位代号"].text(),
-                             fmt::format("{} {}({})", rows["职能部门名称"].text(), rows["岗位名称"].text(),
-                                         rows["主要岗位"].flag() ? "主要" : "兼职")});
+    for (auto& row : Recordset(
+             connection, sql("Select 岗位信息new.岗位代号,岗位信息new.岗位名称,职能部门new.职能部门名称,"
+                             "岗位员工new.主要岗位 From 岗位员工new Inner Join 岗位信息new On "
+                             "岗位员工new.岗位代号=岗位信息new.岗位代号 Inner Join 职能部门new On "
+                             "岗位信息new.职能部门代号=职能部门new.职能部门编号 Where "
+                             "岗位员工new.员工代号='{}' And 岗位员工new.离岗日期 is Null",
+                             工号)))
+        positions.push_back({row["岗位代号"].text(),
+                             fmt::format("{} {}({})", row["职能部门名称"].text(), row["岗位名称"].text(),
+                                         row["主要岗位"].flag() ? "主要" : "兼职")});
     return positions;
 }
 
 /// The menu entries that the position can use.
 std::string menusOf(Connection& connection, const std::string& 岗位代号) {
     std::vector<std::string> entries;
-    for (Recordset rows(connection,
-                        sql("Select GroupPrivilege.FormName From 岗位权限设置 Inner Join GroupPrivilege On "
-                            "岗位权限设置.组代号=GroupPrivilege.GroupID Where 授权=1 And Popedom=1 And "
-                            "岗位代号='{}' And memo='引驻台账'",
-                            岗位代号));
-         !rows.atEnd(); rows.moveNext())
+    for (auto& row : Recordset(
+             connection, sql("Select GroupPrivilege.FormName From 岗位权限设置 Inner Join GroupPrivilege On "
+                             "岗位权限设置.组代号=GroupPrivilege.GroupID Where 授权=1 And Popedom=1 And "
+                             "岗位代号='{}' And memo='引驻台账'",
+                             岗位代号)))
         // Several groups may grant the same entry.
-        if (const auto entry = rows["FormName"].text();
+        if (const auto entry = row["FormName"].text();
             std::find(entries.begin(), entries.end(), entry) == entries.end())
             entries.push_back(entry);
     return join(entries, "、");

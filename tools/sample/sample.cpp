@@ -1,5 +1,6 @@
 #include "sample/sample.h"
 
+#include "db/transaction.h"
 #include "sample/dictionaries.h"
 #include "sample/leads.h"
 #include "sample/letters.h"
@@ -36,14 +37,9 @@ void fillAll(Connection& connection, const Size& size, const DateTime& today) {
 }  // namespace
 
 void fill(Connection& connection, const Size& size, const DateTime& today) {
-    connection.begin();
-    try {
-        fillAll(connection, size, today);
-        connection.commit();
-    } catch (...) {
-        connection.rollback();
-        throw;
-    }
+    Transaction all(connection);
+    fillAll(connection, size, today);
+    all.commit();
 }
 
 Limits leadLimits() {
