@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/text.h"
 #include "schema/table_lists.h"
 
 namespace desk::schema {
@@ -30,6 +31,20 @@ const Column* Table::identity() const {
     const auto found = std::find_if(columns.begin(), columns.end(),
                                     [](const Column& c) { return c.kind == Kind::identity; });
     return found == columns.end() ? nullptr : &*found;
+}
+
+RowAddress Table::address() const {
+    if (const auto* number = identity()) return {{number}, true};
+    RowAddress found{{}, false};
+    for (const auto& index : indexes) {
+        if (!index.unique) continue;
+        for (const auto& part : split(index.columns, ',')) found.columns.push_back(column(part));
+        found.unique = true;
+        return found;
+    }
+    for (const auto& each : columns)
+        if (each.copyOf.empty()) found.columns.push_back(&each);
+    return found;
 }
 
 std::span<const Table> tables() {

@@ -34,15 +34,26 @@ struct Index {
     bool unique = false;
 };
 
+/// How a row that was read is found again on a server, which has no numbers of rows.
+struct RowAddress {
+    std::vector<const Column*> columns;  ///< compared with what was read
+    bool unique;                         ///< otherwise the first row that compares equal is as good as any
+};
+
 struct Table {
     std::string_view name;
     std::vector<Column> columns;
     std::vector<Index> indexes;
+    /// The columns that tell rows apart by their meaning, where there is no identity and no unique index:
+    /// data of other modules, or an entry that was renamed to the name of another, may break it.
+    std::string_view key{};
 
     /// The column of that name, ASCII case ignored; null if there is none.
     const Column* column(std::string_view columnName) const;
     /// The column that the database numbers; null if there is none.
     const Column* identity() const;
+    /// By the identity, or by a unique index; where only the meaning keeps rows apart, by all that they hold.
+    RowAddress address() const;
 };
 
 /// All tables that the system's statements name, its own ("YZ_…") first.

@@ -33,6 +33,26 @@ TEST(Catalogue, NamesInIndexesAndCopiesAreColumns) {
     }
 }
 
+/// Rows that only their meaning keeps apart are found again by all that they hold.
+TEST(Catalogue, HasAKeyForEveryTable) {
+    for (const auto& table : tables()) {
+        const auto address = table.address();
+        EXPECT_EQ(address.unique, table.key.empty()) << table.name;
+        EXPECT_FALSE(address.columns.empty()) << table.name;
+        for (const auto* column : address.columns) EXPECT_NE(column, nullptr) << table.name;
+        if (table.key.empty()) continue;
+        for (const auto& name : split(table.key, ',')) EXPECT_NE(table.column(name), nullptr) << name;
+    }
+    const auto columnsOf = [](std::string_view name) {
+        std::vector<std::string> names;
+        for (const auto* column : table(name)->address().columns) names.emplace_back(column->name);
+        return join(names, ",");
+    };
+    EXPECT_EQ(columnsOf("YZ_意向书信息"), "ID");
+    EXPECT_EQ(columnsOf("YZ_组表"), "组代号");
+    EXPECT_EQ(columnsOf("YZ_组对应管理项目设置"), "组代号,管理处代号,设置日期,终止日期");
+}
+
 TEST(Catalogue, FindsNamesWhateverTheirCase) {
     ASSERT_NE(table("yz_跟进状态设置"), nullptr);
     ASSERT_NE(table("setupsfxm"), nullptr);
