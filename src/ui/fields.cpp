@@ -23,9 +23,8 @@ void TextBox::type(std::string_view text) {
 }
 
 std::string TextBox::doubt() const {
-    const double stored = val(text_);
-    if (!numeric_ || text_.empty() || wholeNumber(text_) == stored) return {};
-    return "不是纯数字，将按 " + numberText(stored) + " 保存";
+    if (!numeric_ || text_.empty() || wholeNumber(text_)) return {};
+    return "不是纯数字，将按 " + numberText(val(text_)) + " 保存";
 }
 
 void TextBox::pressEnter() {

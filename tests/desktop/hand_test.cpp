@@ -141,6 +141,10 @@ TEST_F(Hand, OnlyALeftClickMarks) {
     Person::click(viewportOf(grid), lineOf(grid, {0}));
     EXPECT_EQ(heard(), "Alpha,1");
     for (const auto button : {Qt::RightButton, Qt::MiddleButton}) {
+        // A menu opens at the press: by then nothing may be marked, and the release may never come.
+        QTest::mousePress(&viewportOf(tree), button, {}, lineOf(tree, {0, 1}));
+        QTest::mousePress(&viewportOf(grid), button, {}, lineOf(grid, {1}));
+        EXPECT_EQ(markedIn(form.tree) + markedIn(form.grid), "AlphaAlpha");
         Person::click(viewportOf(tree), lineOf(tree, {0, 1}), button);
         Person::click(viewportOf(grid), lineOf(grid, {1}), button);
         Person::click(viewportOf(person.at(form.several)), lineOf(person.at(form.several), {0}), button);
@@ -405,12 +409,12 @@ TEST_F(Hand, EqualNeighboursAreOneCell) {
 
 /// A header of two rows: where equal titles are one there is no line between them.
 TEST_F(Hand, EqualTitlesAreOne) {
-    form.grid.addRow({"序", "名称", "编号"});
+    form.grid.addRow({"名称", "名称", "编号"});
     for (const int column : {0, 1}) form.grid.setText(0, column, "客户");
     form.grid.setText(0, 2, "其它");
     form.grid.setFixedRows(2);
     form.grid.setMerging(Merge::free);
-    for (const int row : {0, 1}) form.grid.setMergesRow(row, true);
+    form.grid.setMergesRow(0, true);  // the second row shows its equal titles apart
     const Person person(shown({&form.grid}));
     auto& header = *person.at<QTableView>(form.grid).horizontalHeader();
     const QImage picture = header.grab().toImage();
