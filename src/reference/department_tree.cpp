@@ -14,6 +14,8 @@ namespace desk {
 namespace {
 
 constexpr std::string_view behindNumber = "] ";
+/// Stands in the key of a staff node before the staff number: what the text shows could be cut in two ways.
+constexpr char beforeNumber = '\x1f';
 
 struct Department {
     std::string number;
@@ -80,7 +82,9 @@ class Hierarchy {
 
 void addStaff(Tree& tree, TreeNode& parent, Recordset rows) {
     for (auto& row : rows)
-        tree.add(&parent, fmt::format("G{}.{}", parent.key(), parent.children().size()),
+        tree.add(&parent,
+                 fmt::format("G{}.{}{}{}", parent.key(), parent.children().size(), beforeNumber,
+                             row["工号"].text()),
                  fmt::format("{} [{}{}{}", row["岗位名称"].text(), row["工号"].text(), behindNumber,
                              row["姓名"].text()));
 }
@@ -125,14 +129,12 @@ void 添加岗位信息(Application& app, Tree& tree, const std::string& 部门�
 
 bool isStaff(const TreeNode& node) {
     // The code of a department may begin with the same letter.
-    return node.key().starts_with("G") && !node.key().ends_with("$");
+    return node.key().starts_with("G") && node.key().find(beforeNumber) != std::string::npos;
 }
 
 std::string_view staffNumber(const TreeNode& node) {
-    const std::string_view text = node.text();
-    const auto end = text.rfind(behindNumber);
-    const auto start = text.rfind('[', end);
-    return text.substr(start + 1, end - start - 1);
+    const std::string_view key = node.key();
+    return key.substr(key.find(beforeNumber) + 1);
 }
 
 std::string_view staffName(const TreeNode& node) {

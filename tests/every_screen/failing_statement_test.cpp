@@ -1,0 +1,79 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "base/failure.h"
+#include "every_screen/walks.h"
+
+namespace desk {
+namespace {
+
+class EveryScreen : public testing::TestWithParam<std::size_t> {
+  protected:
+    const Walk& walk() const { return walks()[GetParam()]; }
+
+    /// A program in which everything before that step has been done.
+    std::unique_ptr<Scene> sceneBefore(std::size_t step) const {
+        auto scene = sceneOf(walk(), "甲");
+        for (std::size_t i = 0; i < step; ++i) walk().steps[i].act(*scene);
+        scene->program.desktop.messages.clear();
+        scene->program.fault.statements.clear();
+        return scene;
+    }
+};
+
+/// What became of a failure: the letters of Step::whenFailing, "?" for anything else.
+char fateOf(Scene& scene, const Step& step) {
+    try {
+        step.act(scene);
+    } catch (const RuntimeFailure& failure) {
+        return failure.number() == failure::rowGone && failure.description() == Fault::text ? 'E' : '?';
+    }
+    const auto& messages = scene.program.desktop.messages;
+    const auto told = std::count_if(messages.begin(), messages.end(), [](const Message& message) {
+        return message.text.find(Fault::text) != std::string::npos;
+    });
+    return told == 0 ? 'S' : told == 1 ? 'B' : '?';
+}
+
+/// Each statement of each handler fails once. The program ends, tells it or goes on, as it should; and in the
+/// database stands what the statements before it have done, no more and no less.
+TEST_P(EveryScreen, LosesAStatementAndKeepsItsOrder) {
+    for (std::size_t i = 0; i < walk().steps.size(); ++i) {
+        const Step& step = walk().steps[i];
+        SCOPED_TRACE(walk().name + " " + step.name);
+        std::vector<std::vector<std::string>> rowsBefore;
+        const auto whole = sceneBefore(i);
+        bool looking = false;
+        whole->program.fault.seen = [&](std::string_view) {
+            if (std::exchange(looking, true)) return;
+            rowsBefore.push_back(everyRow(whole->program));
+            looking = false;
+        };
+        step.act(*whole);
+        const auto statements = whole->program.fault.statements;
+
+        std::string fates;
+        for (std::size_t n = 0; n < statements.size(); ++n) {
+            const auto scene = sceneBefore(i);
+            scene->program.fault.in = static_cast<int>(n) + 1;
+            scene->program.fault.number = failure::rowGone;
+            fates += fateOf(*scene, step);
+            EXPECT_EQ(scene->program.fault.in, 0) << "not met: " << statements[n];
+            EXPECT_EQ(everyRow(scene->program), rowsBefore[n]) << statements[n];
+            // What the person sees can still be read, and closed.
+            while (Screen* child = scene->program.app.screens.activeChild()) {
+                EXPECT_FALSE(shownBy(*child).empty());
+                scene->program.app.screens.unload(*child);
+            }
+        }
+        EXPECT_EQ(fates, step.whenFailing.empty() ? std::string(statements.size(), 'E') : step.whenFailing)
+            << testing::PrintToString(statements);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Walks, EveryScreen, testing::Range(std::size_t{0}, walks().size()));
+
+}  // namespace
+}  // namespace desk
