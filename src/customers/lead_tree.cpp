@@ -51,10 +51,9 @@ void 添加客户(Tree& tree, TreeNode* parent, std::string_view prefix, std::st
               std::string_view text) {
     std::string key(prefix);
     key += number;
-    if (tree.find(key) != nullptr) {
-        key += 重号;
-        key += std::to_string((parent != nullptr ? parent->children() : tree.roots()).size());
-    }
+    if (tree.addIfNew(parent, key, text) != nullptr) return;
+    key += 重号;
+    key += std::to_string((parent != nullptr ? parent->children() : tree.roots()).size());
     tree.add(parent, key, text);
 }
 

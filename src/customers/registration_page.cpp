@@ -169,20 +169,17 @@ void 登记页::refillTree() {
     const int company = rows.column("公司名称");
     const int contact = rows.column("客户姓名");
     const int date = rows.column("登记日期");
-    for (auto& row : rows)
-        添加客户(客户, &root, rules_.键前缀, row[number].view(),
-                 nodeText(row, company, contact, number, date));
+    std::string text;
+    for (auto& row : rows) {
+        text = row[number].view();
+        text += ' ';
+        text += row[rules_.无公司显示客户 && row[company].isNull() ? contact : company].view();
+        text += " [";
+        text += row[date].text();
+        text += ']';
+        添加客户(客户, &root, rules_.键前缀, row[number].view(), text);
+    }
     客户.setExpanded(root, true);
-}
-
-std::string 登记页::nodeText(Recordset& rows, int company, int contact, int number, int date) const {
-    std::string text(rows[number].view());
-    text += ' ';
-    text += rows[rules_.无公司显示客户 && rows[company].isNull() ? contact : company].view();
-    text += " [";
-    text += rows[date].text();
-    text += ']';
-    return text;
 }
 
 void 登记页::clearChoices() {

@@ -114,7 +114,6 @@ class 登记页 {
     std::string code() const { return 管理项目.code(); }
 
     void refillTree();
-    std::string nodeText(Recordset& rows, int company, int contact, int number, int date) const;
     void selectNode(const TreeNode& node);
     void showLead(Recordset& lead);
     void showRegion(const std::string& region);

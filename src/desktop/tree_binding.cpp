@@ -12,18 +12,41 @@
 namespace desk::desktop {
 
 TreeModel::TreeModel(Tree& tree, QObject* parent) : QAbstractItemModel(parent), tree_(tree) {
-    follow(this, tree.structureChanging, [this] {
-        if (away_) return;
-        beginResetModel();
-        away_ = true;
-    });
-    follow(this, tree.structureChanged, [this] {
-        away_ = false;
-        endResetModel();
-    });
+    follow(this, tree.structureChanging, [this] { beginChange(); });
+    follow(this, tree.structureChanged, [this] { endChange(); });
 }
 
-const std::vector<std::unique_ptr<TreeNode>>& TreeModel::children(const QModelIndex& parent) const {
+void TreeModel::beginChange() {
+    if (away_) return;
+    if (const auto& step = tree_.step()) {
+        const QModelIndex parent = indexOf(step->parent);
+        if (step->what == Tree::Step::What::comes)
+            beginInsertRows(parent, step->row, step->row);
+        else
+            beginRemoveRows(parent, step->row, step->row);
+    } else {
+        beginResetModel();
+        away_ = true;
+    }
+}
+
+void TreeModel::endChange() {
+    if (away_) {
+        away_ = false;
+        endResetModel();
+    } else if (const auto& step = tree_.step()) {
+        if (step->what == Tree::Step::What::comes)
+            endInsertRows();
+        else
+            endRemoveRows();
+    } else {
+        // The change had begun before this model was there to hear of it.
+        beginResetModel();
+        endResetModel();
+    }
+}
+
+const TreeNodes& TreeModel::children(const QModelIndex& parent) const {
     return parent.isValid() ? nodeOf(parent)->children() : tree_.roots();
 }
 
@@ -37,7 +60,7 @@ QModelIndex TreeModel::indexOf(const TreeNode* node) const {
 
 QModelIndex TreeModel::index(int row, int column, const QModelIndex& parent) const {
     if (away_ || row < 0 || column != 0 || row >= rowCount(parent)) return {};
-    return createIndex(row, 0, children(parent)[static_cast<std::size_t>(row)].get());
+    return createIndex(row, 0, children(parent)[static_cast<std::size_t>(row)]);
 }
 
 QModelIndex TreeModel::parent(const QModelIndex& child) const {
@@ -109,6 +132,7 @@ class TreeWidget : public QTreeView {
     }
 
     void keyPressEvent(QKeyEvent* event) override {
+        if (model_->isAway()) return;
         const bool ticks = tree_.style() == Tree::Style::checkBoxes;
         if (isEnter(*event) || (event->key() == Qt::Key_Space && !ticks)) return click(currentIndex());
         const QModelIndex before = currentIndex();
@@ -120,11 +144,11 @@ class TreeWidget : public QTreeView {
 
   private:
     void click(const QModelIndex& index) {
-        if (index.isValid()) enter([&] { tree_.click(*TreeModel::nodeOf(index)); });
+        if (index.isValid() && !model_->isAway()) enter([&] { tree_.click(*TreeModel::nodeOf(index)); });
     }
 
     void noteExpanded(const QModelIndex& index, bool expanded) {
-        if (showing_) return;
+        if (showing_ || model_->isAway()) return;
         const QScopedValueRollback quiet(showing_, true);
         tree_.setExpanded(*TreeModel::nodeOf(index), expanded);
     }
@@ -133,15 +157,15 @@ class TreeWidget : public QTreeView {
         const QScopedValueRollback quiet(showing_, true);
         const auto& roots = tree_.roots();
         setRootIsDecorated(std::any_of(roots.begin(), roots.end(),
-                                       [](const auto& root) { return !root->children().empty(); }));
+                                       [](const TreeNode* root) { return !root->children().empty(); }));
         showExpansion(roots);
         showSelection();
     }
 
-    void showExpansion(const std::vector<std::unique_ptr<TreeNode>>& nodes) {
-        for (const auto& node : nodes) {
+    void showExpansion(const TreeNodes& nodes) {
+        for (const TreeNode* node : nodes) {
             if (node->children().empty()) continue;
-            const QModelIndex index = model_->indexOf(node.get());
+            const QModelIndex index = model_->indexOf(node);
             if (isExpanded(index) != node->expanded()) setExpanded(index, node->expanded());
             showExpansion(node->children());
         }

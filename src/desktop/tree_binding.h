@@ -7,13 +7,16 @@
 
 namespace desk::desktop {
 
-/// The nodes of a Tree as Qt asks for them, without a copy of them.
+/// The nodes of a Tree as Qt asks for them, without a copy of them. A single node that comes or goes leaves
+/// the reader's place as it is.
 class TreeModel : public QAbstractItemModel {
   public:
     explicit TreeModel(Tree& tree, QObject* parent = nullptr);
 
     QModelIndex indexOf(const TreeNode* node) const;
     static TreeNode* nodeOf(const QModelIndex& index);
+    /// Whether nodes come and go just now: what a view still shows may be gone, and cannot be clicked.
+    bool isAway() const { return away_; }
 
     QModelIndex index(int row, int column, const QModelIndex& parent) const override;
     QModelIndex parent(const QModelIndex& child) const override;
@@ -24,10 +27,12 @@ class TreeModel : public QAbstractItemModel {
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
   private:
-    const std::vector<std::unique_ptr<TreeNode>>& children(const QModelIndex& parent) const;
+    const TreeNodes& children(const QModelIndex& parent) const;
+    void beginChange();
+    void endChange();
 
     Tree& tree_;
-    bool away_ = false;  ///< nodes come and go just now
+    bool away_ = false;  ///< many nodes come and go just now: nothing is shown until they have
 };
 
 QWidget* treeWidget(Tree& tree);

@@ -56,7 +56,7 @@ void MemberTab::fillDuties(Recordset duties) {
 
 void MemberTab::fillTeams(Recordset teams) {
     const Batch fill(TreeView1);
-    const std::string selected = TreeView1.selected() != nullptr ? TreeView1.selected()->key() : "";
+    const std::string selected(TreeView1.selected() != nullptr ? TreeView1.selected()->key() : "");
     TreeView1.clear();
     TreeNode& root = TreeView1.add(nullptr, rootKey, "组列表");
     for (auto& team : teams)

@@ -123,7 +123,7 @@ TEST_F(Analysis, AllTicksAndUnticksEveryState) {
     const auto ticked = [&] {
         std::vector<std::string> names;
         for (const auto& state : form.TreeView2.roots())
-            if (state->checked()) names.push_back(state->text());
+            if (state->checked()) names.emplace_back(state->text());
         return names;
     };
     form.Check6.click();

@@ -80,7 +80,7 @@ class Pipeline : public testing::Test {
     std::vector<std::string> ownCustomers() {
         diary().管理项目.pick("01 东塔");
         std::vector<std::string> texts;
-        for (const auto& node : diary().客户.roots()) texts.push_back(node->text());
+        for (const auto& node : diary().客户.roots()) texts.emplace_back(node->text());
         return texts;
     }
     void record(const std::string& day, const std::string& person, const std::string& state,
@@ -99,7 +99,7 @@ class Pipeline : public testing::Test {
 
 TEST_F(Pipeline, AllKindsOfLeadsAreShownWithTheirMark) {
     std::vector<std::string> texts;
-    for (const auto& node : assigning().客户.roots()) texts.push_back(node->text());
+    for (const auto& node : assigning().客户.roots()) texts.emplace_back(node->text());
     EXPECT_EQ(texts, (std::vector<std::string>{"（引驻来人）9 甲公司", "（引驻来电）10 陈先生",
                                                "（中介来人）11 ", "（自行开发）12 丁公司"}));
     ASSERT_EQ(assigning().选择组.count(), 2);  // the ended link is not offered, short codes come first

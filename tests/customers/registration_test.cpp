@@ -51,7 +51,7 @@ class Registration : public testing::Test {
     }
     std::vector<std::string> nodes(登记页& page) {
         std::vector<std::string> texts;
-        for (const auto& node : page.客户.roots().front()->children()) texts.push_back(node->text());
+        for (const auto& node : page.客户.roots().front()->children()) texts.emplace_back(node->text());
         return texts;
     }
     long leads() { return std::stol(program.rows("Select Count(*) AS SL From YZ_引驻客户信息").front()); }

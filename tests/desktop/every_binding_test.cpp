@@ -120,7 +120,7 @@ void fillTree(Tree& tree) {
 }
 
 std::string selectedKey(const Tree& tree) {
-    return tree.selected() == nullptr ? "" : tree.selected()->key();
+    return std::string(tree.selected() == nullptr ? "" : tree.selected()->key());
 }
 
 const std::vector<Case>& cases() {

@@ -23,7 +23,7 @@ namespace {
 class Hand : public testing::Test {
   protected:
     Hand() {
-        form.tree.nodeClicked += [this](TreeNode& node) { clicks.push_back(node.text()); };
+        form.tree.nodeClicked += [this](TreeNode& node) { clicks.emplace_back(node.text()); };
         form.grid.clicked += [this] { clicks.push_back(std::to_string(form.grid.row())); };
         form.grid.doubleClicked += [this] { clicks.emplace_back("again"); };
     }

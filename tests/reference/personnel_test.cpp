@@ -44,18 +44,17 @@ class Personnel : public SetupTest {
     static void expectTree(const Tree& tree, const std::vector<std::string>& expected) {
         std::vector<std::string> lines;
         const std::function<void(const TreeNode&, int)> visit = [&](const TreeNode& node, int depth) {
-            lines.push_back(std::string(static_cast<std::size_t>(depth), ' ') + node.text());
-            for (const auto& child : node.children()) visit(*child, depth + 1);
+            lines.push_back(std::string(static_cast<std::size_t>(depth), ' ').append(node.text()));
+            for (const TreeNode* child : node.children()) visit(*child, depth + 1);
         };
-        for (const auto& root : tree.roots()) visit(*root, 0);
+        for (const TreeNode* root : tree.roots()) visit(*root, 0);
         EXPECT_EQ(lines, expected);
     }
     void pick(MemberTab& tab, std::string_view text) {
         if (!tab.TreeView2.visible()) tab.选择员工.click();
-        const std::function<TreeNode*(const std::vector<std::unique_ptr<TreeNode>>&)> find =
-            [&](const auto& nodes) -> TreeNode* {
-            for (const auto& node : nodes) {
-                if (node->text() == text) return node.get();
+        const std::function<TreeNode*(const TreeNodes&)> find = [&](const TreeNodes& nodes) -> TreeNode* {
+            for (TreeNode* node : nodes) {
+                if (node->text() == text) return node;
                 if (TreeNode* below = find(node->children())) return below;
             }
             return nullptr;

@@ -123,9 +123,8 @@ class Painter {
         add(name + ".items", quoted(join(texts, "|")));
     }
 
-    void nodes(const Tree& tree, const std::string& place,
-               const std::vector<std::unique_ptr<TreeNode>>& siblings) {
-        for (const auto& node : siblings) {
+    void nodes(const Tree& tree, const std::string& place, const TreeNodes& siblings) {
+        for (const TreeNode* node : siblings) {
             const std::string here = fmt::format("{}.{}", place, node->row());
             const char* tick = tree.style() == Tree::Style::plain ? "" : node->checked() ? "[x] " : "[ ] ";
             add(here, tick + quoted(node->text()) + (node->expanded() ? " open" : ""));

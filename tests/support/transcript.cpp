@@ -43,9 +43,9 @@ std::string unquoted(std::string text) {
     return text;
 }
 
-TreeNode* findNode(const std::vector<std::unique_ptr<TreeNode>>& nodes, const std::string& text) {
-    for (const auto& node : nodes) {
-        if (node->text() == text) return node.get();
+TreeNode* findNode(const TreeNodes& nodes, const std::string& text) {
+    for (TreeNode* node : nodes) {
+        if (node->text() == text) return node;
         if (TreeNode* below = findNode(node->children(), text)) return below;
     }
     return nullptr;
