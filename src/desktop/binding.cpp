@@ -11,29 +11,37 @@
 #include "desktop/grid_binding.h"
 #include "desktop/text_binding.h"
 #include "desktop/tree_binding.h"
+#include "desktop/window_change.h"
 
 namespace desk::desktop {
 
 namespace {
 
+constexpr Qt::FocusReason askedByScreen = Qt::ShortcutFocusReason;
+
 class FocusWatch : public QObject {
   public:
-    FocusWatch(Control& control, QWidget* widget) : QObject(widget), control_(control) {
+    FocusWatch(Control& control, QWidget* widget) : QObject(widget), control_(&control) {
         // A calendar leaves the focus to a part of it.
         while (widget->focusProxy() != nullptr) widget = widget->focusProxy();
         widget->installEventFilter(this);
+        follow(this, control.gone, [this] { control_ = nullptr; });
     }
     bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() != QEvent::FocusIn) return false;
-        // A window that comes back to the front, or a list that closes, moves no focus for the person.
-        const auto reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
-            enter([this] { control_.focused(); });
+        if (event->type() != QEvent::FocusIn || control_ == nullptr) return false;
+        if (isMove(static_cast<QFocusEvent*>(event)->reason())) enter([this] { control_->focused(); });
         return false;
     }
 
   private:
-    Control& control_;
+    /// A window that comes back to the front, or a list that closes, moves no focus for the person.
+    bool isMove(Qt::FocusReason reason) const {
+        if (reason == askedByScreen) return true;
+        if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason) return false;
+        return !WindowChange::runs();
+    }
+
+    Control* control_;
 };
 
 class WheelWatch : public QObject {
@@ -50,6 +58,36 @@ class WheelWatch : public QObject {
   private:
     QWidget* widget_;
 };
+
+/// Lets through to a widget whose control has gone what Qt needs to take it away, and nothing else.
+class Deaf : public QObject {
+  public:
+    using QObject::QObject;
+    bool eventFilter(QObject*, QEvent* event) override {
+        switch (event->type()) {
+            case QEvent::DeferredDelete:
+            case QEvent::Hide:
+            case QEvent::HideToParent:
+            case QEvent::ParentChange:
+            case QEvent::ChildRemoved:
+                return false;
+            default:
+                return true;
+        }
+    }
+};
+
+/// One of its own events may be running, so that it is only taken out of use now, and goes when none does.
+void takeAway(QWidget* widget) {
+    widget->setObjectName({});
+    auto* deaf = new Deaf(widget);
+    for (QWidget* part : QWidgetList{widget} + widget->findChildren<QWidget*>()) {
+        part->blockSignals(true);
+        part->installEventFilter(deaf);
+    }
+    widget->hide();
+    widget->deleteLater();
+}
 
 template <class C>
 QWidget* tried(Control& control, QWidget* (*make)(C&)) {
@@ -91,13 +129,14 @@ void bindCommon(Control& control, QWidget* widget) {
     // Shown with the window; a call here would open a window of its own.
     if (!control.visible()) widget->hide();
     follow(widget, control.touched, apply);
-    follow(widget, control.focusAsked, [widget] { widget->setFocus(Qt::OtherFocusReason); });
+    follow(widget, control.focusAsked, [widget] { widget->setFocus(askedByScreen); });
     new FocusWatch(control, widget);
 }
 
 QWidget* widgetFor(Control& control) {
     QWidget* widget = make(control);
     bindCommon(control, widget);
+    follow(widget, control.gone, [widget] { takeAway(widget); });
     return widget;
 }
 

@@ -9,7 +9,7 @@
 
 namespace desk::desktop {
 
-/// Keeps a slot connected to a control's signal for as long as `widget` lives.
+/// Keeps a slot connected to a signal for as long as `widget` lives.
 class Kept : public QObject {
   public:
     Kept(QObject* widget, Subscription subscription)
@@ -19,9 +19,17 @@ class Kept : public QObject {
     Subscription subscription_;
 };
 
+/// Runs `slot`, through the edge, whenever `signal` is raised while `widget` lives: what goes wrong in
+/// showing something is no failure of the screen that has changed it.
 template <class... Args, class Slot>
 void follow(QObject* widget, Signal<Args...>& signal, Slot slot) {
-    new Kept(widget, signal.connect(std::move(slot)));
+    new Kept(widget,
+             signal.connect([slot = std::move(slot)](Args... args) { enter([&] { slot(args...); }); }));
+}
+
+/// Whether a widget still has its control: not, where a handler of the control has ended its life.
+inline bool isBound(const QWidget* widget) {
+    return !widget->objectName().isEmpty();
 }
 
 /// The widget's property that says whether a save demands its control, for the caption to mark it.
@@ -37,7 +45,7 @@ void keepWheelForFocus(QWidget* widget);
 /// What every binding shares: name, enabled, visible, demanded, the focus both ways.
 void bindCommon(Control& control, QWidget* widget);
 
-/// A widget that shows `control` and tells it what people do. The control must outlive it.
+/// A widget that shows `control` and tells it what people do. It goes when the control goes.
 QWidget* widgetFor(Control& control);
 
 }  // namespace desk::desktop

@@ -88,9 +88,9 @@ class ListView : public QListWidget {
 
 /// Whatever the mouse or the keyboard has toggled is a click on that line.
 void clickToggled(ListBox& list, QListWidget* shown) {
-    for (int line = 0; line < shown->count(); ++line)
+    for (int line = 0; isBound(shown) && line < shown->count(); ++line)
         if (shown->item(line)->isSelected() != list.isSelected(line)) enter([&] { list.click(line); });
-    selectAsHeld(list, shown);
+    if (isBound(shown)) selectAsHeld(list, shown);
 }
 
 }  // namespace

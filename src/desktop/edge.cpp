@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QScopedValueRollback>
 #include <cstdio>
 #include <cstdlib>
 
@@ -25,15 +26,24 @@ namespace {
 }  // namespace
 
 void Edge::run(const std::function<void()>& handler) {
-    ++depth_;
+    runInside(handler);
+    if (depth_ == 0 && cleaning_) cleaning_();
+}
+
+void Edge::runInside(const std::function<void()>& handler) {
+    const QScopedValueRollback inside(depth_, depth_ + 1);
     try {
         handler();
     } catch (const RuntimeFailure& failure) {
-        endWith(QString("运行时错误 '%1'").arg(failure.number()), text(failure.description()));
+        end(QString("运行时错误 '%1'").arg(failure.number()), text(failure.description()));
     } catch (const std::exception& failure) {
-        endWith("运行时错误", failure.what());
+        end("运行时错误", failure.what());
     }
-    if (--depth_ == 0 && cleaning_) cleaning_();
+}
+
+void Edge::end(const QString& title, const QString& description) {
+    // What fails again while the box is up, as a paint does, adds nothing to it.
+    if (!std::exchange(ending_, true)) endWith(title, description);
 }
 
 Edge& edge() {

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <QString>
 #include <functional>
 
 namespace desk::desktop {
 
-/// The one door from the window system into the screens: every handler runs through it. A failure that nobody
-/// traps is shown as "运行时错误 '{number}'" with its description, and ends the process with exit code 1.
+/// The one door from the window system into the screens: every handler runs through it, and so does whatever
+/// Qt calls to paint a screen's data or to ask for them. A failure that nobody traps is shown as "运行时错误
+/// '{number}'" with its description, and ends the process with exit code 1.
 class Edge {
   public:
     /// Runs a handler.
@@ -16,7 +18,11 @@ class Edge {
     bool isInside() const { return depth_ > 0; }
 
   private:
+    void runInside(const std::function<void()>& handler);
+    void end(const QString& title, const QString& description);
+
     int depth_ = 0;
+    bool ending_ = false;  ///< the box of a failure is up
     std::function<void()> cleaning_;
 };
 
@@ -26,6 +32,14 @@ Edge& edge();
 /// Runs a handler through the edge.
 inline void enter(const std::function<void()>& handler) {
     edge().run(handler);
+}
+
+/// Asks something through the edge, for Qt's own calls that want an answer.
+template <class Question>
+auto answered(const Question& question) {
+    decltype(question()) answer{};
+    edge().run([&] { answer = question(); });
+    return answer;
 }
 
 }  // namespace desk::desktop

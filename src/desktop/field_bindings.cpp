@@ -89,9 +89,9 @@ QWidget* optionWidget(OptionButton& option) {
     const auto show = [&option, shown] { shown->setChecked(option.chosen()); };
     show();
     follow(shown, option.touched, show);
-    QObject::connect(shown, &QRadioButton::clicked, shown, [&option, show] {
+    QObject::connect(shown, &QRadioButton::clicked, shown, [&option, shown, show] {
         enter([&] { option.click(); });
-        show();
+        if (isBound(shown)) show();
     });
     return shown;
 }

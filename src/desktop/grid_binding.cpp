@@ -32,21 +32,23 @@ Qt::Alignment alignmentOf(Align align) {
 
 }  // namespace
 
-GridModel::GridModel(Grid& grid, QObject* parent)
-    : QAbstractTableModel(parent),
-      grid_(grid),
-      rows_(std::max(grid.rows() - grid.fixedRows(), 0)),
-      columns_(grid.columns()) {
+GridModel::GridModel(Grid& grid, QObject* parent) : QAbstractTableModel(parent), grid_(&grid) {
+    takeCounts();
     follow(this, grid.structureChanged, [this] {
         beginResetModel();
-        rows_ = std::max(grid_.rows() - grid_.fixedRows(), 0);
-        columns_ = grid_.columns();
+        takeCounts();
         endResetModel();
     });
     follow(this, grid.cellsChanged, [this] {
         if (rows_ > 0 && columns_ > 0) dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
         if (columns_ > 0) headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
     });
+    follow(this, grid.gone, [this] { grid_ = nullptr; });
+}
+
+void GridModel::takeCounts() {
+    rows_ = std::max(grid_->rows() - grid_->fixedRows(), 0);
+    columns_ = grid_->columns();
 }
 
 int GridModel::rowCount(const QModelIndex& parent) const {
@@ -58,25 +60,29 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-    const int row = index.row() + grid_.fixedRows();
-    const int column = index.column();
-    if (!index.isValid() || row >= grid_.rows() || column >= grid_.columns()) return {};
+    if (!index.isValid() || grid_ == nullptr) return {};
+    return answered([&] { return cell(index.row() + grid_->fixedRows(), index.column(), role); });
+}
+
+QVariant GridModel::cell(int row, int column, int role) const {
+    if (row >= grid_->rows() || column >= grid_->columns()) return {};
     switch (role) {
         case Qt::DisplayRole:
-            return text(grid_.text(row, column));
+            return text(grid_->text(row, column));
         case Qt::TextAlignmentRole:
-            return QVariant(alignmentOf(grid_.cellAlignment(row, column).value_or(grid_.alignment(column))));
+            return QVariant(
+                alignmentOf(grid_->cellAlignment(row, column).value_or(grid_->alignment(column))));
         case Qt::BackgroundRole:
-            if (const auto back = grid_.cellColour(row, column)) return colour(*back);
-            if (column < grid_.fixedColumns()) return QGuiApplication::palette().color(QPalette::Button);
+            if (const auto back = grid_->cellColour(row, column)) return colour(*back);
+            if (column < grid_->fixedColumns()) return QGuiApplication::palette().color(QPalette::Button);
             return {};
         case ownColourRole:
-            return grid_.cellColour(row, column).has_value();
+            return grid_->cellColour(row, column).has_value();
         case Qt::ForegroundRole:
-            if (const auto fore = grid_.cellTextColour(row, column)) return colour(*fore);
+            if (const auto fore = grid_->cellTextColour(row, column)) return colour(*fore);
             return {};
         case Qt::FontRole:
-            if (grid_.cellBold(row, column)) {
+            if (grid_->cellBold(row, column)) {
                 QFont font;
                 font.setBold(true);
                 return font;
@@ -88,10 +94,15 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || section >= grid_.columns()) return {};
-    if (role == Qt::DisplayRole && grid_.rows() > 0 && grid_.fixedRows() > 0)
-        return onOneLine(grid_.text(0, section));
-    if (role == Qt::TextAlignmentRole) return QVariant(alignmentOf(grid_.fixedAlignment(section)));
+    if (orientation != Qt::Horizontal || grid_ == nullptr) return {};
+    return answered([&] { return header(section, role); });
+}
+
+QVariant GridModel::header(int section, int role) const {
+    if (section < 0 || section >= grid_->columns()) return {};
+    if (role == Qt::DisplayRole && grid_->rows() > 0 && grid_->fixedRows() > 0)
+        return onOneLine(grid_->text(0, section));
+    if (role == Qt::TextAlignmentRole) return QVariant(alignmentOf(grid_->fixedAlignment(section)));
     return {};
 }
 
@@ -143,7 +154,7 @@ class GridWidget : public QTableView {
     /// A press that was let go elsewhere has marked a cell that nobody clicked.
     void mouseReleaseEvent(QMouseEvent* event) override {
         QTableView::mouseReleaseEvent(event);
-        showCurrent();
+        if (isBound(this)) showCurrent();
     }
 
     void focusInEvent(QFocusEvent* event) override {
@@ -157,7 +168,7 @@ class GridWidget : public QTableView {
         const QModelIndex before = currentIndex();
         QTableView::keyPressEvent(event);
         if (currentIndex().isValid() && currentIndex() != before) moveTo(currentIndex());
-        showCurrent();
+        if (isBound(this)) showCurrent();
     }
 
   private:

@@ -7,7 +7,9 @@
 
 namespace desk::desktop {
 
-/// The rows of a Grid below its fixed ones, as Qt asks for them, without a copy of them.
+/// The rows of a Grid below its fixed ones, as Qt asks for them, without a copy of them. Qt may ask at any
+/// moment, in the midst of a fill or when the grid has gone: it is told of as many rows and columns as were
+/// there when a change was finished last, and of nothing in a cell that is not there.
 class GridModel : public QAbstractTableModel {
   public:
     /// Whether the cell has a colour that the screen gave it.
@@ -21,7 +23,11 @@ class GridModel : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
-    Grid& grid_;
+    void takeCounts();
+    QVariant cell(int row, int column, int role) const;
+    QVariant header(int section, int role) const;
+
+    Grid* grid_;    ///< null when it has gone
     int rows_ = 0;  ///< as Qt was told last
     int columns_ = 0;
 };

@@ -6,7 +6,8 @@
 
 namespace desk::desktop {
 
-/// The fixed rows of a grid, above each other; equal neighbours of a merging grid as one.
+/// The fixed rows of a grid, above each other; equal neighbours of a merging grid as one. In the midst of a
+/// change it paints the cells that are there.
 class GridHeader : public QHeaderView {
   public:
     GridHeader(Grid& grid, QWidget* parent);
@@ -16,6 +17,7 @@ class GridHeader : public QHeaderView {
     void paintSection(QPainter* painter, const QRect& rect, int section) const override;
 
   private:
+    void paintRows(QPainter& painter, const QRect& rect, int section) const;
     /// The cell of that fixed row that the section belongs to, in the header's own coordinates.
     QRect mergedCell(int row, int section, const QRect& rect) const;
     int rowHeight() const;

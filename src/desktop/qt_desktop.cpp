@@ -20,6 +20,7 @@
 #include "desktop/canvas_binding.h"
 #include "desktop/main_window_view.h"
 #include "desktop/screen_windows.h"
+#include "desktop/window_change.h"
 
 namespace desk::desktop {
 
@@ -56,6 +57,7 @@ QWidget* QtDesktop::makeWindow(Screen& screen) {
 void QtDesktop::show(Screen& screen) {
     if (windowOf(screen) != nullptr) return;
     const Hourglass busy(*this);
+    const WindowChange change;
     QWidget* window = windows_[&screen] = makeWindow(screen);
     if (window == main_)
         window->showMaximized();

@@ -1,7 +1,9 @@
 #include "desktop/screen_windows.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QScopedValueRollback>
+#include <QScrollArea>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -21,6 +23,16 @@ void closeByPerson(Screens& screens, Screen& screen, QCloseEvent* event) {
     });
 }
 
+/// The content, which keeps the size that it needs where its window is smaller.
+QWidget* scrollable(QWidget* content) {
+    auto* view = new QScrollArea;
+    view->setWidget(content);
+    view->setWidgetResizable(true);
+    view->setFrameShape(QFrame::NoFrame);
+    view->setFocusPolicy(Qt::NoFocus);
+    return view;
+}
+
 }  // namespace
 
 void runTimers(Screen& screen, QObject* window) {
@@ -31,11 +43,13 @@ void runTimers(Screen& screen, QObject* window) {
         ticking->setInterval(timer->interval());
         QObject::connect(ticking, &QTimer::timeout, ticking, [timer] { enter([&] { timer->tick(); }); });
         const auto follows = [timer, ticking] {
-            if (timer->enabled() != ticking->isActive())
-                timer->enabled() ? ticking->start() : ticking->stop();
+            const bool runs = timer->enabled() && timer->screen().isThere();
+            if (runs != ticking->isActive()) runs ? ticking->start() : ticking->stop();
         };
         follows();
         follow(ticking, timer->touched, follows);
+        follow(ticking, screen.gone, [ticking] { ticking->stop(); });
+        follow(ticking, timer->gone, [ticking] { ticking->stop(); });
     }
 }
 
@@ -43,12 +57,12 @@ ChildWindow::ChildWindow(Screens& screens, Screen& screen, QWidget* content, QMd
     : screens_(screens), screen_(screen), area_(area) {
     setObjectName(text(screen.name()));
     setWindowTitle(text(screen.caption()));
-    setWidget(content);
+    setWidget(scrollable(content));
     runTimers(screen, this);
     area.addSubWindow(this);
-    const int frame = 2 * style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
-    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
-    resize(pixels(screen.width()) + frame, pixels(screen.height()) + frame + title);
+    area.viewport()->installEventFilter(this);
+    resize(QSize(pixels(screen.width()), pixels(screen.height())) + frame());
+    fit();
     place();
     follow(this, screen.touched, [this] {
         setWindowTitle(text(screen_.caption()));
@@ -57,20 +71,67 @@ ChildWindow::ChildWindow(Screens& screens, Screen& screen, QWidget* content, QMd
     follow(this, screen.maximiseAsked, [this] {
         if (!isMaximized()) showMaximized();
     });
-    connect(&area, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* active) {
-        if (active == this && !activating_) enter([this] { screens_.activated(screen_); });
+    connect(this, &QMdiSubWindow::aboutToActivate, &listening_, [this] {
+        // A click on a field of a window at the back leads there.
+        if (QWidget* clicked = QApplication::focusWidget(); holds(clicked)) field_ = clicked;
+        change_.emplace();
+        QTimer::singleShot(0, &listening_, [this] { change_.reset(); });
     });
+    connect(&area, &QMdiArea::subWindowActivated, &listening_, [this](QMdiSubWindow* active) {
+        if (active != this || activating_) return;
+        enter([this] { screens_.activated(screen_); });
+        if (screen_.isThere()) restoreFocus();
+        change_.reset();
+    });
+    connect(qApp, &QApplication::focusChanged, &listening_,
+            [this](QWidget* before, QWidget* now) { keepFocus(before, now); });
 }
 
+/// What title and borders add.
+QSize ChildWindow::frame() const {
+    const int borders = 2 * style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+    return QSize(borders, borders + style()->pixelMetric(QStyle::PM_TitleBarHeight));
+}
+
+void ChildWindow::fit() {
+    if (!isMaximized() && !isMinimized()) resize(size().boundedTo(area_.viewport()->size()));
+}
+
+/// The screen reckons with the room inside: what its frame adds lies half on each side.
 void ChildWindow::place() {
-    if (screen_.left() != 0 || screen_.top() != 0) move(pixels(screen_.left()), pixels(screen_.top()));
+    if ((screen_.left() == 0 && screen_.top() == 0) || isMaximized()) return;
+    const QSize room = area_.viewport()->size() - size();
+    const QSize half = frame() / 2;
+    move(std::clamp(pixels(screen_.left()) - half.width(), 0, std::max(room.width(), 0)),
+         std::clamp(pixels(screen_.top()) - half.height(), 0, std::max(room.height(), 0)));
+}
+
+/// Where windows come and go, Qt moves the focus on: it leaves a field that is about to be hidden for the
+/// next one.
+void ChildWindow::keepFocus(const QWidget* before, QWidget* now) {
+    if (holds(now) && !WindowChange::runs() && (!holds(before) || before->isVisible())) field_ = now;
+}
+
+void ChildWindow::restoreFocus() {
+    const WindowChange change;
+    if (field_ && field_->isVisible() && field_->isEnabled()) field_->setFocus(Qt::ActiveWindowFocusReason);
+    if (QWidget* now = QApplication::focusWidget(); !field_ && holds(now)) field_ = now;
 }
 
 void ChildWindow::bringToFront() {
     const QScopedValueRollback own(activating_, true);
+    const WindowChange change;
+    if (isMinimized()) showNormal();
     area_.setActiveSubWindow(this);
     raise();
     screens_.activated(screen_);
+    if (screen_.isThere()) restoreFocus();
+    change_.reset();
+}
+
+bool ChildWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == area_.viewport() && event->type() == QEvent::Resize) fit();
+    return QMdiSubWindow::eventFilter(watched, event);
 }
 
 void ChildWindow::closeEvent(QCloseEvent* event) {

@@ -57,7 +57,7 @@ class LineEdit : public QLineEdit {
             QLineEdit::keyPressEvent(event);
         } else {
             enter([this] { box_.pressEnter(); });
-            if (box_.enterMovesOn) focusNextChild();
+            if (isBound(this) && box_.enterMovesOn) focusNextChild();
         }
     }
 

@@ -123,7 +123,7 @@ class TreeWidget : public QTreeView {
     /// A press that was let go elsewhere has marked a node that nobody clicked.
     void mouseReleaseEvent(QMouseEvent* event) override {
         QTreeView::mouseReleaseEvent(event);
-        showSelection();
+        if (isBound(this)) showSelection();
     }
 
     void focusInEvent(QFocusEvent* event) override {
@@ -139,7 +139,7 @@ class TreeWidget : public QTreeView {
         QTreeView::keyPressEvent(event);
         if (currentIndex().isValid() && currentIndex() != before)
             enter([this] { tree_.moveTo(*TreeModel::nodeOf(currentIndex())); });
-        showSelection();
+        if (isBound(this)) showSelection();
     }
 
   private:

@@ -221,14 +221,17 @@ void Grid::setCellBold(int row, int column, bool bold) {
 }
 
 void Grid::click(int row, int column) {
-    if (!usable()) return;
+    // A person may click in the midst of a change, at a row that stands on the screen no more than there.
+    if (!usable() || row < 0 || row >= rows() || column < 0 || column >= columns()) return;
     setCurrent(row, column);
     clicked();
 }
 
 void Grid::doubleClick(int row, int column) {
+    bool isThere = true;
+    const Subscription watch = gone.connect([&] { isThere = false; });
     click(row, column);
-    pressAgain();
+    if (isThere) pressAgain();
 }
 
 void Grid::pressAgain() {

@@ -97,7 +97,8 @@ class Grid : public Control {
     MovingKeys movingKeys() const { return movingKeys_; }
     void setMovingKeys(MovingKeys keys) { movingKeys_ = keys; }
 
-    /// What people do; nothing while disabled or hidden. The cell becomes current first.
+    /// What people do; nothing while disabled or hidden, or where no such cell is. The cell becomes current
+    /// first.
     void click(int row, int column);
     void doubleClick(int row, int column);
     /// The second press of a double click, whose first was a click.
@@ -106,7 +107,8 @@ class Grid : public Control {
     /// marked as a whole.
     void moveTo(int row, int column);
 
-    /// Between the two, observers are not told; afterwards once.
+    /// Between the two, observers are not told; afterwards once. Never fails: `structureChanged` and
+    /// `cellsChanged` are for whoever shows the grid.
     void beginUpdate() { ++updating_; }
     void endUpdate();
 
