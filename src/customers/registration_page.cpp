@@ -76,12 +76,11 @@ bool 多选项目::choose(std::string_view text) {
       列表(面板, name + ".中介公司列表", "序 |中介公司名称|"),
       面板确定(面板, name + ".面板确定", "确定", ButtonRole::main),
       面板关闭(面板, name + ".面板关闭", "关闭") {
-    面板.setVisible(false);
     面板.setAnchor(&中介公司名称);
     列表.setColumnWidth(1, 4200);
     列表.setColumnWidth(2, 0);
     列表.setSelection(GridSelection::row);
-    面板关闭.clicked += [this] { 面板.setVisible(false); };
+    面板关闭.clicked += [this] { 面板.close(); };
 }
 
 登记页::登记页(Application& app, Screen& screen, std::string_view name, const 登记页规则& rules)
@@ -270,8 +269,8 @@ void 登记页::remove() {
 }
 
 void 登记页::toggleAgencies() {
-    中介->面板.setVisible(!中介->面板.visible());
-    if (!中介->面板.visible()) return;
+    中介->面板.toggle();
+    if (!中介->面板.isOpen()) return;
 
     Grid& list = 中介->列表;
     if (!管理项目.hasSelection()) return list.setRows(list.fixedRows());
@@ -285,7 +284,7 @@ void 登记页::takeAgency() {
     const Grid& list = 中介->列表;
     if (list.rows() <= list.fixedRows()) return;
     中介->中介公司名称.setText(list.text(list.row(), 1));
-    中介->面板.setVisible(false);
+    中介->面板.close();
 }
 
 }  // namespace desk

@@ -14,6 +14,7 @@
 #include "ui/entry_button.h"
 #include "ui/fields.h"
 #include "ui/grid.h"
+#include "ui/panel.h"
 #include "ui/tree.h"
 
 namespace desk {
@@ -46,7 +47,7 @@ struct 中介公司选择 {
 
     TextBox 中介公司名称;
     Button 选择中介公司;
-    Frame 面板;
+    Panel 面板;
     Grid 列表;
     Button 面板确定;
     Button 面板关闭;

@@ -15,6 +15,7 @@ class Floating : public QObject {
         part->setParent(content);
         content->installEventFilter(this);
         follow(part, control.touched, [this] { lay(); });
+        follow(part, control.gone, [this] { content_->removeEventFilter(this); });
         lay();
     }
 
@@ -25,23 +26,35 @@ class Floating : public QObject {
 
   private:
     void lay() {
-        part_->setVisible(control_.visible() && control_.anchor() != nullptr);
-        if (control_.anchor() == nullptr || !control_.visible()) return;
-        const auto* anchor = content_->findChild<QWidget*>(text(control_.anchor()->name()));
-        if (anchor == nullptr) return;
-        const QRect at(anchor->mapTo(content_, QPoint(0, 0)), anchor->size());
-        if (place_ == FloatsAt::rightEdge) {
-            const int side = at.height() - 2;
-            part_->setGeometry(at.right() - side, at.top() + 1, side, side);
-        } else {
-            const QSize size = part_->sizeHint().expandedTo(part_->minimumSize());
-            const int x = std::clamp(at.left(), 0, std::max(content_->width() - size.width(), 0));
-            int y = at.bottom() + 1;
-            // Where there is no room below it lies above.
-            if (y + size.height() > content_->height()) y = std::max(at.top() - size.height(), 0);
-            part_->setGeometry(x, y, size.width(), size.height());
-        }
+        const bool needsAnchor = place_ == FloatsAt::rightEdge;
+        const bool shown = control_.visible() && (control_.anchor() != nullptr || !needsAnchor);
+        part_->setVisible(shown);
+        if (shown) part_->setGeometry(needsAnchor ? insideAnchor() : below());
         part_->raise();
+    }
+
+    /// Of the anchor, in the content; empty where it has none that is shown there.
+    QRect anchor() const {
+        if (control_.anchor() == nullptr) return {};
+        const auto* at = content_->findChild<QWidget*>(text(control_.anchor()->name()));
+        return at != nullptr ? QRect(at->mapTo(content_, QPoint(0, 0)), at->size()) : QRect();
+    }
+
+    QRect insideAnchor() const {
+        const QRect at = anchor();
+        const int side = at.height() - 2;
+        return QRect(at.right() - side, at.top() + 1, side, side);
+    }
+
+    QRect below() const {
+        const QRect at = anchor();
+        if (at.isNull()) return content_->rect().adjusted(0, content_->height() / 2, 0, 0);
+        const QSize size = part_->sizeHint().expandedTo(part_->minimumSize()).boundedTo(content_->size());
+        const int x = std::clamp(at.left(), 0, content_->width() - size.width());
+        int y = at.bottom() + 1;
+        // Where there is no room below it lies above.
+        if (y + size.height() > content_->height()) y = std::max(at.top() - size.height(), 0);
+        return QRect(QPoint(x, y), size);
     }
 
     QWidget* content_;
@@ -54,6 +67,8 @@ class Floating : public QObject {
 
 void floatOver(QWidget* content, Control& control, QWidget* part, FloatsAt place) {
     part->setAutoFillBackground(true);
+    // A click on the button of a field leaves the person in the field.
+    if (place == FloatsAt::rightEdge) part->setFocusPolicy(Qt::TabFocus);
     new Floating(content, control, part, place);
 }
 

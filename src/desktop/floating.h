@@ -9,7 +9,7 @@ namespace desk::desktop {
 /// Where a floating control lies on the control that it is anchored to.
 enum class FloatsAt {
     rightEdge,  ///< inside, as a button of a field
-    below,      ///< under it, as a list that drops down
+    below,      ///< under it, as a list that drops down; without an anchor over the lower half
 };
 
 /// Lays `part`, which shows `control`, over `content`, beside the widget of the control's anchor.

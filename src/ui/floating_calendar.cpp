@@ -3,8 +3,7 @@
 namespace desk {
 
 FloatingCalendar::FloatingCalendar(Screen& screen, Desktop& desktop, const std::string& name)
-    : 日历(screen, name), desktop_(desktop) {
-    日历.setVisible(false);
+    : 面板(screen, name + "面板"), 日历(面板, name), desktop_(desktop) {
     日历.dayClicked += [this](const DateTime& day) { take(day); };
 }
 
@@ -27,8 +26,8 @@ void FloatingCalendar::serve(TextBox& field, Button& button, int number) {
 }
 
 void FloatingCalendar::toggleBelow(TextBox& field) {
-    日历.setAnchor(&field);
-    日历.setVisible(!日历.visible());
+    面板.setAnchor(&field);
+    面板.toggle();
 }
 
 void FloatingCalendar::take(const DateTime& day) {

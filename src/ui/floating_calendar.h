@@ -3,7 +3,7 @@
 #include <string>
 
 #include "ui/desktop.h"
-#include "ui/fields.h"
+#include "ui/panel.h"
 
 namespace desk {
 
@@ -16,8 +16,9 @@ class FloatingCalendar {
 
     /// Serves `field`, remembered under `number`. Several fields may share a button.
     void serve(TextBox& field, Button& button, int number);
-    void hide() { 日历.setVisible(false); }
+    void hide() { 面板.close(); }
 
+    Panel 面板;
     MonthCalendar 日历;
 
     /// A day has been written into the field of that number, and the calendar is hidden.

@@ -231,15 +231,15 @@ TEST_F(Pipeline, OneCalendarServesBothDates) {
     screen.分配日期.focused();
     EXPECT_EQ(screen.日历按钮.anchor(), &screen.分配日期);
     screen.日历按钮.click();
-    EXPECT_TRUE(screen.日历.日历.visible());
+    EXPECT_TRUE(screen.日历.面板.isOpen());
     screen.终止日期.focused();
     screen.日历.日历.clickDay(DateTime(2011, 4, 2));
     EXPECT_EQ(screen.终止日期.text(), "2011/4/2");
     EXPECT_EQ(screen.分配日期.text(), "");
-    EXPECT_FALSE(screen.日历.日历.visible());
+    EXPECT_FALSE(screen.日历.面板.isOpen());
     screen.日历按钮.click();
     screen.选择组.focused();
-    EXPECT_FALSE(screen.日历.日历.visible());
+    EXPECT_FALSE(screen.日历.面板.isOpen());
 }
 
 TEST_F(Pipeline, TheDeskShowsOnlyOnesOwnCurrentCustomers) {

@@ -8,6 +8,7 @@
 #include "ui/fields.h"
 #include "ui/grid.h"
 #include "ui/menu.h"
+#include "ui/panel.h"
 #include "ui/tree.h"
 
 namespace desk {
@@ -62,6 +63,30 @@ TEST(Control, NothingInAHiddenFrameCanBeUsed) {
     frame.setVisible(true);
     button.click();
     EXPECT_EQ(clicks.times, 1);
+}
+
+TEST(Panel, IsClosedByEscapeAndTellsOnceWhatBecomesOfIt) {
+    Sheet sheet;
+    Panel panel(sheet, "panel");
+    Button inside(panel, "inside", "确定");
+    Count opens(panel.opened);
+    Count closes(panel.closed);
+    panel.escape();
+    panel.close();
+    EXPECT_FALSE(inside.usable());
+    panel.open();
+    panel.open();
+    EXPECT_TRUE(inside.usable());
+    panel.setEnabled(false);
+    panel.escape();
+    EXPECT_TRUE(panel.isOpen());
+    panel.setEnabled(true);
+    panel.escape();
+    EXPECT_FALSE(panel.isOpen());
+    panel.toggle();
+    EXPECT_TRUE(panel.isOpen());
+    EXPECT_EQ(opens.times, 2);
+    EXPECT_EQ(closes.times, 1);
 }
 
 TEST(OptionButton, ExcludesTheOthersOfItsGroupOnly) {

@@ -3,6 +3,7 @@
 #include "desktop/binding.h"
 #include "desktop/floating.h"
 #include "desktop/layout.h"
+#include "desktop/panel.h"
 
 namespace desk::desktop {
 
@@ -19,7 +20,7 @@ std::vector<Field> blockFields(客户信息块& block) {
 }
 
 void addCalendar(QWidget* content, FloatingCalendar& calendar) {
-    floatOver(content, calendar.日历, plain(calendar.日历, "日历"), FloatsAt::below);
+    panelOver(content, calendar.面板, plain(calendar.日历, "日历"));
 }
 
 QWidget* customers(ComboBox& office, Tree& tree) {

@@ -1,11 +1,7 @@
 #include "desktop/layouts/registration.h"
 
-#include <QFrame>
-#include <QVBoxLayout>
-
-#include "desktop/binding.h"
-#include "desktop/floating.h"
 #include "desktop/layout.h"
+#include "desktop/panel.h"
 
 namespace desk::desktop {
 
@@ -49,7 +45,7 @@ QWidget* contactFields(登记页& page) {
     if (page.预算租金) entries.emplace_back("预算租金", *page.预算租金);
     if (page.推荐楼层) entries.emplace_back("推荐楼层", *page.推荐楼层);
     entries.emplace_back("业务员", page.业务员);
-    return fields(std::move(entries), 2);
+    return fields(std::move(entries), 3);
 }
 
 QWidget* choiceFields(登记页& page) {
@@ -60,28 +56,28 @@ QWidget* choiceFields(登记页& page) {
     return fields(std::move(entries));
 }
 
+/// Two lines of a text are enough where the screen is small.
+QWidget* paragraph(TextBox& box) {
+    return atLeast(plain(box), 1500, 750);
+}
+
 QWidget* textFields(登记页& page) {
-    if (!page.洽谈重点) return fields({{"备    注", page.备注}});
-    return fields({{"洽谈重点", *page.洽谈重点}, {"备    注", page.备注}}, 2);
+    if (!page.洽谈重点) return fields({{"备    注", paragraph(page.备注)}});
+    return fields({{"洽谈重点", paragraph(*page.洽谈重点)}, {"备    注", paragraph(page.备注)}}, 2);
 }
 
 /// The list of agencies, over the page below the field that it fills.
 void addAgencyPanel(QWidget* content, 中介公司选择& agency) {
-    auto* edged = new QFrame;
-    edged->setFrameStyle(QFrame::Panel | QFrame::Raised);
-    auto* box = new QVBoxLayout(edged);
-    box->addWidget(framed(
-        agency.面板,
-        rows({plain(agency.列表, "中介公司"), buttons({&agency.面板确定, &agency.面板关闭})}, {1, 0})));
-    edged->setMinimumSize(400, 300);
-    floatOver(content, agency.面板, edged, FloatsAt::below);
+    auto* list =
+        rows({plain(agency.列表, "中介公司"), buttons({&agency.面板确定, &agency.面板关闭})}, {1, 0});
+    panelOver(content, agency.面板, atLeast(list, 5700, 3900));
 }
 
 QWidget* pageLayout(登记页& page) {
     auto* left = rows({fields({{"管理项目", page.管理项目}}), plain(page.客户, "客户")}, {0, 1});
     auto* right = rows({contactFields(page), choiceFields(page), textFields(page),
                         buttons({&page.新增, &page.确定, &page.删除, &page.退出})},
-                       {0, 3, 2, 0});
+                       {0, 5, 2, 0});
     auto* whole = columns({left, right}, {3, 7});
     whole->setContentsMargins(4, 4, 4, 4);
     if (page.中介) addAgencyPanel(whole, *page.中介);

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QWidget>
+
+#include "ui/panel.h"
+
+namespace desk::desktop {
+
+/// Lays a panel that holds `part` over `content`: below the panel's anchor, or over the lower half. `part` is
+/// made of the controls that the panel holds.
+void panelOver(QWidget* content, Panel& panel, QWidget* part);
+
+}  // namespace desk::desktop

@@ -1,0 +1,340 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLayout>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "base/failure.h"
+#include "desktop/binding.h"
+#include "desktop/layout.h"
+#include "desktop/panel.h"
+#include "desktop/qt_desktop.h"
+#include "desktop/screen_list.h"
+#include "session/main_window.h"
+#include "support/test_program.h"
+#include "ui/batch.h"
+#include "ui/choices.h"
+#include "ui/fields.h"
+#include "ui/grid.h"
+
+namespace desk::desktop {
+namespace {
+
+/// A child with two fields. What it does in its load is told from outside.
+struct Sheet : Screen {
+    Sheet(std::string name, std::function<void(Sheet&)>& step)
+        : Screen(std::move(name), "表", WindowKind::child, 4500, 3000), step_(step) {}
+    void load() override { step_(*this); }
+    void activate() override {
+        if (tag == "large") maximise();
+    }
+
+    TextBox first{*this, "first"};
+    TextBox second{*this, "second"};
+    Button press{*this, "press", "按"};
+    Timer timer{*this, "timer", 1};
+
+  private:
+    std::function<void(Sheet&)>& step_;
+};
+
+QWidget* layoutOfTest(Screen& screen) {
+    auto* sheet = dynamic_cast<Sheet*>(&screen);
+    if (sheet == nullptr) return layoutOf(screen);
+    auto* content = layout::rows(
+        {layout::plain(sheet->first), layout::plain(sheet->second), layout::plain(sheet->press)});
+    layout::orderTabs(content);
+    return content;
+}
+
+/// A program in real windows, without a screen to see them on.
+struct Windows : testing::Test {
+    Windows() {
+        desktop->serve(app->screens, layoutOfTest);
+        offerScreens(*app);
+        for (const char* name : {"sheet", "other"})
+            app->screens.offer(name, [this, name] { return std::make_unique<Sheet>(name, step); });
+        app->主连接.open("Initial Catalog=':memory:';Data Source='(embedded)'", std::chrono::seconds(5));
+        app->session.登录工号 = SessionRecord::superUser;
+        app->screens.open(MDIForm1::screenName);
+        main = window<QMainWindow>(MDIForm1::screenName);
+        main->resize(1093, 614);
+        main->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(main));
+    }
+
+    template <class W>
+    W* window(const char* name) {
+        for (QWidget* each : QApplication::allWidgets())
+            if (each->objectName() == name)
+                if (auto* found = qobject_cast<W*>(each)) return found;
+        return nullptr;
+    }
+    QMdiSubWindow* child(const char* name) { return window<QMdiSubWindow>(name); }
+    Sheet& open(const char* name) {
+        enter([&] { app->screens.open(name); });
+        return *static_cast<Sheet*>(app->screens.loaded(name));
+    }
+    /// Puts it below the fields of the sheet, and shows it.
+    void add(QWidget* part) {
+        widget(child("sheet"), "first")->parentWidget()->layout()->addWidget(part);
+        part->show();
+    }
+    static QWidget* widget(QWidget* in, const char* name) { return in->findChild<QWidget*>(name); }
+
+    TestProgram parts;
+    std::function<void(Sheet&)> step = [](Sheet&) {};
+    std::optional<QtDesktop> desktop{std::in_place};
+    std::optional<Application> app{
+        std::in_place, *desktop,
+        Platform{parts.clock, parts.settings, parts.files, parts.programs, parts.spreadsheets}};
+    QMainWindow* main = nullptr;
+};
+
+TEST_F(Windows, TheDesktopGoesWithTheMainWindowAndAChildStillOpen) {
+    open("sheet");
+    open("frmAbout");
+    app.reset();
+    EXPECT_EQ(child("sheet"), nullptr);
+    EXPECT_EQ(window<QMainWindow>(MDIForm1::screenName), nullptr);
+    desktop.reset();
+    QApplication::processEvents();
+}
+
+TEST_F(Windows, AScreenThatUnloadsItselfWhileItLoadsHasNoWindowAndIsDropped) {
+    bool dropped = false;
+    step = [&](Sheet& sheet) {
+        sheet.first.gone += [&] { dropped = true; };
+        app->screens.unload(sheet);
+        QApplication::processEvents();
+        EXPECT_FALSE(dropped) << "its own handler still runs";
+    };
+    enter([&] { app->screens.open("sheet"); });
+    EXPECT_EQ(child("sheet"), nullptr);
+    // No window has been closed by it.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return dropped; }));
+}
+
+TEST_F(Windows, AHandlerThatWaitsOutlivesItsScreenWhoseTimersStop) {
+    Sheet& sheet = open("sheet");
+    int ticks = 0;
+    int late = 0;
+    bool unloaded = false;
+    bool dropped = false;
+    sheet.timer.tick += [&] { ++(unloaded ? late : ticks); };
+    sheet.first.gone += [&] { dropped = true; };
+    sheet.press.clicked += [&] {
+        const ScreenWatch watch(sheet);
+        while (ticks == 0) desktop->letEventsRun();
+        app->screens.unload(sheet);
+        unloaded = true;
+        sheet.timer.setEnabled(false);
+        sheet.timer.setEnabled(true);
+        // Another timer of that pace has ticked twice: this one would have, too.
+        int others = 0;
+        QTimer other;
+        QObject::connect(&other, &QTimer::timeout, [&] { ++others; });
+        other.start(sheet.timer.interval());
+        while (others < 3) desktop->letEventsRun();
+        EXPECT_FALSE(watch.isThere());
+        EXPECT_FALSE(dropped);
+    };
+    QTest::mouseClick(widget(child("sheet"), "press"), Qt::LeftButton);
+    EXPECT_EQ(late, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return dropped; }));
+    EXPECT_EQ(child("sheet"), nullptr);
+}
+
+TEST_F(Windows, AChildThatIsShownIsNotShownModally) {
+    Sheet& sheet = open("sheet");
+    try {
+        desktop->showModally(sheet);
+        FAIL();
+    } catch (const RuntimeFailure& failure) {
+        EXPECT_EQ(failure.number(), 400);
+    }
+    // One that was not shown is, also where it is a child, and one that has gone by itself is not waited for.
+    Screen& other = app->screens.get("other");
+    QTimer::singleShot(0, qApp, [&] { enter([&] { app->screens.unload(other); }); });
+    enter([&] {
+        desktop->showModally(other);
+        desktop->showModally(other);
+    });
+    EXPECT_EQ(app->screens.loaded("other"), nullptr);
+}
+
+TEST_F(Windows, AWidgetGoesWithItsControlAndDoesNothingFromThenOn) {
+    Sheet& sheet = open("sheet");
+    std::optional<TextBox> editor(std::in_place, sheet, "editor");
+    auto* edit = widgetFor(*editor);
+    add(edit);
+    edit->setFocus();
+    QPointer<QWidget> held(edit);
+    editor->entered += [&] { editor.reset(); };
+    QTest::keyClick(edit, Qt::Key_Return);
+    EXPECT_EQ(sheet.control("editor"), nullptr);
+    ASSERT_TRUE(held);
+    EXPECT_FALSE(held->isVisible());
+    QTest::keyClicks(edit, "late");
+    editor.emplace(sheet, "editor");
+    auto* next = widgetFor(*editor);
+    add(next);
+    EXPECT_EQ(widget(child("sheet"), "editor"), next);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !held; }));
+}
+
+TEST_F(Windows, AGridIsPaintedAndAskedInTheMidstOfAChange) {
+    Sheet& sheet = open("sheet");
+    Grid grid(sheet, "grid", "<a|<b|<c|<d");
+    grid.setRows(3);
+    grid.setFixedRows(2);
+    grid.setMerging(Merge::free);
+    grid.setMergesRow(0, true);
+    for (int column = 0; column < 4; ++column) grid.setText(0, column, "x");
+    auto* view = widgetFor(grid);
+    add(view);
+    view->grab();
+    {
+        const Batch change(grid);
+        grid.setColumns(1);
+        grid.setRows(1);
+        view->grab();
+        desktop->letEventsRun();
+        grid.setColumns(6);
+        view->grab();
+    }
+    view->grab();
+    EXPECT_EQ(grid.columns(), 6);
+}
+
+TEST_F(Windows, AChildThatComesBackHasTheFocusWhereItWas) {
+    for (const char* size : {"", "large"}) {
+        SCOPED_TRACE(size);
+        step = [&](Sheet& sheet) { sheet.tag = size; };
+        Sheet& sheet = open("sheet");
+        auto* first = widget(child("sheet"), "first");
+        first->setFocus();
+        QTest::keyClicks(first, "half a");
+        int told = 0;
+        sheet.first.focused += [&] { ++told; };
+        sheet.second.focused += [&] { ++told; };
+        Sheet& other = open("other");
+        open("sheet");
+        QApplication::processEvents();
+        EXPECT_EQ(QApplication::focusWidget(), first);
+        QTest::keyClicks(QApplication::focusWidget(), " word");
+        EXPECT_EQ(sheet.first.text(), "half a word");
+        EXPECT_EQ(told, 0) << "it comes back, and is not entered anew";
+
+        // A click into another field of a window at the back goes there.
+        if (sheet.tag.empty()) {
+            open("other");
+            QTest::mouseClick(widget(child("sheet"), "second"), Qt::LeftButton);
+            QApplication::processEvents();
+            EXPECT_EQ(QApplication::focusWidget(), widget(child("sheet"), "second"));
+        }
+        enter([&] {
+            app->screens.unload(sheet);
+            app->screens.unload(other);
+        });
+        QApplication::processEvents();
+    }
+}
+
+TEST_F(Windows, AMinimisedChildComesBackFromTheMenu) {
+    open("frmAbout");
+    child("frmAbout")->showMinimized();
+    static_cast<MDIForm1*>(app->screens.loaded(MDIForm1::screenName))->entry("关于我们")->click();
+    EXPECT_FALSE(child("frmAbout")->isMinimized());
+    EXPECT_TRUE(child("frmAbout")->widget()->isVisible());
+}
+
+TEST_F(Windows, ACentredChildStandsInTheMiddleWithItsFrame) {
+    open("frmAbout");
+    const QRect area = child("frmAbout")->mdiArea()->viewport()->rect();
+    const QRect at = child("frmAbout")->geometry();
+    EXPECT_LE(std::abs(at.left() - (area.width() - at.right() - 1)), 1);
+    EXPECT_LE(std::abs(at.top() - (area.height() - at.bottom() - 1)), 1);
+}
+
+TEST_F(Windows, APanelTakesTheFocusKeepsItAndGivesItBackOnEscape) {
+    Sheet& sheet = open("sheet");
+    Panel panel(sheet, "panel", "选择");
+    TextBox above(panel, "above");
+    Button close(panel, "close", "关闭");
+    QWidget* content = widget(child("sheet"), "first")->parentWidget();
+    panelOver(content, panel, layout::rows({layout::plain(above), layout::plain(close)}));
+    QWidget* shown = widget(content, "panel");
+    const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+    widget(content, "second")->setFocus();
+    int entered = 0;
+    sheet.second.focused += [&] { ++entered; };
+    EXPECT_FALSE(shown->isVisible());
+
+    panel.open();
+    EXPECT_TRUE(shown->isVisible());
+    EXPECT_EQ(QApplication::focusWidget(), widget(content, "above"));
+    EXPECT_EQ(shown->geometry().top(), content->height() / 2);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), widget(content, "close"));
+    press(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), widget(content, "above"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::focusWidget(), widget(content, "close"));
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(panel.isOpen());
+    EXPECT_FALSE(shown->isVisible());
+    EXPECT_EQ(QApplication::focusWidget(), widget(content, "second"));
+    EXPECT_EQ(entered, 0);
+
+    // Whoever has gone elsewhere meanwhile stays there.
+    panel.setAnchor(&sheet.first);
+    panel.open();
+    EXPECT_EQ(shown->geometry().top(), widget(content, "first")->geometry().bottom() + 1);
+    widget(content, "first")->setFocus();
+    panel.close();
+    EXPECT_EQ(QApplication::focusWidget(), widget(content, "first"));
+}
+
+/// The main window is as large as a screen of 1366 × 768 at 125 %, less its title and a panel of the system.
+TEST_F(Windows, EveryScreenShowsEachOfItsButtonsOnASmallScreen) {
+    main->showNormal();
+    main->resize(1093, 554);
+    QApplication::processEvents();
+    for (const KnownScreen& known : screenList()) {
+        Screen& screen = app->screens.get(known.name);
+        if (screen.kind() != WindowKind::child) continue;
+        SCOPED_TRACE(known.name);
+        enter([&] { app->screens.open(known.name); });
+        QApplication::processEvents();
+        QMdiSubWindow* shown = child(known.name);
+        const QRect area = shown->mdiArea()->viewport()->rect();
+        EXPECT_TRUE(area.contains(shown->geometry()))
+            << shown->width() << " × " << shown->height() << " in " << area.width() << " × " << area.height();
+        const auto everyButton = [&] {
+            QApplication::processEvents();
+            for (QPushButton* button : shown->widget()->findChildren<QPushButton*>()) {
+                if (!button->isVisibleTo(shown)) continue;
+                EXPECT_EQ(button->visibleRegion().boundingRect(), button->rect())
+                    << button->objectName().toStdString();
+            }
+        };
+        everyButton();
+        for (Control* control : screen.controls())
+            if (auto* strip = dynamic_cast<TabStrip*>(control))
+                for (int tab = 1; tab < static_cast<int>(strip->titles().size()); ++tab) {
+                    strip->setIndex(tab);
+                    everyButton();
+                }
+        enter([&] { app->screens.unload(screen); });
+    }
+}
+
+}  // namespace
+}  // namespace desk::desktop
