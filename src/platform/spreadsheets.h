@@ -84,9 +84,10 @@ class Spreadsheets {
     virtual ~Spreadsheets() = default;
     /// Makes a workbook with one empty sheet. Fails with 75 when the file cannot be written.
     virtual void create(const std::string& path) = 0;
-    /// Adds `sheet` behind the sheets of the workbook, or puts it in the place of that of the same name; the
-    /// others stay as they are. The file is the old one or the new one, whole, at any moment. Fails with 1004
-    /// and a text that says why, the file being left alone: no workbook, encrypted, damaged, too large.
+    /// Adds `sheet` behind the sheets of the workbook, or gives its cells to that of the same name, whose
+    /// set-up stays; the first window is shown. The file is the old one or the new one, whole, at any moment.
+    /// Fails with 1004 and a text that says why, the file being left alone: no workbook, encrypted, damaged,
+    /// too large.
     virtual void put(const std::string& path, const Worksheet& sheet) = 0;
 };
 
