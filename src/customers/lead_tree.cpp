@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "base/text.h"
+#include "session/numbered_nodes.h"
 #include "ui/batch.h"
 
 namespace desk {
@@ -10,8 +10,6 @@ namespace desk {
 namespace {
 
 constexpr std::string_view 键前缀 = "D";
-/// Stands in a key between a number that another node has already and what tells the two apart.
-constexpr char 重号 = '\x1f';
 
 bool known(std::string_view kind) {
     for (const std::string_view each : {"引驻来人", "引驻来电", "中介来人", "自行开发"})
@@ -39,28 +37,12 @@ void 填充客户树(Tree& tree, Recordset& leads) {
         text += lead[number].view();
         text += ' ';
         text += lead[showContact ? contact : company].view();
-        添加客户(tree, nullptr, 键前缀, lead[number].view(), text);
+        addNumbered(tree, nullptr, 键前缀, lead[number].view(), text);
     }
 }
 
 std::string 登记编号Of(const TreeNode& node) {
-    return 登记编号Of(node, 键前缀);
-}
-
-void 添加客户(Tree& tree, TreeNode* parent, std::string_view prefix, std::string_view number,
-              std::string_view text) {
-    std::string key(prefix);
-    key += number;
-    if (tree.addIfNew(parent, key, text) != nullptr) return;
-    key += 重号;
-    key += std::to_string((parent != nullptr ? parent->children() : tree.roots()).size());
-    tree.add(parent, key, text);
-}
-
-std::string 登记编号Of(const TreeNode& node, std::string_view prefix) {
-    const std::string_view key = node.key();
-    if (!key.starts_with(prefix)) return {};
-    return std::string(without(key.substr(0, key.find(重号)), prefix.size()));
+    return numberOf(node, 键前缀);
 }
 
 }  // namespace desk

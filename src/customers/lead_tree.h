@@ -15,11 +15,4 @@ void 填充客户树(Tree& tree, Recordset& leads);
 /// The number of a lead's node there, empty for any other node.
 std::string 登记编号Of(const TreeNode& node);
 
-/// Adds the node of a lead under `parent`, its key `prefix` and the number. Two seats that save at the same
-/// moment can draw one number: each of such leads has a node, and each node answers to that number.
-void 添加客户(Tree& tree, TreeNode* parent, std::string_view prefix, std::string_view number,
-              std::string_view text);
-/// The number of such a node, empty for a node of another prefix.
-std::string 登记编号Of(const TreeNode& node, std::string_view prefix);
-
 }  // namespace desk

@@ -3,10 +3,10 @@
 #include <fmt/format.h>
 
 #include "base/text.h"
-#include "customers/lead_tree.h"
 #include "db/statement.h"
 #include "platform/clock.h"
 #include "session/grid_rows.h"
+#include "session/numbered_nodes.h"
 #include "ui/batch.h"
 
 namespace desk {
@@ -176,7 +176,7 @@ void 登记页::refillTree() {
         text += " [";
         text += row[date].text();
         text += ']';
-        添加客户(客户, &root, rules_.键前缀, row[number].view(), text);
+        addNumbered(客户, &root, rules_.键前缀, row[number].view(), text);
     }
     客户.setExpanded(root, true);
 }
@@ -195,7 +195,7 @@ void 登记页::selectNode(const TreeNode& node) {
     删除.setEnabled(true);
     清空文本框(screen_);
     if (!node.key().starts_with(rules_.键前缀)) return;
-    Recordset lead(app_.主连接, rules_.查询语句(登记编号Of(node, rules_.键前缀), code()));
+    Recordset lead(app_.主连接, rules_.查询语句(numberOf(node, rules_.键前缀), code()));
     if (!lead.atEnd()) showLead(lead);
 }
 
@@ -260,7 +260,7 @@ void 登记页::followAutomaticBox() {
 void 登记页::remove() {
     const TreeNode* node = 客户.selected();
     if (node == nullptr || !node->key().starts_with(rules_.键前缀)) return;
-    const std::string no = 登记编号Of(*node, rules_.键前缀);
+    const std::string no = numberOf(*node, rules_.键前缀);
     if (!app_.confirmDeletion(fmt::format("确定要删除编号为 {}的信息？ ", no))) return;
     app_.主连接.execute(
         sql("Delete From YZ_引驻客户信息 Where 登记编号='{}' and 管理处代号='{}'", no, code()));

@@ -5,6 +5,7 @@
 
 #include "desktop/layout.h"
 #include "desktop/layouts/analysis.h"
+#include "desktop/layouts/intent.h"
 #include "desktop/layouts/pipeline.h"
 #include "desktop/layouts/reference.h"
 #include "desktop/layouts/registration.h"
@@ -50,6 +51,7 @@ const std::vector<KnownScreen>& screenList() {
         screen<Frm中介公司设置, layoutOfAgencies>(),
         screen<Frm客户相关信息设置, layoutOfCustomerDictionaries>(),
         screen<Frm引驻设置, layoutOfLeadSettings>(),
+        screen<Frm意向书审批路径设置, layoutOfApprovalPath>(),
     };
     return list;
 }

@@ -13,6 +13,7 @@
 #include "platform/programs.h"
 #include "session/about.h"
 #include "session/background.h"
+#include "session/failure_report.h"
 #include "session/helpers.h"
 #include "session/login.h"
 
@@ -120,8 +121,7 @@ void MDIForm1::权限设置(const std::string& 模块) {
         for (auto& row : rows)
             if (MenuEntry* named = entry(row["FormName"].text())) named->setEnabled(row["Popedom"].flag());
     } catch (const RuntimeFailure& failure) {
-        app_.inform(fmt::format("错误号：{}\r\n错误描述：{}", failure.number(), failure.description()),
-                    "提示");
+        reportFailure(app_, failure);
     }
 }
 
