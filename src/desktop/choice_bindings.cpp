@@ -79,7 +79,7 @@ class ListView : public QListWidget {
     /// A press that was let go elsewhere has marked a line that nobody clicked.
     void mouseReleaseEvent(QMouseEvent* event) override {
         QListWidget::mouseReleaseEvent(event);
-        selectAsHeld(list_, this);
+        if (isBound(this)) selectAsHeld(list_, this);
     }
 
   private:

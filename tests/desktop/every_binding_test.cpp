@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QTabBar>
 #include <QTableView>
 #include <QTest>
@@ -356,6 +357,20 @@ TEST_P(EveryBinding, OutlivesAWidgetThatGoes) {
     control.setVisible(false);
     control.focus();
     EXPECT_FALSE(control.usable());
+}
+
+TEST_P(EveryBinding, GoesWithItsControl) {
+    Control& control = GetParam().control(form);
+    const Person person(shown({&control}));
+    const QPointer<QWidget> widget = &person.at(control);
+    held.reset();
+    ASSERT_TRUE(widget);
+    EXPECT_FALSE(widget->isVisible());
+    // What was on its way to it comes too late.
+    Person::click(*widget, widget->rect().center());
+    QTest::keyClick(widget, Qt::Key_Down);
+    widget->grab();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return widget.isNull(); }));
 }
 
 TEST_P(EveryBinding, IsHiddenFromTheFirstWhereItsControlIs) {

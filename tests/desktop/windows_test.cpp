@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QLayout>
 #include <QMainWindow>
@@ -245,6 +246,25 @@ TEST_F(Windows, AChildThatComesBackHasTheFocusWhereItWas) {
         });
         QApplication::processEvents();
     }
+}
+
+TEST_F(Windows, AChildCarriesItsTitle) {
+    Sheet& sheet = open("sheet");
+    EXPECT_EQ(child("sheet")->windowTitle(), "表");
+    sheet.setCaption("新表");
+    EXPECT_EQ(child("sheet")->windowTitle(), "新表");
+}
+
+TEST_F(Windows, ALineThatTakesItsListAwayIsItsLast) {
+    Sheet& sheet = open("sheet");
+    std::optional<ListBox> list(std::in_place, sheet, "list");
+    list->addItem("岗位");
+    auto* shown = dynamic_cast<QAbstractItemView*>(widgetFor(*list));
+    add(shown);
+    list->clicked += [&](int) { list.reset(); };
+    QTest::mouseClick(shown->viewport(), Qt::LeftButton, {},
+                      shown->visualRect(shown->model()->index(0, 0)).center());
+    EXPECT_FALSE(list.has_value());
 }
 
 TEST_F(Windows, AMinimisedChildComesBackFromTheMenu) {
