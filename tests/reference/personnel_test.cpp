@@ -66,60 +66,6 @@ class Personnel : public SetupTest {
     void clickTeam(MemberTab& tab, std::string_view key) { tab.TreeView1.click(*tab.TreeView1.find(key)); }
 };
 
-TEST_F(Personnel, DutiesAreAddedChangedAndDeleted) {
-    auto& screen = opened();
-    auto& tab = screen.主职;
-    EXPECT_EQ(panels(screen.状态栏), "主职设置|新增");
-    EXPECT_EQ(line(tab.列表, 1), "1|2|组长|");
-    EXPECT_EQ(line(tab.列表, 2), "2|10|顾问|");
-    tab.确定.click();
-    EXPECT_EQ(said(), "主职代号不能为空，请重新输入！");
-    tab.代号.type("3");
-    tab.确定.click();
-    EXPECT_EQ(said(), "主职名称不能为空，请重新输入！");
-    tab.名称.type("助理");
-    tab.说明.type("见习");
-    tab.确定.click();
-    EXPECT_EQ(line(tab.列表, 3), "→|3|助理|见习");
-    EXPECT_EQ(line(tab.列表, 4), "4|||");
-    tab.确定.click();
-    EXPECT_EQ(said(), "已存在相同代号的信息，请重新输入！");
-    // A second new entry stands behind the first.
-    tab.代号.type("4");
-    tab.确定.click();
-    EXPECT_EQ(line(tab.列表, 4), "→|4|助理|见习");
-    EXPECT_EQ(screen.人员.Combo1.count(), 4);
-
-    tab.列表.click(1, 0);
-    EXPECT_EQ(panels(screen.状态栏), "主职设置|修改");
-    tab.代号.type("99");
-    tab.名称.type("队长");
-    tab.确定.click();
-    EXPECT_EQ(program.rows("Select 主职代号,主职名称 From YZ_主职表 Where 主职名称='队长'"),
-              std::vector<std::string>{"2|队长"});
-    EXPECT_EQ(line(tab.列表, 1), "→|2|队长|");
-
-    // Another tab and back: the entry is a new one, with a code to type.
-    screen.页签.click(1);
-    screen.页签.click(0);
-    tab.代号.type("98");
-    EXPECT_EQ(tab.代号.text(), "98");
-
-    tab.列表.click(5, 0);
-    EXPECT_EQ(panels(screen.状态栏), "主职设置|新增");
-    EXPECT_EQ(tab.代号.text(), "");
-    tab.删除.click();
-    EXPECT_EQ(said(), "您尚未选择要删除的主职信息，请选择！");
-    tab.列表.click(1, 0);
-    willAnswer(Answer::yes);
-    tab.删除.click();
-    EXPECT_EQ(said(), "确定要删除选中的主职信息吗？");
-    EXPECT_TRUE(program.rows("Select * From YZ_主职表 Where 主职代号='2'").empty());
-    EXPECT_EQ(line(tab.列表, 1), "1|10|顾问|");
-    tab.代号.type("2");  // free to type again
-    EXPECT_EQ(tab.代号.text(), "2");
-}
-
 TEST_F(Personnel, TheOfficesOfATeamKeepTheirHistory) {
     auto& screen = opened();
     screen.页签.click(1);
@@ -148,82 +94,6 @@ TEST_F(Personnel, TheOfficesOfATeamKeepTheirHistory) {
     EXPECT_EQ(program.desktop.messages[0].icon, Icon::information);
 }
 
-TEST_F(Personnel, TheWordsOfATeamAreThoseOfADuty) {
-    auto& screen = opened();
-    screen.页签.click(1);
-    EXPECT_EQ(panels(screen.状态栏), "组设置|新增");
-    screen.组.确定.click();
-    EXPECT_EQ(said(), "组代号不能为空，请重新输入！");
-    screen.组.代号.type("2");
-    screen.组.确定.click();
-    EXPECT_EQ(said(), "组名称不能为空，请重新输入！");
-    screen.组.名称.type("二组");
-    screen.组.确定.click();
-    expectTree(screen.人员.TreeView1, {"组列表", " 1 一组", " 2 二组"});
-    screen.组.列表.click(3, 0);
-    screen.组.删除.click();
-    EXPECT_EQ(said(), "您尚未选择要删除的主职信息，请选择！");
-    screen.组.列表.click(1, 0);
-    willAnswer(Answer::yes);
-    screen.组.删除.click();
-    EXPECT_EQ(said(), "确定要删除选中的主职信息吗？");
-    expectTree(screen.人员.TreeView1, {"组列表", " 2 二组"});
-}
-
-TEST_F(Personnel, AMemberIsCheckedInOrderAndBelongsToOneTeam) {
-    auto& screen = opened();
-    screen.页签.click(2);
-    auto& tab = screen.人员;
-    EXPECT_EQ(isoDay(tab.DTPicker1.value()), "2011-03-05");
-    tab.确定.click();
-    EXPECT_EQ(said(), "未选择员工，请选择员工信息！");
-    EXPECT_FALSE(tab.TreeView2.visible());
-    pick(tab, "岗位0101 [E01] 林晓");
-    EXPECT_EQ(tab.Text7.text(), "林晓");
-    clickTeam(tab, "L");
-    tab.确定.click();
-    EXPECT_EQ(said(), "组信息未选择，请选择相应的组！");
-    clickTeam(tab, "Z1");
-    tab.确定.click();
-    EXPECT_EQ(said(), "未选择对应主职，请选择主职！");
-    tab.Combo1.pick("10 顾问");
-    tab.Text8.type("骨干");
-    tab.确定.click();
-    EXPECT_EQ(program.rows("Select 组代号,员工工号,主职代号,设置日期,备注 From YZ_组人员设置"),
-              std::vector<std::string>{"1|E01|10|2011-03-05|骨干"});
-    EXPECT_EQ(line(tab.MSFlexGrid3, 1), "1|林晓|岗位0101|顾问|2011-03-05|骨干|E01");
-    EXPECT_EQ(tab.MSFlexGrid3.columnWidth(2), 6 * 150 + 90);
-    EXPECT_EQ(tab.MSFlexGrid3.columnWidth(6), 0);
-    EXPECT_EQ(tab.Text8.text(), "骨干");
-
-    tab.确定.click();
-    EXPECT_EQ(said(), "该员工已经设置过对应的组信息，请重新选择！");
-
-    tab.MSFlexGrid3.click(1, 1);
-    EXPECT_EQ(panels(screen.状态栏), "人员设置|修改");
-    EXPECT_EQ(tab.Combo1.text(), "10 顾问");
-    tab.Combo1.pick("2 组长");
-    tab.DTPicker1.pick(DateTime(2011, 4, 1));
-    tab.确定.click();
-    EXPECT_EQ(program.rows("Select 组代号,主职代号,设置日期 From YZ_组人员设置"),
-              std::vector<std::string>{"1|2|2011-04-01"});
-    EXPECT_EQ(panels(screen.状态栏), "人员设置|修改");
-    EXPECT_EQ(line(tab.MSFlexGrid3, 1), "→|林晓|岗位0101|组长|2011-04-01|骨干|E01");
-
-    clickTeam(tab, "Z1");
-    tab.删除.click();
-    EXPECT_EQ(said(), "您尚未选择要删除的员工信息，请选择！");
-    program.run(
-        {"Insert Into YZ_组人员设置 (组代号,员工工号,主职代号,终止日期) Values ('1','E01','2','2009-1-1')"});
-    tab.MSFlexGrid3.click(1, 1);
-    willAnswer(Answer::yes);
-    tab.删除.click();
-    EXPECT_EQ(program.desktop.messages.front().text, "确定要从组中删除选中的员工信息吗？");
-    EXPECT_EQ(said(), "删除成功！");
-    EXPECT_TRUE(program.rows("Select * From YZ_组人员设置").empty());
-    EXPECT_EQ(tab.MSFlexGrid3.rows(), 2);
-}
-
 TEST_F(Personnel, AMemberWithTwoPositionsOfTheDepartmentAppearsTwice) {
     addPosition("0104", "01", "E2");
     program.run({"Insert Into YZ_组人员设置 (组代号,员工工号,主职代号) Values ('1','E2','2')",
@@ -234,28 +104,6 @@ TEST_F(Personnel, AMemberWithTwoPositionsOfTheDepartmentAppearsTwice) {
     clickTeam(screen.人员, "Z1");
     EXPECT_EQ(screen.人员.MSFlexGrid3.rows(), 4);
     EXPECT_EQ(screen.人员.MSFlexGrid3.text(2, 6), "E2");
-}
-
-TEST_F(Personnel, OnesOwnDepartmentOrTheWholeCompany) {
-    auto& screen = opened();
-    screen.页签.click(2);
-    auto& tab = screen.人员;
-    tab.选择员工.click();
-    expectTree(tab.TreeView2, {"本部门员工列表", " 岗位0101 [E01] 林晓", " 岗位0102 [E2] 周平"});
-    tab.选择员工.click();
-    EXPECT_FALSE(tab.TreeView2.visible());
-
-    program.app.专项审核权限 = true;
-    tab.选择员工.click();
-    expectTree(tab.TreeView2, {"01 招商部", " 0101 外拓科", " 岗位0101 [E01] 林晓", " 岗位0102 [E2] 周平",
-                               " 岗位0103 [] ", "02 财务部", " 岗位0201 [E01] 林晓"});
-    EXPECT_NE(tab.TreeView2.find("0101$"), nullptr);
-    pick(tab, "01 招商部");
-    EXPECT_EQ(tab.Text7.text(), "");
-    EXPECT_FALSE(isStaff(tab.TreeView2.add(nullptr, "G01$", "G01 高新部")));
-    pick(tab, "岗位0103 [] ");
-    tab.确定.click();
-    EXPECT_EQ(said(), "未选择员工，请选择员工信息！");
 }
 
 TEST_F(Personnel, DepartmentsThatNameEachOtherAreShownOnce) {

@@ -63,26 +63,6 @@ class Login : public testing::Test {
     std::string path_;
 };
 
-TEST_F(Login, RefusesWhatIsMissingOrWrong) {
-    program.app.start("");
-    EXPECT_EQ(login().Label1.caption(), "V1.0版");
-    logIn("", "x");
-    EXPECT_EQ(program.desktop.takeMessage(), "用户名不能为空!");
-    logIn("E01", "");
-    EXPECT_EQ(program.desktop.takeMessage(), "密码不能为空!");
-    logIn("E01", "two");
-    EXPECT_EQ(program.desktop.takeMessage(), "用户名或密码不正确,请重新输入!");
-    logIn("warden", "quilt");
-    EXPECT_EQ(program.desktop.takeMessage(), "用户名或密码不正确,请重新输入!");
-    logIn("warden", "qUilt ");
-    EXPECT_EQ(program.desktop.takeMessage(), "用户名或密码不正确,请重新输入!");
-    for (const auto& [user, password] : {std::pair("E03", "three"), std::pair("E04", "four")}) {
-        logIn(user, password);
-        EXPECT_EQ(program.desktop.takeMessage(), "对不起，您没有岗位，请选择系统管理员") << user;
-    }
-    EXPECT_FALSE(mainWindowIsUp());
-}
-
 TEST_F(Login, OnePositionGoesStraightIn) {
     program.app.start("");
     logIn("E01", " one ");
@@ -92,28 +72,6 @@ TEST_F(Login, OnePositionGoesStraightIn) {
     for (const auto* field : program.app.session.fields()) fields.push_back(*field);
     EXPECT_EQ(fields, (std::vector<std::string>{"E01", "林晓", "01", "招商部", "0101", "招商专员", "A",
                                                 "业务", "P1", "专员"}));
-}
-
-TEST_F(Login, SeveralPositionsWaitForADoubleClick) {
-    program.app.start("");
-    logIn("E02", "two");
-    EXPECT_FALSE(mainWindowIsUp());
-    ASSERT_TRUE(login().List1.visible());
-    ASSERT_EQ(login().List1.count(), 2);
-    EXPECT_EQ(login().List1.items()[1].text, "招商部 招商经理 (兼职)");
-
-    // Whoever has no position leaves the list as it stands.
-    logIn("E04", "four");
-    EXPECT_EQ(program.desktop.takeMessage(), "对不起，您没有岗位，请选择系统管理员");
-    EXPECT_EQ(login().List1.count(), 2);
-    login().TxtUser.focused();
-    EXPECT_FALSE(login().List1.visible());
-    logIn("E02", "two");
-    login().List1.click(1);
-    EXPECT_FALSE(mainWindowIsUp());
-    login().List1.doubleClick(1);
-    EXPECT_TRUE(mainWindowIsUp());
-    EXPECT_EQ(program.app.session.登录岗位名称, "招商经理");
 }
 
 TEST_F(Login, TheSuperUserNeedsNoStaffRecordAndKeepsTheFormerName) {
@@ -170,63 +128,6 @@ TEST_F(Login, AFailedConnectionShowsTwoBoxesAndEndsTheProgram) {
               "Provider=SQLOLEDB.1;Password=;Persist Security Info=False;User ID=;Initial Catalog='';Data "
               "Source=''");
     EXPECT_EQ(program.app.数据库版本, "2000");
-}
-
-TEST_F(Login, CancellingEndsTheProgramAlsoAfterALogOff) {
-    program.app.start("");
-    EXPECT_THROW(login().cmdCancel.click(), ProcessEnded);
-    logIn("E01", "one");
-    program.desktop.modalPerson = [this](Screen&) { login().cmdCancel.click(); };
-    EXPECT_THROW(program.app.screens.get<MDIForm1>().entry("注销")->click(), ProcessEnded);
-}
-
-TEST_F(Login, AHandedOverSessionSkipsTheLogin) {
-    program.app.start("E9, 王 芳,01,招商部,0101,专员,A,业务,P1,类别,多余");
-    EXPECT_TRUE(mainWindowIsUp());
-    EXPECT_EQ(program.app.screens.loaded("frmLogin"), nullptr);
-    EXPECT_EQ(program.desktop.shown, std::vector<std::string>{"MDIForm1"});
-    EXPECT_EQ(program.app.session.登录姓名, " 王 芳");
-    EXPECT_EQ(program.app.session.登录岗位类别名称, "类别");
-}
-
-TEST_F(Login, AHandOffThatCannotConnectFallsBackToTheLogin) {
-    program.settings.keys["DBname"] = "/nowhere/at/all.db";
-    program.app.start("E9,王芳,01,招商部,0101,专员,A,业务,P1,类别");
-    EXPECT_EQ(program.desktop.messages.size(), 2U);
-    EXPECT_FALSE(mainWindowIsUp());
-    EXPECT_EQ(program.desktop.shown, std::vector<std::string>{"frmLogin"});
-    EXPECT_EQ(program.app.session.登录姓名, "王芳");
-}
-
-TEST_F(Login, AHandOffOfNineTokensIsFatal) {
-    try {
-        program.app.start("E9,王芳,01,招商部,0101,专员,A,业务,P1");
-        FAIL();
-    } catch (const RuntimeFailure& failure) {
-        EXPECT_EQ(failure.number(), 9);
-        EXPECT_EQ(failure.description(), "下标越界");
-    }
-    EXPECT_FALSE(mainWindowIsUp());
-}
-
-TEST_F(Login, LoggingInAgainChangesPositionAndPrivileges) {
-    program.app.start("");
-    logIn("E01", "one");
-    program.run(
-        {"Insert Into 岗位权限设置 (组代号,岗位代号,授权) Values ('G1','0102',1)",
-         "Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values "
-         "('G1','基础信息设置',1,'引驻台账')",
-         "Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('G1','人员设置',1,'引驻台账')"});
-    auto& main = program.app.screens.get<MDIForm1>();
-    EXPECT_FALSE(main.entry("人员设置")->usable());
-    program.desktop.modalPerson = [this](Screen& screen) {
-        EXPECT_EQ(screen.tag, "切换");
-        logIn("E02", "two");
-        login().List1.doubleClick(1);
-    };
-    main.entry("注销")->click();
-    EXPECT_EQ(program.app.session.登录工号, "E02");
-    EXPECT_TRUE(main.entry("人员设置")->usable());
 }
 
 }  // namespace

@@ -35,29 +35,6 @@ class MainWindow : public testing::Test {
     TestProgram program;
 };
 
-TEST_F(MainWindow, WithoutPrivilegesOnlyTheWaysOutAreLeft) {
-    program.enter();
-    EXPECT_EQ(enabledCaptions(),
-              (std::vector<std::string>{"其它模块", "退出系统", "退出", "注销", "关于", "联系我们"}));
-}
-
-TEST_F(MainWindow, AGrantInAnyGroupWinsAndATopEntryNeedsItsOwn) {
-    grant("G1", "0101", "客户信息登记", 1);
-    grant("G1", "0101", "客户跟进分配", 0);
-    grant("G2", "0101", "客户跟进分配", 1);
-    grant("G2", "0101", "没有这个菜单", 1);
-    grant("G3", "0199", "客户跟进管理", 1);
-    grant("G2", "0101", "人员设置", 1, "别的模块");
-    grant("G2", "0101", "联系我们", 0);
-    program.enter();
-    EXPECT_TRUE(main().entry("客户信息登记")->enabled());
-    EXPECT_FALSE(main().entry("客户信息登记")->usable());
-    EXPECT_TRUE(main().entry("客户跟进分配")->enabled());
-    EXPECT_FALSE(main().entry("客户跟进管理")->enabled());
-    EXPECT_FALSE(main().entry("人员设置")->enabled());
-    EXPECT_FALSE(main().entry("联系我们")->enabled());
-}
-
 TEST_F(MainWindow, AFailureWhileReadingPrivilegesLeavesTheMenuGrey) {
     program.fault = {1, failure::unspecified};
     program.enter();
@@ -67,22 +44,6 @@ TEST_F(MainWindow, AFailureWhileReadingPrivilegesLeavesTheMenuGrey) {
     EXPECT_EQ(program.desktop.messages[0].title, "提示");
     EXPECT_FALSE(main().entry("客户信息登记")->enabled());
     EXPECT_TRUE(main().entry("注销")->usable());
-}
-
-TEST_F(MainWindow, EntriesOpenTheirScreenOrSaySo) {
-    program.app.session.登录工号 = SessionRecord::superUser;
-    program.app.screens.open(MDIForm1::screenName);
-    main().entry("来电统计分析")->click();
-    EXPECT_EQ(program.desktop.takeMessage(), "“来电统计分析”尚未启用。");
-    main().entry("关于我们")->click();
-    EXPECT_EQ(program.desktop.shown.back(), "frmAbout");
-    main().entry("其它模块")->click();
-    EXPECT_EQ(program.desktop.takeMessage(), "对不起，您不属于多模块系统。");
-    main().entry("联系我们")->click();
-    EXPECT_TRUE(program.programs.started.back().starts_with(
-        "c:\\program Files\\Internet Explorer\\IEXPLORE.EXE http"));
-    EXPECT_THROW(main().entry("退出")->click(), ProcessEnded);
-    EXPECT_THROW(program.app.screens.unload(main()), ProcessEnded);
 }
 
 TEST_F(MainWindow, InAFamilyOfModulesLoggingOffLeavesALineForTheLauncher) {

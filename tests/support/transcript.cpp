@@ -251,6 +251,9 @@ Control& Transcript::control(const std::string& name) const {
     Screen& screen = current();
     if (Control* found = screen.control(scope_ + name)) return *found;
     if (Control* found = screen.control(name)) return *found;
+    // The menu is in reach whatever screen is in front.
+    if (const Screen* main = program.app.screens.loaded(MDIForm1::screenName))
+        if (Control* found = main->control(name)) return *found;
     throw RuntimeFailure(failure::unspecified, "no control " + name);
 }
 
