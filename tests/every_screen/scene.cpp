@@ -13,9 +13,9 @@ namespace desk {
 
 namespace {
 
-void show(std::string& all, const std::vector<std::unique_ptr<TreeNode>>& nodes) {
-    for (const auto& node : nodes) {
-        all += "\n" + node->text();
+void show(std::string& all, const TreeNodes& nodes) {
+    for (const TreeNode* node : nodes) {
+        all += "\n" + std::string(node->text());
         show(all, node->children());
     }
 }
