@@ -40,12 +40,25 @@ void ControlActor::doubleClick(ListBox& list, int line) {
     list.click(line);
     list.doubleClick(line);
 }
+namespace {
+
+/// What lies in a closed branch cannot be reached.
+void openAbove(Tree& tree, const TreeNode& node) {
+    for (TreeNode* above = node.parent(); above != nullptr; above = above->parent())
+        if (tree.usable()) tree.setExpanded(*above, true);
+}
+
+}  // namespace
+
 void ControlActor::click(Tree& tree, TreeNode& node) {
     focus(tree);
+    openAbove(tree, node);
     tree.click(node);
 }
 void ControlActor::tick(Tree& tree, TreeNode& node) {
     focus(tree);
+    // The box of a node is part of it: a press there selects it, too.
+    if (tree.usable()) tree.select(&node);
     tree.tick(node, !node.checked());
 }
 void ControlActor::click(Grid& grid, int row, int column) {

@@ -19,6 +19,9 @@ class Actor {
     virtual void shown(Screen&) {}
     virtual void closed(const std::string& /*screen*/) {}
 
+    /// The screen asks for the focus there; windows have moved it by then.
+    virtual void led(Control&) {}
+
     virtual void focus(Control& control) = 0;
     virtual void type(TextBox& box, const std::string& text) = 0;
     virtual void press(Button& button) = 0;
@@ -38,6 +41,7 @@ class Actor {
 /// Acts through the controls themselves.
 class ControlActor : public Actor {
   public:
+    void led(Control& control) override { focus(control); }
     void focus(Control& control) override;
     void type(TextBox& box, const std::string& text) override;
     void press(Button& button) override;

@@ -291,7 +291,7 @@ void Transcript::watchFocus(const Screen& screen) {
     for (Control* control : screen.controls()) {
         focusWatches_.push_back(control->focusAsked.connect([this, control] {
             say("focus " + control->name());
-            actor_->focus(*control);
+            actor_->led(*control);
         }));
         if (auto* box = dynamic_cast<TextBox*>(control))
             focusWatches_.push_back(

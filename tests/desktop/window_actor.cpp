@@ -1,0 +1,189 @@
+#include "desktop/window_actor.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QComboBox>
+#include <QInputMethodEvent>
+#include <QStyleOptionViewItem>
+#include <QTabBar>
+#include <QTableView>
+#include <QTest>
+
+#include "desktop/convert.h"
+#include "desktop/screen_list.h"
+
+namespace desk::desktop {
+
+namespace {
+
+bool hasLayout(const Screen& screen) {
+    for (const KnownScreen& known : screenList())
+        if (screen.name() == known.name) return known.layOut != nullptr;
+    return false;
+}
+
+/// What no key has comes from an input method.
+void typeText(QWidget* field, const QString& typed) {
+    for (const QChar c : typed) {
+        if (c == '\r') continue;
+        if (c == '\n') {
+            QTest::keyClick(field, Qt::Key_Return);
+        } else if (c.unicode() < 128) {
+            QTest::keyClick(field, c.toLatin1());
+        } else {
+            QInputMethodEvent commit;
+            commit.setCommitString(c);
+            QApplication::sendEvent(field, &commit);
+        }
+    }
+}
+
+void empty(QWidget* field) {
+    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(field, Qt::Key_Delete);
+}
+
+QModelIndex indexOf(const QAbstractItemModel& model, const TreeNode& node) {
+    return model.index(node.row(), 0,
+                       node.parent() != nullptr ? indexOf(model, *node.parent()) : QModelIndex());
+}
+
+QPoint middleOf(QAbstractItemView& view, const QModelIndex& index) {
+    view.scrollTo(index);
+    return view.visualRect(index).center();
+}
+
+QPoint boxOf(QAbstractItemView& view, const QModelIndex& index) {
+    view.scrollTo(index);
+    QStyleOptionViewItem option;
+    option.initFrom(&view);
+    option.rect = view.visualRect(index);
+    option.features = QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
+    return view.style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, &view).center();
+}
+
+}  // namespace
+
+void WindowActor::shown(Screen& screen) {
+    if (!hasLayout(screen)) return;
+    QWidget* window = layoutOf(screen);
+    // As the screens stand on the smallest display, and with every line of a list in reach.
+    window->resize(1600, 1000);
+    windows_[screen.name()] = std::make_unique<Person>(window);
+}
+
+void WindowActor::closed(const std::string& screen) {
+    const auto found = windows_.find(screen);
+    if (found == windows_.end()) return;
+    found->second->window().hide();
+    closed_.push_back(std::move(found->second));
+    windows_.erase(found);
+}
+
+template <class Widget>
+Widget* WindowActor::reached(const Control& control) {
+    const auto window = windows_.find(control.screen().name());
+    if (window == windows_.end()) return nullptr;
+    // A list that has closed leaves no window active here.
+    QWidget& shown = window->second->window();
+    shown.activateWindow();
+    if (!QTest::qWaitForWindowActive(&shown)) return nullptr;
+    auto& widget = window->second->at<Widget>(control);
+    return widget.isVisible() && widget.isEnabled() ? &widget : nullptr;
+}
+
+void WindowActor::focus(Control& control) {
+    if (auto* widget = reached<QWidget>(control)) Person::click(*widget, widget->rect().center());
+}
+
+void WindowActor::type(TextBox& box, const std::string& wanted) {
+    auto* widget = reached<QWidget>(box);
+    if (widget == nullptr) return;
+    if (!widget->hasFocus()) focus(box);
+    empty(widget);
+    typeText(widget, text(wanted));
+}
+
+void WindowActor::press(Button& button) {
+    focus(button);
+}
+
+void WindowActor::tick(CheckBox& box) {
+    if (auto* widget = reached<QWidget>(box)) Person::click(*widget, {8, widget->height() / 2});
+}
+
+void WindowActor::pick(ComboBox& combo, const std::string& wanted) {
+    auto* box = reached<QComboBox>(combo);
+    const int line = box != nullptr ? box->findText(text(wanted)) : -1;
+    if (line < 0) return;
+    box->setFocus(Qt::MouseFocusReason);
+    box->showPopup();
+    box->view()->setCurrentIndex(box->model()->index(line, 0));
+    QTest::keyClick(box->view(), Qt::Key_Return);
+}
+
+void WindowActor::pick(DatePicker& picker, const DateTime& day) {
+    auto* widget = reached<QWidget>(picker);
+    if (widget == nullptr) return;
+    widget->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
+    typeText(widget, text(isoDay(day)));
+}
+
+void WindowActor::click(ListBox& list, int line) {
+    if (auto* view = reached<QAbstractItemView>(list))
+        Person::click(*view->viewport(), middleOf(*view, view->model()->index(line, 0)));
+}
+
+void WindowActor::doubleClick(ListBox& list, int line) {
+    if (auto* view = reached<QAbstractItemView>(list))
+        Person::doubleClick(*view->viewport(), middleOf(*view, view->model()->index(line, 0)));
+}
+
+void WindowActor::click(Tree& tree, TreeNode& node) {
+    if (auto* view = reached<QAbstractItemView>(tree))
+        Person::click(*view->viewport(), middleOf(*view, indexOf(*view->model(), node)));
+}
+
+void WindowActor::tick(Tree& tree, TreeNode& node) {
+    if (auto* view = reached<QAbstractItemView>(tree))
+        Person::click(*view->viewport(), boxOf(*view, indexOf(*view->model(), node)));
+}
+
+void WindowActor::click(Grid& grid, int row, int column) {
+    if (auto* view = reached<QAbstractItemView>(grid))
+        Person::click(*view->viewport(),
+                      middleOf(*view, view->model()->index(row - grid.fixedRows(), column)));
+}
+
+void WindowActor::doubleClick(Grid& grid, int row, int column) {
+    if (auto* view = reached<QAbstractItemView>(grid))
+        Person::doubleClick(*view->viewport(),
+                            middleOf(*view, view->model()->index(row - grid.fixedRows(), column)));
+}
+
+void WindowActor::choose(TabStrip& strip, int index) {
+    if (auto* bar = reached<QTabBar>(strip)) Person::click(*bar, bar->tabRect(index).center());
+}
+
+void WindowActor::clickDay(MonthCalendar& calendar, const DateTime& day) {
+    auto* shown = reached<QCalendarWidget>(calendar);
+    if (shown == nullptr) return;
+    const QDate wanted(static_cast<int>(day.day.year()),
+                       static_cast<int>(static_cast<unsigned>(day.day.month())),
+                       static_cast<int>(static_cast<unsigned>(day.day.day())));
+    shown->setCurrentPage(wanted.year(), wanted.month());
+    auto* days = shown->findChild<QTableView*>("qt_calendar_calendarview");
+    // The first of the month is the first cell that says so; the header stands above and beside the days.
+    int from = -1;
+    for (int cell = 0; cell < days->model()->rowCount() * days->model()->columnCount(); ++cell) {
+        const auto index =
+            days->model()->index(cell / days->model()->columnCount(), cell % days->model()->columnCount());
+        if (from < 0 && index.data().toInt() == 1 && index.row() > 0) from = cell;
+        if (from >= 0 && index.data().toInt() == wanted.day())
+            return Person::click(*days->viewport(), days->visualRect(index).center());
+    }
+}
+
+}  // namespace desk::desktop

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <map>
+#include <memory>
+
+#include "desktop/person.h"
+#include "support/actor.h"
+
+namespace desk::desktop {
+
+/// Acts as a person does before the windows: mouse, keys, and an input method for Chinese. Each screen that
+/// is shown gets a window with its layout.
+class WindowActor : public Actor {
+  public:
+    void shown(Screen& screen) override;
+    void closed(const std::string& screen) override;
+
+    void focus(Control& control) override;
+    void type(TextBox& box, const std::string& text) override;
+    void press(Button& button) override;
+    void tick(CheckBox& box) override;
+    void pick(ComboBox& combo, const std::string& text) override;
+    void pick(DatePicker& picker, const DateTime& day) override;
+    void click(ListBox& list, int line) override;
+    void doubleClick(ListBox& list, int line) override;
+    void click(Tree& tree, TreeNode& node) override;
+    void tick(Tree& tree, TreeNode& node) override;
+    void click(Grid& grid, int row, int column) override;
+    void doubleClick(Grid& grid, int row, int column) override;
+    void choose(TabStrip& strip, int index) override;
+    void clickDay(MonthCalendar& calendar, const DateTime& day) override;
+
+  private:
+    /// The control's widget where a person can reach it now, null otherwise.
+    template <class Widget>
+    Widget* reached(const Control& control);
+
+    std::map<std::string, std::unique_ptr<Person>> windows_;
+    std::vector<std::unique_ptr<Person>> closed_;  ///< a button in them may still be in its handler
+};
+
+}  // namespace desk::desktop
