@@ -18,6 +18,16 @@ namespace {
 constexpr const char* tick = "√";
 constexpr const char* dayPicture = "YYYY年MM月DD日";
 
+/// The name with the ending of a workbook, where it has no ending of its own. "2011.03" has none: it is a
+/// month.
+std::string workbookName(const std::string& name) {
+    const std::string file = name.substr(name.find_last_of("/\\") + 1);
+    const auto dot = file.rfind('.');
+    const bool hasEnding = dot != std::string::npos && dot + 1 < file.size() &&
+                           std::string_view("0123456789").find(file[dot + 1]) == std::string_view::npos;
+    return hasEnding ? name : name + ".xls";
+}
+
 /// Shows how far long work is, and takes the display away however it ends.
 class Progress {
   public:
@@ -78,13 +88,22 @@ void FrmToExcel::Config(Grid& grid, std::string_view 工作表, std::string_view
 }
 
 void FrmToExcel::browse() {
-    const auto chosen = app_.desktop.chooseFile(
-        {app_.platform.files.programDirectory(), "Excel Flie *.xls|*.xls|All flie *.*|*.*", false});
-    if (chosen) 文件.setText(*chosen);
+    const auto chosen = app_.desktop.chooseFile({app_.platform.files.programDirectory(),
+                                                 "Excel Flie *.xls|*.xls|All flie *.*|*.*", FilePurpose::save,
+                                                 proposedName()});
+    if (chosen) 文件.setText(workbookName(*chosen));
+}
+
+std::string FrmToExcel::proposedName() const {
+    std::string name = 文档标题.text() + " " + isoDay(app_.platform.clock.today());
+    for (char& sign : name)
+        if (std::string_view("/\\:*?\"<>|").find(sign) != std::string_view::npos) sign = '-';
+    return workbookName(name);
 }
 
 void FrmToExcel::output() {
     if (文档标题.text().empty() || 工作表名称.text().empty()) return app_.tell("请输入标题内容");
+    if (!文件.text().empty()) 文件.setText(workbookName(文件.text()));
     bool done = false;
     To_Execl(*源表格, 文档标题.text(), 工作表名称.text(), done);
     if (done) return app_.screens.unload(*this);
@@ -105,7 +124,13 @@ void FrmToExcel::To_Execl(Grid& grid, const std::string&, const std::string&, bo
     } catch (const RuntimeFailure& failure) {
         lastError_ = failure.description();
     }
-    if (结果 && Check1.checked()) app_.platform.programs.openForUser(文件.text());
+    if (结果) tellWhere();
+}
+
+void FrmToExcel::tellWhere() {
+    app_.desktop.notify("已输出到 " + 文件.text());
+    if (Check1.checked() && !app_.platform.programs.openForUser(文件.text()))
+        app_.inform("没有可以打开表格的程序。文件已保存在\r\n" + 文件.text());
 }
 
 void FrmToExcel::write(Grid& grid) {

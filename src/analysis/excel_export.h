@@ -40,7 +40,9 @@ class FrmToExcel : public Screen {
 
   private:
     void browse();
+    std::string proposedName() const;
     void output();
+    void tellWhere();
     void write(Grid& grid);
     std::vector<int> chosenColumns() const;
 

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace desk {
 
@@ -15,8 +16,16 @@ class RuntimeFailure : public std::runtime_error {
     long number() const { return number_; }
     std::string description() const { return what(); }
 
+    /// The statement that the database refused, empty where none was sent.
+    const std::string& statement() const { return statement_; }
+    /// Notes the statement, unless one has been noted nearer to the failure.
+    void setStatement(std::string statement) {
+        if (statement_.empty()) statement_ = std::move(statement);
+    }
+
   private:
     long number_;
+    std::string statement_;
 };
 
 /// Failure numbers that more than one room raises.

@@ -45,6 +45,7 @@ Frm客户跟进信息分配::Frm客户跟进信息分配(Application& app)
     是否分配.setLocked(true);
     for (Control* field : std::initializer_list<Control*>{&选择组, &选择人员, &分配日期})
         field->setDemanded(true);
+    客户.hint = "请先选择管理项目";
     管理项目.selected += [this] { chooseOffice(); };
     选择组.selected += [this] { chooseTeam(); };
     客户.nodeClicked += [this](TreeNode& node) { selectCustomer(node); };
@@ -71,6 +72,7 @@ std::string Frm客户跟进信息分配::loadedNumber() {
 void Frm客户跟进信息分配::chooseOffice() {
     const Hourglass busy(app_.desktop);
     已选客户_ = false;
+    客户.hint = "该管理项目没有客户";
     Recordset leads(
         app_.主连接,
         sql("Select * From YZ_引驻客户信息 Where  管理处代号='{}'  Order By Len(登记编号),登记编号",
@@ -151,6 +153,7 @@ void Frm客户跟进信息分配::assign() {
         app_.主连接.execute(
             sql("Update YZ_引驻客户信息 Set 分配日期='{}' Where 登记编号='{}' AND 管理处代号='{}'",
                 分配日期.text(), no, 管理项目.code()));
+        app_.saved(no);
         app_.tell("任务分配成功！");
     } catch (const RuntimeFailure& failure) {
         app_.inform(fmt::format("{} {}", failure.number(), failure.description()));
@@ -171,6 +174,7 @@ void Frm客户跟进信息分配::end() {
         if (assignment.atEnd()) return;
         assignment["终止日期"] = typedDay(终止日期.text());
         assignment.update();
+        app_.desktop.notify("已终止 " + no);
     } catch (const RuntimeFailure&) {
         // An assignment that cannot be ended stays, without a word.
     }

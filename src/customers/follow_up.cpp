@@ -44,6 +44,8 @@ Frm客户跟进记录::Frm客户跟进记录(Application& app)
     for (TextBox* box : {&业务员, &中介人员, &中介联系电话, &中介传真}) box->setLocked(true);
     跟进列表.setColumnWidth(编号列, 0);
     跟进列表.setSelection(GridSelection::row);
+    跟进列表.hint = "没有跟进记录";
+    客户.hint = "请先选择管理项目";
     删除.setEnabled(false);
 
     for (Control* field : std::initializer_list<Control*>{&跟进日期, &跟进人员, &跟进状态})
@@ -103,6 +105,7 @@ void Frm客户跟进记录::chooseOffice() {
     跟进列表.setRows(跟进列表.fixedRows());
     新增.browse();
     页签.setIndex(0);
+    客户.hint = "没有分配给您的客户";
     Recordset leads(
         app_.主连接,
         sql("Select * From YZ_引驻客户信息 Where  登记编号 in (Select 登记编号 From YZ_引驻客户分配  Where "
@@ -208,20 +211,28 @@ void Frm客户跟进记录::save() {
     if (!管理项目.hasSelection() || !跟进人员.hasSelection() || !跟进状态.hasSelection() ||
         客户信息["登记编号"].text().empty())
         return;
+    std::string saved = currentId_;
     if (新增.entering() || currentId_.empty()) {
         Recordset diary(app_.主连接, "Select * From YZ_引驻客户跟进记录 where 1=0", Rows::updatable);
         diary.addNew();
         diary["管理处代号"] = 管理项目.code();
         diary["登记编号"] = 客户信息["登记编号"].text();
         writeEntry(diary);
+        saved = diary["ID"].text();
     } else {
         Recordset diary(app_.主连接,
                         sql("Select * From YZ_引驻客户跟进记录 where ID={}", numeral(currentId_)),
                         Rows::updatable);
-        if (!diary.atEnd()) writeEntry(diary);
+        if (diary.atEnd())
+            saved.clear();
+        else
+            writeEntry(diary);
     }
     新增.browse();
+    if (!saved.empty()) app_.saved(客户信息["登记编号"].text());
     reloadCustomer();
+    for (int row = 跟进列表.fixedRows(); row < 跟进列表.rows(); ++row)
+        if (跟进列表.text(row, 编号列) == saved) 跟进列表.reveal(row);
 }
 
 void Frm客户跟进记录::writeEntry(Recordset& diary) {

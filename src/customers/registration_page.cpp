@@ -80,6 +80,7 @@ bool 多选项目::choose(std::string_view text) {
     列表.setColumnWidth(1, 4200);
     列表.setColumnWidth(2, 0);
     列表.setSelection(GridSelection::row);
+    列表.hint = "该管理项目没有中介公司";
     面板关闭.clicked += [this] { 面板.close(); };
 }
 
@@ -108,6 +109,8 @@ bool 多选项目::choose(std::string_view text) {
       确定(screen, name_ + ".确定", "确定", ButtonRole::main),
       删除(screen, name_ + ".删除", "删除"),
       退出(screen, name_ + ".退出", "退出") {
+    客户.hint = "请先选择管理项目";
+    询问重点.列表.hint = "尚未设置咨询内容";
     makeOptionalParts();
     nameColumns();
     markFields(*this);
@@ -115,7 +118,7 @@ bool 多选项目::choose(std::string_view text) {
 }
 
 void 登记页::makeOptionalParts() {
-    if (rules_.有媒体) 媒体.emplace(screen_, name_ + ".媒体");
+    if (rules_.有媒体) 媒体.emplace(screen_, name_ + ".媒体").列表.hint = "尚未设置媒体";
     if (rules_.有客户详情) {
         职位.emplace(screen_, name_ + ".职位");
         传真.emplace(screen_, name_ + ".传真");

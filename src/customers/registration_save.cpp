@@ -18,6 +18,8 @@ void 登记页::save() {
         addLead(*worked, *serial);
     }
     refillTree();
+    if (const TreeNode* node = 客户.find(std::string(rules_.键前缀) + 登记编号.text())) 客户.reveal(*node);
+    app_.saved(登记编号.text());
 }
 
 /// The values that a save writes, or nothing when a field is missing; then the person has been told which.

@@ -2,6 +2,7 @@
 
 #include "base/failure.h"
 #include "db/engines.h"
+#include "db/failing_statement.h"
 
 namespace desk {
 
@@ -32,7 +33,7 @@ Engine& Connection::engine() const {
 }
 
 long Connection::execute(std::string_view statement) {
-    return engine().execute(statement);
+    return naming(statement, [&] { return engine().execute(statement); });
 }
 void Connection::begin() {
     engine().begin();

@@ -4,6 +4,7 @@
 
 #include "base/failure.h"
 #include "db/engine.h"
+#include "db/failing_statement.h"
 #include "schema/catalogue.h"
 
 namespace desk {
@@ -18,7 +19,8 @@ namespace {
 }  // namespace
 
 Recordset::Recordset(Connection& connection, std::string_view statement, Rows mode)
-    : cursor_(connection.engine().open(statement, mode)) {}
+    : statement_(statement),
+      cursor_(naming(statement_, [&] { return connection.engine().open(statement, mode); })) {}
 
 Recordset::~Recordset() = default;
 Recordset::Recordset(Recordset&&) noexcept = default;
@@ -28,7 +30,7 @@ bool Recordset::atEnd() const {
     return cursor_->atEnd();
 }
 void Recordset::moveNext() {
-    cursor_->moveNext();
+    naming(statement_, [&] { cursor_->moveNext(); });
 }
 
 int Recordset::columnCount() const {
@@ -52,7 +54,7 @@ void Recordset::addNew() {
     cursor_->addNew();
 }
 void Recordset::update() {
-    cursor_->update();
+    naming(statement_, [&] { cursor_->update(); });
 }
 
 Value Recordset::Field::value() const {
@@ -68,7 +70,7 @@ std::string_view Recordset::Field::view() const {
     return rows_.cursor_->view(column_);
 }
 void Recordset::Field::operator=(const Value& value) {
-    rows_.cursor_->set(column_, value);
+    naming(rows_.statement_, [&] { rows_.cursor_->set(column_, value); });
 }
 
 bool anyRow(Connection& connection, std::string_view statement) {

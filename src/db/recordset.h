@@ -82,6 +82,7 @@ class Recordset {
     void update();
 
   private:
+    std::string statement_;  ///< that a failure names
     std::unique_ptr<Cursor> cursor_;
 };
 

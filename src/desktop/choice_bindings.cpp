@@ -11,6 +11,7 @@
 #include <QTabBar>
 
 #include "desktop/binding.h"
+#include "desktop/hint.h"
 #include "desktop/keys.h"
 #include "desktop/view_clicks.h"
 
@@ -47,6 +48,8 @@ void takeLines(const ItemHolder& holder, Widget* shown, bool (*shows)(Widget*, i
 
 void selectAsHeld(const ListBox& list, QListWidget* shown) {
     const QSignalBlocker quiet(shown->selectionModel());
+    // The keyboard goes on from the selected line.
+    if (list.style() == ListStyle::single && list.index() >= 0) shown->setCurrentRow(list.index());
     for (int line = 0; line < shown->count(); ++line) shown->item(line)->setSelected(list.isSelected(line));
     shown->viewport()->update();
 }
@@ -132,6 +135,7 @@ QWidget* listWidget(ListBox& list) {
     shown->setSelectionMode(multiple ? QAbstractItemView::MultiSelection
                                      : QAbstractItemView::SingleSelection);
     shown->setMinimumHeight(56);
+    showHint(shown, list.hint);
     const auto fill = [&list, shown] {
         const QSignalBlocker quiet(shown);
         takeLines<QListWidget>(

@@ -5,9 +5,11 @@
 
 namespace desk::desktop {
 
+struct Ending;
+
 /// The one door from the window system into the screens: every handler runs through it, and so does whatever
 /// Qt calls to paint a screen's data or to ask for them. A failure that nobody traps is shown as "运行时错误
-/// '{number}'" with its description, and ends the process with exit code 1.
+/// '{number}'" with its description, and ends the process (see desktop/ending.h).
 class Edge {
   public:
     /// Runs a handler.
@@ -19,7 +21,7 @@ class Edge {
 
   private:
     void runInside(const std::function<void()>& handler);
-    void end(const QString& title, const QString& description);
+    void end(const Ending& ending);
 
     int depth_ = 0;
     bool ending_ = false;  ///< the box of a failure is up

@@ -11,6 +11,7 @@
 
 #include "desktop/binding.h"
 #include "desktop/keys.h"
+#include "desktop/mnemonics.h"
 
 namespace desk::desktop {
 
@@ -66,7 +67,10 @@ QWidget* labelWidget(Label& label) {
 QWidget* buttonWidget(Button& button) {
     auto* shown = new PushButton(button);
     shown->setProperty(mainButtonProperty, button.role() == ButtonRole::main);
-    const auto show = [&button, shown] { shown->setText(text(button.caption())); };
+    const auto show = [&button, shown] {
+        shown->setText(withMnemonic(text(button.caption())));
+        shown->setAccessibleName(text(button.caption()));
+    };
     show();
     follow(shown, button.touched, show);
     QObject::connect(shown, &QPushButton::clicked, shown, [&button] { enter([&] { button.click(); }); });

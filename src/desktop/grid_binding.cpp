@@ -5,12 +5,16 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPalette>
-#include <QStyledItemDelegate>
 #include <QTableView>
 
 #include "desktop/binding.h"
+#include "desktop/column_fit.h"
+#include "desktop/copy_rows.h"
+#include "desktop/find_bar.h"
 #include "desktop/grid_header.h"
+#include "desktop/hint.h"
 #include "desktop/keys.h"
+#include "desktop/row_delegate.h"
 #include "desktop/view_clicks.h"
 
 namespace desk::desktop {
@@ -109,13 +113,13 @@ QVariant GridModel::header(int section, int role) const {
 namespace {
 
 /// A cell with a colour of its own says something by it, and shows it also in the selected row.
-class CellPainter : public QStyledItemDelegate {
+class CellPainter : public RowDelegate {
   public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using RowDelegate::RowDelegate;
 
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-        QStyledItemDelegate::initStyleOption(option, index);
+        RowDelegate::initStyleOption(option, index);
         if (index.data(GridModel::ownColourRole).toBool()) option->state &= ~QStyle::State_Selected;
     }
 };
@@ -128,13 +132,11 @@ class GridWidget : public QTableView {
         // Without a fixed row the grid has no header; with several they stand above each other.
         setHorizontalHeader(new GridHeader(grid, this));
         setModel(new GridModel(grid, this));
-        setItemDelegate(new CellPainter(this));
         verticalHeader()->hide();
         verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
         verticalHeader()->setMinimumSectionSize(fontMetrics().height() + 4);
         horizontalHeader()->setMinimumSectionSize(4);
         horizontalHeader()->setHighlightSections(false);
-        horizontalHeader()->setStretchLastSection(true);
         setSelectionMode(QAbstractItemView::SingleSelection);
         setEditTriggers(QAbstractItemView::NoEditTriggers);
         setTabKeyNavigation(false);
@@ -185,9 +187,6 @@ class GridWidget : public QTableView {
     void showStructure() {
         setSelectionBehavior(grid_.selection() == GridSelection::row ? SelectRows : SelectItems);
         horizontalHeader()->setVisible(grid_.fixedRows() > 0);
-        // A number far from the others at the window's edge is hard to read.
-        horizontalHeader()->setStretchLastSection(grid_.columns() == 0 ||
-                                                  grid_.alignment(grid_.columns() - 1) != Align::right);
         for (int column = 0; column < grid_.columns(); ++column) {
             const int width = pixels(grid_.columnWidth(column));
             setColumnHidden(column, width == 0);
@@ -250,10 +249,33 @@ class GridWidget : public QTableView {
     Grid& grid_;
 };
 
+Searched searchOf(Grid& grid, QTableView* view) {
+    const auto find = [&grid, view](Wanted& wanted, const QModelIndex& from, Towards towards) {
+        std::optional<GridPlace> place;
+        if (from.isValid()) place = {from.row() + grid.fixedRows(), from.column()};
+        const auto found = findCell(grid, wanted, place, towards);
+        return found ? view->model()->index(found->row - grid.fixedRows(), found->column) : QModelIndex();
+    };
+    const auto click = [&grid](const QModelIndex& index) {
+        enter([&] { grid.click(index.row() + grid.fixedRows(), index.column()); });
+    };
+    return {find, click};
+}
+
 }  // namespace
 
 QWidget* gridWidget(Grid& grid) {
-    return new GridWidget(grid);
+    auto* view = new GridWidget(grid);
+    auto* rows = new CellPainter(view);
+    view->setItemDelegate(rows);
+    fitColumns(view, grid);
+    showHint(view, grid.hint);
+    addCopying(view, grid);
+    new FindBar(view, rows, searchOf(grid, view));
+    follow(view, grid.revealAsked, [view, &grid](int row) {
+        view->scrollTo(view->model()->index(row - grid.fixedRows(), std::max(view->columnAt(0), 0)));
+    });
+    return view;
 }
 
 }  // namespace desk::desktop

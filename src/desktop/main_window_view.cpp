@@ -3,10 +3,13 @@
 #include <QCloseEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
+#include <QStatusBar>
 #include <QVBoxLayout>
 
 #include "desktop/binding.h"
 #include "desktop/canvas_binding.h"
+#include "desktop/mnemonics.h"
 #include "desktop/screen_windows.h"
 
 namespace desk::desktop {
@@ -54,7 +57,24 @@ MainWindowView::MainWindowView(MDIForm1& screen) : screen_(screen), area_(new Ar
     box->addWidget(banner);
     box->addWidget(area_, 1);
     setCentralWidget(whole);
+    statusBar()->addPermanentWidget(widgetFor(screen.状态栏));
+    // F10 opens the menu also where the toolkit leaves that to the system.
+    auto* menuKey = new QShortcut(Qt::Key_F10, this);
+    connect(menuKey, &QShortcut::activated, this, [this] { openMenu(); });
     resize(pixels(screen.width()), pixels(screen.height()));
+}
+
+void MainWindowView::openMenu() {
+    for (QAction* entry : menuBar()->actions()) {
+        if (!entry->isEnabled() || !entry->isVisible()) continue;
+        menuBar()->setFocus(Qt::MenuBarFocusReason);
+        return menuBar()->setActiveAction(entry);
+    }
+}
+
+void MainWindowView::notify(const QString& text) {
+    constexpr int longEnoughToRead = 8000;  // ms
+    statusBar()->showMessage(text, longEnoughToRead);
 }
 
 void MainWindowView::fillMenuBar() {
@@ -72,16 +92,16 @@ void MainWindowView::fillMenuBar() {
                              [&entry] { enter([&] { entry.click(); }); });
         };
         if (top.entries().empty()) {
-            shown(menuBar()->addAction(text(top.caption())), top);
+            shown(menuBar()->addAction(withMnemonic(text(top.caption()))), top);
             continue;
         }
-        QMenu* menu = menuBar()->addMenu(text(top.caption()));
+        QMenu* menu = menuBar()->addMenu(withMnemonic(text(top.caption())));
         shown(menu->menuAction(), top);
         for (MenuEntry* entry : top.entries()) {
             if (entry->isSeparator())
                 menu->addSeparator();
             else
-                shown(menu->addAction(text(entry->caption())), *entry);
+                shown(menu->addAction(withMnemonic(text(entry->caption()))), *entry);
         }
     }
 }

@@ -13,12 +13,15 @@ class MainWindowView : public QMainWindow {
     explicit MainWindowView(MDIForm1& screen);
 
     QMdiArea& area() { return *area_; }
+    /// Shows the text in the status bar for some seconds.
+    void notify(const QString& text);
 
   protected:
     void closeEvent(QCloseEvent* event) override;
 
   private:
     void fillMenuBar();
+    void openMenu();
 
     MDIForm1& screen_;
     QMdiArea* area_;

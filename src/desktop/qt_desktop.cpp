@@ -158,10 +158,14 @@ std::optional<std::string> QtDesktop::chooseFile(const FileQuestion& question) {
     QStringList filters;
     const QStringList parts = text(question.filter).split('|');
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) filters << parts[i] + " (" + parts[i + 1] + ")";
-    QFileDialog dialog(QApplication::activeWindow(), "打开", text(question.directory));
+    const bool saves = question.purpose == FilePurpose::save;
+    QFileDialog dialog(QApplication::activeWindow(), saves ? "保存" : "打开", text(question.directory));
     dialog.setNameFilters(filters);
-    dialog.setFileMode(question.mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-    if (!question.mustExist) dialog.setLabelText(QFileDialog::Accept, "确定");
+    dialog.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    // What is in a file that is there already is kept.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.selectFile(text(question.proposal));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     return utf8(dialog.selectedFiles().front());
 }
@@ -192,6 +196,10 @@ void QtDesktop::setBusy(bool busy) {
         QApplication::setOverrideCursor(Qt::WaitCursor);
     else
         QApplication::restoreOverrideCursor();
+}
+
+void QtDesktop::notify(std::string_view shown) {
+    if (main_ != nullptr) main_->notify(text(shown));
 }
 
 void QtDesktop::showProgress(std::string_view what, long done, long total) {

@@ -10,6 +10,7 @@
 #include "desktop/layouts/reference.h"
 #include "desktop/layouts/registration.h"
 #include "desktop/layouts/session.h"
+#include "desktop/screen_keys.h"
 #include "session/background.h"
 #include "session/main_window.h"
 
@@ -69,6 +70,7 @@ QWidget* layoutOf(Screen& screen) {
         throw std::logic_error("no layout for " + screen.name());
     QWidget* content = known->layOut(screen);
     layout::orderTabs(content);
+    addScreenKeys(content);
     return content;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QMenu>
 #include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QTimer>
@@ -60,6 +61,9 @@ ChildWindow::ChildWindow(Screens& screens, Screen& screen, QWidget* content, QMd
     setWidget(scrollable(content));
     runTimers(screen, this);
     area.addSubWindow(this);
+    // Qt would close a child by Ctrl+W, which other programs use inside a text.
+    for (QAction* entry : systemMenu()->actions())
+        if (!entry->shortcut().isEmpty()) entry->setShortcut(Qt::CTRL | Qt::Key_F4);
     area.viewport()->installEventFilter(this);
     resize(QSize(pixels(screen.width()), pixels(screen.height())) + frame());
     fit();

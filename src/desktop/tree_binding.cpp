@@ -1,13 +1,18 @@
 #include "desktop/tree_binding.h"
 
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QTreeView>
 #include <algorithm>
 
 #include "desktop/binding.h"
+#include "desktop/find_bar.h"
+#include "desktop/hint.h"
 #include "desktop/keys.h"
+#include "desktop/row_delegate.h"
 #include "desktop/view_clicks.h"
+#include "ui/find.h"
 
 namespace desk::desktop {
 
@@ -74,9 +79,7 @@ int TreeModel::rowCount(const QModelIndex& parent) const {
 QVariant TreeModel::data(const QModelIndex& index, int role) const {
     if (away_ || !index.isValid()) return {};
     const TreeNode& node = *nodeOf(index);
-    // The tip shows what a narrow tree cuts off.
     if (role == Qt::DisplayRole) return onOneLine(node.text());
-    if (role == Qt::ToolTipRole) return text(node.text());
     if (role == Qt::CheckStateRole && tree_.style() == Tree::Style::checkBoxes)
         return node.checked() ? Qt::Checked : Qt::Unchecked;
     return {};
@@ -119,6 +122,23 @@ class TreeWidget : public QTreeView {
         showState();
     }
 
+    const TreeModel& nodes() const { return *model_; }
+
+    /// Typed letters find the beginning of any word, so that a number and a name are found behind the mark
+    /// before them.
+    void keyboardSearch(const QString& typed) override {
+        constexpr int pauseThatBeginsANewText = 1000;  // ms
+        const bool goesOn = typedAt_.isValid() && typedAt_.elapsed() < pauseThatBeginsANewText;
+        typed_ = goesOn ? typed_ + typed : typed;
+        typedAt_.start();
+        Wanted wanted(utf8(typed_));
+        const QModelIndex at = currentIndex();
+        const TreeNode* from = at.isValid() ? TreeModel::nodeOf(at) : nullptr;
+        if (wanted.isEmpty() || (goesOn && from != nullptr && wanted.beginsAWordOf(from->text()))) return;
+        if (const TreeNode* found = findBeginning(tree_, wanted, from))
+            setCurrentIndex(model_->indexOf(found));
+    }
+
   protected:
     /// A press that was let go elsewhere has marked a node that nobody clicked.
     void mouseReleaseEvent(QMouseEvent* event) override {
@@ -129,6 +149,15 @@ class TreeWidget : public QTreeView {
     void focusInEvent(QFocusEvent* event) override {
         QTreeView::focusInEvent(event);
         goNowhereByFocus(this);
+        // Names are typed through an input method, also where nothing is edited.
+        setAttribute(Qt::WA_InputMethodEnabled);
+    }
+
+    void inputMethodEvent(QInputMethodEvent* event) override {
+        const QModelIndex before = currentIndex();
+        keyboardSearch(event->commitString());
+        event->accept();
+        tellMove(before);
     }
 
     void keyPressEvent(QKeyEvent* event) override {
@@ -137,12 +166,18 @@ class TreeWidget : public QTreeView {
         if (isEnter(*event) || (event->key() == Qt::Key_Space && !ticks)) return click(currentIndex());
         const QModelIndex before = currentIndex();
         QTreeView::keyPressEvent(event);
-        if (currentIndex().isValid() && currentIndex() != before)
-            enter([this] { tree_.moveTo(*TreeModel::nodeOf(currentIndex())); });
-        if (isBound(this)) showSelection();
+        tellMove(before);
     }
 
   private:
+    void tellMove(const QModelIndex& before) {
+        if (currentIndex().isValid() && currentIndex() != before)
+            enter([this] { tree_.moveTo(*TreeModel::nodeOf(currentIndex())); });
+        if (!isBound(this)) return;
+        showSelection();
+        setAttribute(Qt::WA_InputMethodEnabled);
+    }
+
     void click(const QModelIndex& index) {
         if (index.isValid() && !model_->isAway()) enter([&] { tree_.click(*TreeModel::nodeOf(index)); });
     }
@@ -182,13 +217,33 @@ class TreeWidget : public QTreeView {
 
     Tree& tree_;
     TreeModel* model_;
+    QString typed_;  ///< so far, without a pause
+    QElapsedTimer typedAt_;
     bool showing_ = false;
 };
+
+Searched searchOf(Tree& tree, const TreeModel& model) {
+    const auto find = [&tree, &model](Wanted& wanted, const QModelIndex& from, Towards towards) {
+        return model.indexOf(
+            findNode(tree, wanted, from.isValid() ? TreeModel::nodeOf(from) : nullptr, towards));
+    };
+    const auto click = [&tree](const QModelIndex& index) {
+        enter([&] { tree.click(*TreeModel::nodeOf(index)); });
+    };
+    return {find, click};
+}
 
 }  // namespace
 
 QWidget* treeWidget(Tree& tree) {
-    return new TreeWidget(tree);
+    auto* view = new TreeWidget(tree);
+    auto* rows = new RowDelegate(view);
+    view->setItemDelegate(rows);
+    showHint(view, tree.hint);
+    new FindBar(view, rows, searchOf(tree, view->nodes()));
+    follow(view, tree.revealAsked,
+           [view](const TreeNode& node) { view->scrollTo(view->nodes().indexOf(&node)); });
+    return view;
 }
 
 }  // namespace desk::desktop

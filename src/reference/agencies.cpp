@@ -99,6 +99,8 @@ void Frm中介公司设置::save() {
     for (const TextBox& box : boxes) cells.emplace_back(trimmed(box.text()));
     列表.put(列表.row(), cells);
     if (adding) 列表.grow();
+    列表.reveal(列表.row());
+    app_.saved(cells.front());
 }
 
 bool Frm中介公司设置::add() {

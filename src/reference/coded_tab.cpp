@@ -82,6 +82,8 @@ void CodedTab::save() {
     } else {
         change();
     }
+    列表.reveal(列表.row());
+    app_.saved(代号.text() + " " + 名称.text());
     written();
 }
 

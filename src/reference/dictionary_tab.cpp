@@ -105,6 +105,8 @@ void DictionaryTab::save() {
     // first on the screen, while the table holds both.
     列表.put(列表.row(), {name, std::string(trimmed(说明.text()))});
     if (adding) 列表.grow();
+    列表.reveal(列表.row());
+    app_.saved(name);
 }
 
 bool DictionaryTab::add(const std::string& name) {

@@ -155,6 +155,7 @@ void MemberTab::save() {
         readMembers(team);
         MSFlexGrid3.goTo(changed);
     }
+    app_.saved(Text7.text());
 }
 
 bool MemberTab::add(const std::string& team) {

@@ -82,7 +82,10 @@ void StateTab::save() {
     } else {
         change();
     }
+    const int row = 列表.row();
     showSaved(adding);
+    列表.reveal(row);
+    app_.saved(trimmed(状态名称.text()));
 }
 
 bool StateTab::add() {

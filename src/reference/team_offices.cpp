@@ -53,6 +53,7 @@ void TeamOffices::更新组管理处(const std::string& 组代号, const std::st
             link["终止日期"] = today;
         }
         link.update();
+        app_.saved(组代号);
     } catch (const RuntimeFailure& failure) {
         app_.inform(failure.description());
     }

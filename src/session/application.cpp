@@ -23,6 +23,10 @@ void Application::inform(std::string_view text, std::string_view title) {
     desktop.messageBox({std::string(text), std::string(title), Icon::information, Buttons::ok});
 }
 
+void Application::saved(std::string_view what) {
+    desktop.notify("已保存 " + std::string(what));
+}
+
 bool Application::confirm(std::string_view text) {
     return desktop.messageBox({std::string(text), "提醒", Icon::question, Buttons::yesNo}) == Answer::yes;
 }

@@ -45,6 +45,8 @@ class Application {
     void tell(std::string_view text);
     /// The same with an information icon.
     void inform(std::string_view text, std::string_view title = {});
+    /// Tells in passing that `what` has been saved.
+    void saved(std::string_view what);
     /// A Yes/No question titled "提醒"; true for Yes.
     bool confirm(std::string_view text);
     /// The same where something is to be deleted: a hasty Enter says No.

@@ -15,14 +15,12 @@ namespace desk {
 
 FrmLogin::FrmLogin(Application& app)
     : Screen(screenName, "鸿序楼台", WindowKind::dialog, 7500, 5400), app_(app) {
-    Label2.setVisible(false);
-    List1.setVisible(false);
+    withdrawChoice();
 
     TxtUser.focused += [this] {
         TxtUser.selectAll();
         // Going back to the staff number withdraws a pending choice of position.
-        Label2.setVisible(false);
-        List1.setVisible(false);
+        withdrawChoice();
     };
     txtPassword.focused += [this] { txtPassword.selectAll(); };
     cmdOK.clicked += [this] { logIn(); };
@@ -100,8 +98,21 @@ void FrmLogin::checkStaff() {
         List1.setSelected(0, true);
         return choosePosition(0);
     }
-    Label2.setVisible(true);
-    List1.setVisible(true);
+    offerChoice();
+}
+
+void FrmLogin::offerChoice() {
+    for (Control* part :
+         {static_cast<Control*>(&Label2), static_cast<Control*>(&List1), static_cast<Control*>(&选择提示)})
+        part->setVisible(true);
+    List1.setSelected(0, true);
+    List1.focus();
+}
+
+void FrmLogin::withdrawChoice() {
+    for (Control* part :
+         {static_cast<Control*>(&Label2), static_cast<Control*>(&List1), static_cast<Control*>(&选择提示)})
+        part->setVisible(false);
 }
 
 bool FrmLogin::readPositions() {

@@ -18,12 +18,16 @@ class FrmLogin : public Screen {
     void load() override;
     void closeAsked() override;
 
+    /// Takes back the offer of positions.
+    void withdrawChoice();
+
     TextBox TxtUser{*this, "TxtUser"};
     TextBox txtPassword{*this, "txtPassword", TextStyle::password};
     Button cmdOK{*this, "cmdOK", "登录", ButtonRole::main};
     Button cmdCancel{*this, "cmdCancel", "取消"};
     Label Label2{*this, "Label2", "请您选择要登录的岗位"};
     ListBox List1{*this, "List1"};
+    Label 选择提示{*this, "选择提示", "双击或按回车选择"};
     Label Label1{*this, "Label1"};
 
   private:
@@ -34,6 +38,7 @@ class FrmLogin : public Screen {
     void checkStaff();
     /// False without a position; the list then stands as it stood.
     bool readPositions();
+    void offerChoice();
     void choosePosition(int line);
     void enterMainWindow();
 

@@ -7,6 +7,7 @@
 
 #include "base/failure.h"
 #include "base/text.h"
+#include "db/connection_string.h"
 #include "db/recordset.h"
 #include "db/statement.h"
 #include "platform/files.h"
@@ -23,6 +24,12 @@ namespace {
 
 constexpr const char* separator = "-";
 constexpr const char* makersPage = "https://www.example.com/hongxu/";
+
+/// The database as its users know it: of a file the name, without the folders that it lies in.
+std::string databaseName(const std::string& connectionString) {
+    const ConnectionTarget target = parseConnectionString(connectionString);
+    return target.initialCatalog.substr(target.initialCatalog.find_last_of("/\\") + 1);
+}
 
 /// Captions that privileges leave on unless a row of theirs turns them off.
 bool alwaysOn(std::string_view caption) {
@@ -92,6 +99,7 @@ void MDIForm1::addOwnMenus() {
 void MDIForm1::load() {
     if (!app_.session.isSuperUser()) 权限设置(模块名);
     读取专项审核权限(app_);
+    showSession();
     if (Screen* login = app_.screens.loaded(FrmLogin::screenName)) app_.screens.unload(*login);
 }
 
@@ -125,6 +133,15 @@ void MDIForm1::权限设置(const std::string& 模块) {
     }
 }
 
+void MDIForm1::showSession() {
+    const SessionRecord& session = app_.session;
+    // The super user keeps the name of whoever was there before.
+    const bool named = !session.isSuperUser();
+    状态栏.setPanel(0, named ? session.登录工号 + " " + session.登录姓名 : session.登录工号);
+    状态栏.setPanel(1, named ? session.登录部门名称 + " " + session.登录岗位名称 : std::string());
+    状态栏.setPanel(2, databaseName(app_.连接字符串));
+}
+
 void MDIForm1::switchModule() {
     if (app_.命令行参数.empty()) return app_.tell("对不起，您不属于多模块系统。");
     app_.platform.programs.activate("鸿序楼台");
@@ -135,13 +152,14 @@ void MDIForm1::logOff() {
     if (!app_.命令行参数.empty()) return leaveMultiModule();
 
     auto& login = app_.screens.get<FrmLogin>();
-    login.Label2.setVisible(false);
-    login.List1.setVisible(false);
+    login.withdrawChoice();
     login.tag = "切换";
     login.txtPassword.setText("");
+    窗体居中(app_, login);
     app_.desktop.showModally(login);
     // Also for the super user, who so keeps only what is always on: it was meant so.
     权限设置(模块名);
+    showSession();
 }
 
 void MDIForm1::leaveMultiModule() {

@@ -4,6 +4,7 @@
 
 #include "session/application.h"
 #include "ui/canvas.h"
+#include "ui/choices.h"
 #include "ui/menu.h"
 
 namespace desk {
@@ -28,7 +29,8 @@ class MDIForm1 : public Screen {
     /// The tag of an entry that opens a screen is the screen's name.
     const std::deque<MenuEntry>& entries() const { return entries_; }
 
-    Canvas Picture1{*this, "Picture1"};  ///< the banner along the top
+    Canvas Picture1{*this, "Picture1"};    ///< the banner along the top
+    StatusBar 状态栏{*this, "状态栏", 3};  ///< who works here, as what, on which database
     /// What lies behind the children; empty without one.
     const Picture& background() const { return background_; }
     void setBackground(Picture picture);
@@ -40,6 +42,7 @@ class MDIForm1 : public Screen {
     void addScreenMenu(const char* top, std::initializer_list<std::pair<const char*, const char*>> entries);
     void addOwnMenus();
     void openOnClick(MenuEntry& entry, const char* screen);
+    void showSession();
     void switchModule();
     void logOff();
     void leaveMultiModule();

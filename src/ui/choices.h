@@ -95,6 +95,8 @@ class ListBox : public ItemHolder {
     void click(int line);
     void doubleClick(int line);
 
+    std::string hint;  ///< what to do first, read where the list has no lines
+
     Signal<int> clicked;
     Signal<int> doubleClicked;
     Signal<> selectionChanged;

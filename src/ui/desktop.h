@@ -24,11 +24,15 @@ struct Message {
     Answer preferred = Answer::yes;  ///< of yes and no, the one that Enter gives
 };
 
+/// What a file is asked for: one that is there, or a place to write to, where one may be there already.
+enum class FilePurpose { open, save };
+
 /// A file that a person is asked for.
 struct FileQuestion {
     std::string directory;
     std::string filter;  ///< "words|pattern|words|pattern"
-    bool mustExist = false;
+    FilePurpose purpose = FilePurpose::open;
+    std::string proposal;  ///< the name that stands there at first
 };
 
 /// Thrown by endProcess() where the process does not really end, as under tests.
@@ -65,6 +69,8 @@ class Desktop {
 
     /// The hourglass, from now until it is set to false.
     virtual void setBusy(bool busy) = 0;
+    /// Tells in passing that something is done, for some seconds and without a box to answer.
+    virtual void notify(std::string_view text) = 0;
     /// Long work has done `done` of `total`; a total of 0 takes the display away.
     virtual void showProgress(std::string_view what, long done, long total) = 0;
     virtual void letEventsRun() = 0;

@@ -112,11 +112,17 @@ class Grid : public Control {
     void beginUpdate() { ++updating_; }
     void endUpdate();
 
+    /// Asks that the row be in view; neither makes it current nor clicks it.
+    void reveal(int row) { revealAsked(row); }
+
+    std::string hint;  ///< what to do first, read where the grid has no rows below the fixed ones
+
     Signal<> clicked;           ///< at the current cell
     Signal<> doubleClicked;     ///< at the current cell
     Signal<> currentChanged;    ///< row() or column() is new
     Signal<> structureChanged;  ///< rows or columns have come or gone, or a width, a height, a merge is new
     Signal<> cellsChanged;      ///< texts or looks are new
+    Signal<int> revealAsked;
 
   private:
     struct Look {

@@ -90,6 +90,11 @@ class Tree : public Control {
     void beginUpdate() { ++updating_; }
     void endUpdate();
 
+    /// Asks that the node be in view; neither selects nor clicks it.
+    void reveal(const TreeNode& node) { revealAsked(node); }
+
+    std::string hint;  ///< what to do first, read where the tree has no nodes
+
     Signal<TreeNode&> nodeClicked;
     Signal<TreeNode&> nodeChecked;
     /// One node that comes or goes with all that is under it; its siblings move on or up.
@@ -105,6 +110,7 @@ class Tree : public Control {
     Signal<> structureChanging;  ///< nodes are about to come or go: pointers to nodes must be let go now
     Signal<> structureChanged;   ///< nodes have come or gone
     Signal<> selectionChanged;
+    Signal<const TreeNode&> revealAsked;
 
   private:
     TreeNodes& siblingsUnder(TreeNode* parent);

@@ -212,15 +212,21 @@ TEST_F(Export, TheTableIsHandedOverWhole) {
         EXPECT_EQ(program.desktop.messages.front().text, "请确定输出的文件名");
         EXPECT_EQ(program.desktop.messages.front().title, "引驻台账");
         EXPECT_EQ(program.desktop.takeMessage(), "输出到Execl失败: ");
-        program.desktop.files = {std::nullopt, "/data/周报.xls"};
+        program.desktop.files = {std::nullopt, "/data/周报"};
         form.Command1.click();
         EXPECT_EQ(form.文件.text(), "");
         form.Command1.click();
+        EXPECT_EQ(form.文件.text(), "/data/周报.xls");
+        EXPECT_EQ(program.desktop.fileQuestions.back().purpose, FilePurpose::save);
+        EXPECT_EQ(program.desktop.fileQuestions.back().proposal, "客户跟进状态分析 2011-03-05.xls");
+        EXPECT_EQ(program.desktop.fileQuestions.back().directory, "/program");
         form.Check1.click();
         form.Command2.click();
     });
     EXPECT_EQ(program.app.screens.loaded(FrmToExcel::screenName), nullptr);
     EXPECT_EQ(program.programs.started, std::vector<std::string>{"/data/周报.xls"});
+    EXPECT_EQ(program.desktop.notices, std::vector<std::string>{"已输出到 /data/周报.xls"});
+    EXPECT_TRUE(program.desktop.messages.empty());
     const Worksheet& sheet = program.spreadsheets.books.at("/data/周报.xls").front();
     EXPECT_EQ(sheet.rows()[0][0].text, "客户跟进状态分析");
     EXPECT_EQ(sheet.rows()[1][0].text, "统计时段：2011年03月05日至2011年03月05日");
@@ -254,6 +260,22 @@ TEST_F(Export, FailuresAreToldAndTheScreenStays) {
         EXPECT_EQ(program.desktop.busyDepth, 0);
     });
     EXPECT_TRUE(program.spreadsheets.books.at("/data/a.xls").empty());
+}
+
+TEST_F(Export, TypedNamesGetTheEndingAndAMissingProgramIsTold) {
+    program.programs.canOpen = false;
+    open([&](FrmToExcel& form) {
+        form.文件.type("/data/d.1/2011.03");
+        form.文档标题.type("一/二");
+        program.desktop.files = {std::nullopt};
+        form.Command1.click();
+        EXPECT_EQ(program.desktop.fileQuestions.back().proposal, "一-二 2011-03-05.xls");
+        form.Check1.click();
+        form.Command2.click();
+    });
+    EXPECT_TRUE(program.spreadsheets.books.contains("/data/d.1/2011.03.xls"));
+    EXPECT_EQ(program.desktop.messages.back().icon, Icon::information);
+    EXPECT_EQ(program.desktop.takeMessage(), "没有可以打开表格的程序。文件已保存在\r\n/data/d.1/2011.03.xls");
 }
 
 TEST_F(Export, ColumnsWithoutAHeaderNeverGoOut) {

@@ -138,6 +138,15 @@ TEST(Edge, AFailureThatNobodyTrapsIsShownAndEndsTheProcess) {
         enter([] { throw RuntimeFailure(failure::noCurrentRow, "BOF 或 EOF 中有一个是真"); });
     };
     EXPECT_EXIT(fail(), testing::ExitedWithCode(1), "运行时错误 '3021'.*BOF 或 EOF");
+    const auto failInAStatement = [] {
+        pressAwayTheBox();
+        enter([] {
+            RuntimeFailure refused(failure::wrongStatement, "对象名 '无' 无效。");
+            refused.setStatement("Select * From 无");
+            throw refused;
+        });
+    };
+    EXPECT_EXIT(failInAStatement(), testing::ExitedWithCode(1), "无效。\n语句：Select \\* From 无");
 }
 
 TEST_F(Bindings, ADayIsTypedAsOneReadsIt) {

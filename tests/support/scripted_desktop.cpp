@@ -69,6 +69,7 @@ std::optional<Colour> ScriptedDesktop::chooseColour(Colour) {
 }
 std::optional<std::string> ScriptedDesktop::chooseFile(const FileQuestion& question) {
     note("asks for a file in " + question.directory + ", " + question.filter);
+    fileQuestions.push_back(question);
     return next(files, "a file");
 }
 

@@ -25,9 +25,11 @@ class ScriptedDesktop : public Desktop {
     /// Told at once of what screens ask for, in words.
     std::function<void(const std::string&)> note = [](const std::string&) {};
 
-    std::vector<Message> messages;    ///< all boxes so far
-    std::vector<std::string> shown;   ///< names of screens shown, in order
-    std::vector<std::string> closed;  ///< names of windows taken away
+    std::vector<Message> messages;            ///< all boxes so far
+    std::vector<std::string> notices;         ///< all that was told in passing
+    std::vector<FileQuestion> fileQuestions;  ///< all files asked for
+    std::vector<std::string> shown;           ///< names of screens shown, in order
+    std::vector<std::string> closed;          ///< names of windows taken away
     int busyDepth = 0;
     Screens* screens = nullptr;
 
@@ -45,6 +47,7 @@ class ScriptedDesktop : public Desktop {
     std::string shortDate(const DateTime& day) override;
     std::optional<Picture> loadPicture(std::string_view path) override;
     void setBusy(bool busy) override { busyDepth += busy ? 1 : -1; }
+    void notify(std::string_view text) override { notices.emplace_back(text); }
     void showProgress(std::string_view, long, long) override {}
     void letEventsRun() override {}
     [[noreturn]] void endProcess() override { throw ProcessEnded(); }

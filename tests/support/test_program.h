@@ -49,6 +49,7 @@ class RecordingPrograms : public Programs {
     std::vector<std::string> windows;
     std::vector<std::string> activated;
     std::vector<std::string> started;
+    bool canOpen = true;  ///< whether a program is there for files
     void activate(std::string_view title) override;
     bool start(const std::string& program, const std::vector<std::string>& arguments) override;
     bool openForUser(const std::string& what) override;

@@ -4,6 +4,7 @@
 #include "desktop/floating.h"
 #include "desktop/layout.h"
 #include "desktop/panel.h"
+#include "desktop/tree_count.h"
 
 namespace desk::desktop {
 
@@ -24,7 +25,7 @@ void addCalendar(QWidget* content, FloatingCalendar& calendar) {
 }
 
 QWidget* customers(ComboBox& office, Tree& tree) {
-    return rows({fields({{"管理项目", office}}), plain(tree, "客户")}, {0, 1});
+    return rows({fields({{"管理项目", office}}), counted(tree, "客户", Entries::top)}, {0, 1});
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "desktop/layout.h"
 #include "desktop/panel.h"
+#include "desktop/tree_count.h"
 
 namespace desk::desktop {
 
@@ -74,7 +75,8 @@ void addAgencyPanel(QWidget* content, 中介公司选择& agency) {
 }
 
 QWidget* pageLayout(登记页& page) {
-    auto* left = rows({fields({{"管理项目", page.管理项目}}), plain(page.客户, "客户")}, {0, 1});
+    auto* left =
+        rows({fields({{"管理项目", page.管理项目}}), counted(page.客户, "客户", Entries::belowTop)}, {0, 1});
     auto* right = rows({contactFields(page), choiceFields(page), textFields(page),
                         buttons({&page.新增, &page.确定, &page.删除, &page.退出})},
                        {0, 5, 2, 0});

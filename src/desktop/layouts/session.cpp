@@ -48,10 +48,10 @@ QWidget* layoutOfLogin(FrmLogin& screen) {
     using namespace layout;
     auto* picture = new LoginPicture;
     picture->setFixedHeight(110);
-    auto* entry =
-        rows({fields({{"工    号", screen.TxtUser}, {"密    码", screen.txtPassword}}),
-              buttons({&screen.cmdOK, &screen.cmdCancel}), plain(screen.Label2), plain(screen.List1, "岗位")},
-             {0, 0, 0, 1});
+    auto* entry = rows({fields({{"工    号", screen.TxtUser}, {"密    码", screen.txtPassword}}),
+                        buttons({&screen.cmdOK, &screen.cmdCancel}), plain(screen.Label2),
+                        plain(screen.List1, "岗位"), plain(screen.选择提示)},
+                       {0, 0, 0, 1, 0});
     auto* whole = new QWidget;
     auto* box = new QVBoxLayout(whole);
     box->setContentsMargins(0, 0, 0, 6);

@@ -1,0 +1,296 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMdiArea>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTableView>
+#include <QTest>
+#include <QTreeView>
+#include <set>
+
+#include "desktop/binding.h"
+#include "desktop/ending.h"
+#include "desktop/layout.h"
+#include "desktop/main_window_view.h"
+#include "desktop/mnemonics.h"
+#include "desktop/screen_keys.h"
+#include "desktop/screen_windows.h"
+#include "desktop/tree_count.h"
+#include "session/main_window.h"
+#include "support/test_program.h"
+#include "ui/batch.h"
+
+namespace desk::desktop {
+namespace {
+
+struct Form : Screen {
+    Form() : Screen("form", "登记", WindowKind::child, 9000, 6000) {}
+
+    Tree tree{*this, "tree"};
+    Grid grid{*this, "grid", "<序|<名称  |<编号|>数量"};
+    ListBox list{*this, "list", ListStyle::multiple};
+    TextBox company{*this, "页.公司名称"};
+    TextBox password{*this, "password", TextStyle::password};
+    Button sure{*this, "sure", "确定"};
+    Button add{*this, "add", "新增"};
+    Frame panel{*this, "panel"};
+    TextBox inPanel{*this, "inPanel"};
+    Button panelSure{*this, "panelSure", "确定"};
+};
+
+/// A screen's content in a window that has the keyboard.
+class Look : public testing::Test {
+  protected:
+    void show(QWidget* content) {
+        window.reset(content);
+        window->setWindowTitle("登记");
+        addScreenKeys(content);
+        window->resize(700, 500);
+        window->show();
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    }
+    template <class Widget>
+    Widget& widget(const char* name) {
+        auto* found = window->findChild<Widget*>(name);
+        EXPECT_NE(found, nullptr) << name;
+        return *found;
+    }
+    static void press(int key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+    }
+    static void type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), text); }
+    static std::string clipboard() { return QApplication::clipboard()->text().toStdString(); }
+
+    void fillTree(int leads) {
+        const Batch fill(form.tree);
+        for (int i = 1; i <= leads; ++i) {
+            const std::string no = "2026-" + std::to_string(1000 + i);
+            form.tree.add(nullptr, no, "（引驻来人）" + no + " Company " + std::to_string(i));
+        }
+    }
+
+    Form form;
+    std::unique_ptr<QWidget> window;
+};
+
+TEST_F(Look, AnEmptyTreeSaysWhatToDoFirstAndAFullOneHowManyItHas) {
+    form.tree.hint = "请先选择管理项目";
+    show(layout::rows({counted(form.tree, Entries::top)}));
+    auto& hint = widget<QLabel>("qt_hint");
+    auto& count = widget<QLabel>("tree.数目");
+    EXPECT_EQ(hint.text(), "请先选择管理项目");
+    EXPECT_TRUE(hint.isVisible());
+    EXPECT_EQ(count.text(), "");
+    fillTree(3);
+    EXPECT_FALSE(hint.isVisible());
+    EXPECT_EQ(count.text(), "共 3 个");
+    form.tree.hint = "没有客户";
+    form.tree.clear();
+    EXPECT_EQ(hint.text(), "没有客户");
+    EXPECT_TRUE(hint.isVisible());
+}
+
+TEST_F(Look, FindingMarksAndEnterClicks) {
+    show(layout::rows({widgetFor(form.company), widgetFor(form.tree)}));
+    fillTree(300);
+    std::vector<std::string> clicks;
+    form.tree.nodeClicked += [&](TreeNode& node) { clicks.push_back(node.key()); };
+    auto& view = widget<QTreeView>("tree");
+    view.setFocus();
+    press(Qt::Key_F, Qt::ControlModifier);
+    type("company 29");
+    const auto found = [&] { return view.currentIndex().data().toString(); };
+    EXPECT_TRUE(found().endsWith("Company 29"));
+    press(Qt::Key_F3);
+    EXPECT_TRUE(found().endsWith("Company 290"));
+    EXPECT_TRUE(view.viewport()->rect().intersects(view.visualRect(view.currentIndex())));
+    press(Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_TRUE(found().endsWith("Company 29"));
+    // One more letter leads on, and nothing is selected by all this.
+    type("9");
+    EXPECT_TRUE(found().endsWith("Company 299"));
+    EXPECT_EQ(form.tree.selected(), nullptr);
+    EXPECT_TRUE(view.selectionModel()->selectedIndexes().empty());
+    EXPECT_TRUE(clicks.empty());
+    press(Qt::Key_Return);
+    EXPECT_EQ(clicks, std::vector<std::string>{"2026-1299"});
+    EXPECT_EQ(QApplication::focusWidget(), &view);
+
+    // From a field the first tree or grid is searched; Escape leaves all as it was.
+    widget<QLineEdit>("页.公司名称").setFocus();
+    press(Qt::Key_F, Qt::ControlModifier);
+    type("nobody");
+    EXPECT_EQ(window->findChild<QFrame*>("qt_findbar")->findChild<QLabel*>()->text(), "未找到");
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(window->findChild<QFrame*>("qt_findbar")->isVisible());
+    EXPECT_EQ(clicks.size(), 1U);
+}
+
+TEST_F(Look, TypedLettersFindANumberBehindItsMark) {
+    show(layout::rows({widgetFor(form.tree)}));
+    fillTree(20);
+    auto& view = widget<QTreeView>("tree");
+    view.setFocus();
+    view.keyboardSearch("2026-1012");
+    EXPECT_EQ(view.currentIndex().row(), 11);
+}
+
+TEST_F(Look, WhatIsRevealedIsInViewAndNotSelected) {
+    show(layout::columns({widgetFor(form.tree), widgetFor(form.grid)}));
+    fillTree(300);
+    for (int i = 1; i <= 300; ++i) form.grid.addRow({std::to_string(i), "甲"});
+    auto& tree = widget<QTreeView>("tree");
+    auto& grid = widget<QTableView>("grid");
+    form.tree.reveal(*form.tree.roots().back());
+    form.grid.reveal(300);
+    EXPECT_TRUE(tree.viewport()->rect().contains(tree.visualRect(tree.model()->index(299, 0)).center()));
+    EXPECT_TRUE(grid.viewport()->rect().contains(grid.visualRect(grid.model()->index(299, 0)).center()));
+    EXPECT_TRUE(tree.selectionModel()->selectedIndexes().empty());
+    EXPECT_NE(form.grid.row(), 300);
+}
+
+TEST_F(Look, RowsAreCopiedAsASpreadsheetTakesThem) {
+    show(layout::rows({widgetFor(form.grid)}));
+    form.grid.setColumnWidth(2, 0);
+    form.grid.addRow({"1", "甲", "K", "7"});
+    form.grid.addRow({"2", "a\"b", "K", "9"});
+    int clicks = 0;
+    form.grid.clicked += [&] { ++clicks; };
+    auto& view = widget<QTableView>("grid");
+    view.setFocus();
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(clipboard(), "1\t甲\t7\n2\t\"a\"\"b\"\t9");
+    EXPECT_EQ(clicks, 0);
+    form.grid.setSelection(GridSelection::row);
+    form.grid.setCurrent(1, 1);
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(clipboard(), "1\t甲\t7");
+}
+
+TEST_F(Look, SpareWidthGoesToTextsAndNumbersHaveRoom) {
+    show(layout::rows({widgetFor(form.grid)}));
+    form.grid.addRow({"1234", "盛远国际贸易有限公司", "17", "5"});
+    auto& view = widget<QTableView>("grid");
+    int whole = 0;
+    for (int column = 0; column < 4; ++column) whole += view.columnWidth(column);
+    EXPECT_EQ(whole, view.viewport()->width());
+    EXPECT_GE(view.columnWidth(0), view.fontMetrics().horizontalAdvance("1234") + 6);
+    EXPECT_GT(view.columnWidth(1), 400);
+    EXPECT_LT(view.columnWidth(2), 100);
+    const int before = view.columnWidth(1);
+    window->resize(900, 500);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.columnWidth(1) > before; }));
+}
+
+TEST_F(Look, KeysPressTheButtonsOfTheScreen) {
+    for (Control* part : {static_cast<Control*>(&form.inPanel), static_cast<Control*>(&form.panelSure)})
+        part->setHolder(&form.panel);
+    auto* panel =
+        layout::framed(form.panel, layout::rows({widgetFor(form.inPanel), widgetFor(form.panelSure)}));
+    show(layout::rows({widgetFor(form.company), panel, widgetFor(form.sure), widgetFor(form.add)}));
+    std::string pressed;
+    form.sure.clicked += [&] { pressed += "确定 "; };
+    form.panelSure.clicked += [&] { pressed += "面板 "; };
+    form.add.clicked += [&] { pressed += "新增 "; };
+    widget<QLineEdit>("inPanel").setFocus();
+    press(Qt::Key_S, Qt::ControlModifier);
+    form.panel.setVisible(false);
+    widget<QLineEdit>("页.公司名称").setFocus();
+    press(Qt::Key_S, Qt::ControlModifier);
+    press(Qt::Key_N, Qt::ControlModifier);
+    EXPECT_EQ(pressed, "面板 确定 新增 ");
+    // The mode is in the caption: what is being entered is not given up by the key for a new one.
+    form.add.setCaption("取消");
+    press(Qt::Key_N, Qt::ControlModifier);
+    form.sure.setEnabled(false);
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(pressed, "面板 确定 新增 ");
+    EXPECT_EQ(widget<QPushButton>("add").text(), "取消(&C)");
+    EXPECT_EQ(widget<QPushButton>("add").accessibleName(), "取消");
+}
+
+TEST_F(Look, TheFieldsOfShownWindowsCanBeCopiedWithoutPasswords) {
+    form.list.addItem("报纸");
+    form.list.addItem("网络");
+    form.list.addItem("展会");
+    show(layout::rows(
+        {widgetFor(form.company), widgetFor(form.password), widgetFor(form.list), widgetFor(form.inPanel)}));
+    form.company.setText("盛远国际");
+    form.password.setText("secret");
+    form.list.setSelected(0, true);
+    form.list.setSelected(2, true);
+    EXPECT_EQ(textsOfShownFields().toStdString(), "【登记】\n公司名称：盛远国际\nlist：报纸,展会");
+    window->hide();
+    EXPECT_EQ(textsOfShownFields().toStdString(), "");
+}
+
+/// The main window over a program that works on a database in memory.
+class MainLook : public testing::Test {
+  protected:
+    MainLook() {
+        program.openDatabase();
+        program.app.session = {"E01", "林晓", "01", "招商部", "0101", "招商专员", "A", "业务", "P1", "专员"};
+        program.app.连接字符串 = "Initial Catalog='/data/hongxu.db';Data Source='(embedded)'";
+        main = &program.app.screens.get<MDIForm1>();
+    }
+
+    TestProgram program;
+    MDIForm1* main;
+};
+
+TEST_F(MainLook, TheStatusBarTellsWhoWorksOnWhatAndWhatWasSaved) {
+    EXPECT_EQ(main->状态栏.panel(0), "E01 林晓");
+    EXPECT_EQ(main->状态栏.panel(1), "招商部 招商专员");
+    EXPECT_EQ(main->状态栏.panel(2), "hongxu.db");
+    MainWindowView view(*main);
+    view.show();
+    view.notify("已保存 2026-000854");
+    EXPECT_EQ(view.statusBar()->currentMessage(), "已保存 2026-000854");
+    EXPECT_TRUE(view.statusBar()->findChild<QWidget*>("状态栏")->isVisible());
+}
+
+TEST_F(MainLook, F10OpensTheFirstMenuThatCanBeUsed) {
+    MainWindowView view(*main);
+    view.show();
+    view.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
+    QTest::keyClick(&view, Qt::Key_F10);
+    ASSERT_NE(view.menuBar()->activeAction(), nullptr);
+    EXPECT_EQ(withoutMnemonic(view.menuBar()->activeAction()->text()), "其它模块");
+}
+
+TEST_F(MainLook, LettersOfTheMenuBarAndOfTheButtonsDiffer) {
+    std::multiset<QString> letters;
+    const auto note = [&](const QString& caption) {
+        const QString shown = withMnemonic(caption);
+        EXPECT_EQ(withoutMnemonic(shown), caption);
+        EXPECT_NE(shown, caption);
+        letters.insert(shown.section('&', 1).left(1));
+    };
+    for (const MenuEntry& entry : main->entries())
+        if (entry.parent() == nullptr) note(text(entry.caption()));
+    for (const char* button : {"新增", "取消", "确定", "删除", "退出", "终止", "输出", "浏览", "登录"})
+        note(button);
+    for (const QString& letter : letters) EXPECT_EQ(letters.count(letter), 1U) << letter.toStdString();
+}
+
+TEST_F(MainLook, NoChildIsClosedByTheKeyThatOtherProgramsUseInsideTexts) {
+    QMdiArea area;
+    Form form;
+    ChildWindow child(program.app.screens, form, new QWidget, area);
+    for (const QAction* entry : child.systemMenu()->actions())
+        EXPECT_FALSE(entry->shortcuts().contains(QKeySequence(Qt::CTRL | Qt::Key_W)));
+}
+
+}  // namespace
+}  // namespace desk::desktop

@@ -1,0 +1,103 @@
+#include <gtest/gtest.h>
+
+#include "ui/column_shares.h"
+#include "ui/find.h"
+#include "ui/sheet_text.h"
+
+namespace desk {
+namespace {
+
+struct Sheet : Screen {
+    Sheet() : Screen("sheet", "表", WindowKind::child, 1500, 1500) {}
+
+    Tree tree{*this, "tree"};
+    Grid grid{*this, "grid", "<序|<名称   |<编号|>数量"};
+};
+
+TEST(Find, CaseAndWidthDoNotCount) {
+    EXPECT_TRUE(Wanted("abc－1").isIn("公司ＡＢc-1"));
+    EXPECT_TRUE(Wanted("王　先生").isIn("王 先生"));
+    EXPECT_FALSE(Wanted("abd").isIn("abc"));
+    // Signs that only look like wide letters keep their meaning.
+    EXPECT_FALSE(Wanted("a").isIn("｡！。"));
+    EXPECT_TRUE(Wanted("").isEmpty());
+}
+
+TEST(Find, NodesComeInReadingOrderAroundTheEndAlsoOutOfFoldedBranches) {
+    Sheet sheet;
+    TreeNode& first = sheet.tree.add(nullptr, "1", "东塔");
+    TreeNode& below = sheet.tree.add(&first, "11", "盛远国际");
+    TreeNode& second = sheet.tree.add(nullptr, "2", "西塔");
+    TreeNode& last = sheet.tree.add(&second, "21", "盛远贸易");
+    Wanted company("盛远");
+    EXPECT_EQ(findNode(sheet.tree, company, nullptr, Towards::next), &below);
+    EXPECT_EQ(findNode(sheet.tree, company, &below, Towards::next), &last);
+    EXPECT_EQ(findNode(sheet.tree, company, &last, Towards::next), &below);
+    EXPECT_EQ(findNode(sheet.tree, company, &below, Towards::previous), &last);
+    EXPECT_EQ(findNode(sheet.tree, company, nullptr, Towards::previous), &last);
+    Wanted tower("塔");
+    EXPECT_EQ(findNode(sheet.tree, tower, &last, Towards::previous), &second);
+    EXPECT_EQ(findNode(sheet.tree, tower, &below, Towards::previous), &first);
+    Wanted only("国际");
+    EXPECT_EQ(findNode(sheet.tree, only, &below, Towards::next), &below);
+    Wanted nobody("无");
+    EXPECT_EQ(findNode(sheet.tree, nobody, &below, Towards::next), nullptr);
+    sheet.tree.clear();
+    EXPECT_EQ(findNode(sheet.tree, only, nullptr, Towards::next), nullptr);
+}
+
+TEST(Find, TypedLettersBeginANumberOrANameBehindItsMark) {
+    Sheet sheet;
+    TreeNode& walkIn = sheet.tree.add(nullptr, "1", "（引驻来人）2026-000853 盛远");
+    TreeNode& call = sheet.tree.add(nullptr, "2", "（引驻来电）2026-000854 佳信");
+    const auto found = [&](const char* typed, const TreeNode* from) {
+        Wanted wanted(typed);
+        return findBeginning(sheet.tree, wanted, from);
+    };
+    EXPECT_EQ(found("2026-000854", nullptr), &call);
+    EXPECT_EQ(found("2026", &walkIn), &call);
+    EXPECT_EQ(found("盛", &call), &walkIn);
+    EXPECT_EQ(found("000854", nullptr), nullptr);
+    EXPECT_EQ(found("（引驻来电", nullptr), &call);
+}
+
+TEST(Find, CellsAreReadRowByRowWithoutHeaderAndHiddenColumns) {
+    Sheet sheet;
+    Grid& grid = sheet.grid;
+    grid.addRow({"1", "名称甲", "编号", "7"});
+    grid.addRow({"2", "乙", "名称甲", "17"});
+    grid.setColumnWidth(2, 0);
+    Wanted name("名称"), seven("7");
+    EXPECT_EQ(findCell(grid, name, {}, Towards::next), (GridPlace{1, 1}));
+    EXPECT_EQ(findCell(grid, name, GridPlace{1, 1}, Towards::next), (GridPlace{1, 1}));
+    EXPECT_EQ(findCell(grid, seven, GridPlace{1, 3}, Towards::next), (GridPlace{2, 3}));
+    EXPECT_EQ(findCell(grid, seven, GridPlace{2, 3}, Towards::next), (GridPlace{1, 3}));
+    EXPECT_EQ(findCell(grid, seven, {}, Towards::previous), (GridPlace{2, 3}));
+    EXPECT_EQ(findCell(grid, seven, GridPlace{2, 3}, Towards::previous), (GridPlace{1, 3}));
+    grid.setRows(1);
+    EXPECT_EQ(findCell(grid, seven, {}, Towards::next), std::nullopt);
+}
+
+TEST(SheetText, RowsComeWithTabsAndSpecialCellsInQuotes) {
+    Sheet sheet;
+    Grid& grid = sheet.grid;
+    grid.addRow({"1", "say \"yes\"", "键", "7"});
+    grid.addRow({"2", "一\r\n二", "键", "8\t9"});
+    grid.setColumnWidth(2, 0);
+    EXPECT_EQ(sheetRows(grid, 1, 3), "1\t\"say \"\"yes\"\"\"\t7\n2\t\"一\n二\"\t\"8\t9\"");
+    EXPECT_EQ(sheetRows(grid, 0, 1), "序\t名称\t数量");
+    EXPECT_EQ(sheetRows(grid, 1, 1), "");
+}
+
+TEST(ColumnShares, SpareWidthGoesToCutTextsFirstAndLosesNothing) {
+    const std::vector<ColumnWish> wishes = {
+        {30, 30, false}, {100, 160, true}, {50, 50, true}, {40, 60, false}};
+    EXPECT_EQ(columnShares(wishes, 200), (std::vector<int>{30, 100, 50, 40}));
+    EXPECT_EQ(columnShares(wishes, 260), (std::vector<int>{30, 130, 50, 50}));
+    EXPECT_EQ(columnShares(wishes, 300), (std::vector<int>{30, 160, 50, 60}));
+    EXPECT_EQ(columnShares(wishes, 405), (std::vector<int>{30, 240, 75, 60}));
+    EXPECT_EQ(columnShares({{30, 30, false}}, 100), std::vector<int>{30});
+}
+
+}  // namespace
+}  // namespace desk
