@@ -273,6 +273,8 @@ QWidget* gridWidget(Grid& grid) {
     addCopying(view, grid);
     new FindBar(view, rows, searchOf(grid, view));
     follow(view, grid.revealAsked, [view, &grid](int row) {
+        // Rows that have only just come have no place yet.
+        view->doItemsLayout();
         view->scrollTo(view->model()->index(row - grid.fixedRows(), std::max(view->columnAt(0), 0)));
     });
     return view;

@@ -27,6 +27,8 @@
 #include "session/main_window.h"
 #include "support/test_program.h"
 #include "ui/batch.h"
+#include "ui/grid.h"
+#include "ui/tree.h"
 
 namespace desk::desktop {
 namespace {
@@ -106,6 +108,8 @@ TEST_F(Look, FindingMarksAndEnterClicks) {
     form.tree.nodeClicked += [&](TreeNode& node) { clicks.push_back(node.key()); };
     auto& view = widget<QTreeView>("tree");
     view.setFocus();
+    form.tree.select(nullptr);
+    clicks.clear();
     press(Qt::Key_F, Qt::ControlModifier);
     type("company 29");
     const auto found = [&] { return view.currentIndex().data().toString(); };

@@ -2,6 +2,7 @@
 
 #include "ui/column_shares.h"
 #include "ui/find.h"
+#include "ui/screen.h"
 #include "ui/sheet_text.h"
 
 namespace desk {
