@@ -179,7 +179,7 @@ void Person::clickTab(const QString& strip, const QString& title) {
 void Person::choose(const QString& topEntry, const QString& entry) {
     const auto entryOf = [](const QList<QAction*>& actions, const QString& caption) {
         for (QAction* action : actions)
-            if (withoutMnemonic(action->text()) == caption && action->isEnabled()) return action;
+            if (desktop::withoutMnemonic(action->text()) == caption && action->isEnabled()) return action;
         throw NotThere("no usable menu entry " + caption);
     };
     for (QWidget* window : QApplication::topLevelWidgets()) {
