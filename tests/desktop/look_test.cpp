@@ -44,8 +44,8 @@ struct Form : Screen {
     Button sure{*this, "sure", "确定"};
     Button add{*this, "add", "新增"};
     Frame panel{*this, "panel"};
-    TextBox inPanel{*this, "inPanel"};
-    Button panelSure{*this, "panelSure", "确定"};
+    TextBox inPanel{panel, "inPanel"};
+    Button panelSure{panel, "panelSure", "确定"};
 };
 
 /// A screen's content in a window that has the keyboard.
@@ -197,8 +197,6 @@ TEST_F(Look, SpareWidthGoesToTextsAndNumbersHaveRoom) {
 }
 
 TEST_F(Look, KeysPressTheButtonsOfTheScreen) {
-    for (Control* part : {static_cast<Control*>(&form.inPanel), static_cast<Control*>(&form.panelSure)})
-        part->setHolder(&form.panel);
     auto* panel =
         layout::framed(form.panel, layout::rows({widgetFor(form.inPanel), widgetFor(form.panelSure)}));
     show(layout::rows({widgetFor(form.company), panel, widgetFor(form.sure), widgetFor(form.add)}));
