@@ -86,7 +86,7 @@ class Look : public testing::Test {
 
 TEST_F(Look, AnEmptyTreeSaysWhatToDoFirstAndAFullOneHowManyItHas) {
     form.tree.hint = "请先选择管理项目";
-    show(layout::rows({counted(form.tree, Entries::top)}));
+    show(layout::rows({counted(form.tree, "客户", Entries::top)}));
     auto& hint = widget<QLabel>("qt_hint");
     auto& count = widget<QLabel>("tree.数目");
     EXPECT_EQ(hint.text(), "请先选择管理项目");
