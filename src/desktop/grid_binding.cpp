@@ -167,6 +167,8 @@ class GridWidget : public QTableView {
     /// Enter and Space go where a click leads.
     void keyPressEvent(QKeyEvent* event) override {
         if (isEnter(*event) || event->key() == Qt::Key_Space) return click(currentIndex());
+        // Ctrl alone begins the key that copies all that is marked.
+        if (event->key() >= Qt::Key_Shift && event->key() <= Qt::Key_Alt) return event->ignore();
         const QModelIndex before = currentIndex();
         QTableView::keyPressEvent(event);
         if (currentIndex().isValid() && currentIndex() != before) moveTo(currentIndex());

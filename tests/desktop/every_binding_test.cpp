@@ -146,8 +146,8 @@ const std::vector<Case>& cases() {
          "",
          {}},
         {"Button", [](Form& f) -> Control& { return f.button; }, [](Form& f) { f.button.setCaption("新增"); },
-         "新增", [](Form& f) { f.button.setCaption("取消"); }, "取消", read(&QAbstractButton::text), press,
-         "clicked", [](Form& f) { return f.tag; }},
+         "新增(&N)", [](Form& f) { f.button.setCaption("取消"); }, "取消(&C)", read(&QAbstractButton::text),
+         press, "clicked", [](Form& f) { return f.tag; }},
         {"Check", [](Form& f) -> Control& { return f.check; }, [](Form& f) { f.check.setChecked(true); },
          "ticked", [](Form& f) { f.check.setChecked(false); }, "open", checkedText,
          [](const Person& person, const Control& control) {

@@ -15,6 +15,7 @@
 #include "customers/registration.h"
 #include "desktop/binding.h"
 #include "desktop/main_window_view.h"
+#include "desktop/mnemonics.h"
 #include "desktop/person.h"
 #include "desktop/qt_desktop.h"
 #include "desktop/screen_list.h"
@@ -219,7 +220,7 @@ TEST_F(ScreensByHand, TheMenuShowsWhatItsEntriesSay) {
     const MainWindowView view(main);
     const auto action = [&](const char* caption) {
         for (const QAction* each : view.findChildren<QAction*>())
-            if (each->text() == caption) return each;
+            if (withoutMnemonic(each->text()) == caption) return each;
         throw std::logic_error(caption);
     };
     EXPECT_FALSE(action("客户跟进分配")->isVisible());
