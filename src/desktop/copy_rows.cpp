@@ -72,24 +72,30 @@ class Copying : public QObject {
     }
 
     void offer(QPoint at) {
-        QMenu menu(view_);
-        const QPersistentModelIndex index = view_->indexAt(at);
+        auto* menu = new QMenu(view_);
+        menu->setAttribute(Qt::WA_DeleteOnClose);
         const auto entry = [&](const char* caption, bool usable, auto act) {
-            QAction* action = menu.addAction(caption);
+            QAction* action = menu->addAction(caption);
             action->setEnabled(usable);
             connect(action, &QAction::triggered, this, act);
         };
+        const QPersistentModelIndex index = view_->indexAt(at);
+        const auto onIndex = [this, index](void (Copying::*act)(const QModelIndex&)) {
+            return [this, index, act] {
+                if (index.isValid()) (this->*act)(index);
+            };
+        };
         const bool anyRow = view_->model()->rowCount() > 0;
-        entry("复制此格(&O)", index.isValid(), [&] { copyCell(index); });
-        entry("复制此行(&R)", index.isValid(), [&] { copyRow(index); });
-        entry("复制全部(&C)", anyRow, [&] { copy(sheetRows(grid_, grid_.fixedRows(), grid_.rows())); });
-        entry("连同标题复制全部(&T)", anyRow, [&] { copy(sheetRows(grid_, 0, grid_.rows())); });
-        menu.addSeparator();
-        entry("全选(&A)\tCtrl+A", anyRow, [&] { selectAll(); });
-        entry("查找(&F)…\tCtrl+F", anyRow, [&] {
+        entry("复制此格(&O)", index.isValid(), onIndex(&Copying::copyCell));
+        entry("复制此行(&R)", index.isValid(), onIndex(&Copying::copyRow));
+        entry("复制全部(&C)", anyRow, [this] { copy(sheetRows(grid_, grid_.fixedRows(), grid_.rows())); });
+        entry("连同标题复制全部(&T)", anyRow, [this] { copy(sheetRows(grid_, 0, grid_.rows())); });
+        menu->addSeparator();
+        entry("全选(&A)\tCtrl+A", anyRow, [this] { selectAll(); });
+        entry("查找(&F)…\tCtrl+F", anyRow, [this] {
             if (FindBar* bar = FindBar::of(view_)) bar->open();
         });
-        menu.exec(view_->viewport()->mapToGlobal(at));
+        menu->popup(view_->viewport()->mapToGlobal(at));
     }
 
     QTableView* view_;

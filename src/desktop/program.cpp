@@ -8,6 +8,7 @@
 #include <QTranslator>
 
 #include "desktop/screen_list.h"
+#include "desktop/words.h"
 
 /// The pictures lie in a library, from which nothing is linked that nobody names.
 static void linkPictures() {
@@ -26,6 +27,7 @@ void dress() {
     auto* words = new QTranslator(qApp);
     if (words->load(chinese, "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(words);
+    QApplication::installTranslator(new Words(qApp));
     // Without it a system of another language shows Chinese signs in that language's shapes.
     QFont font = QApplication::font();
     font.setFamilies({"Noto Sans CJK SC", "Source Han Sans SC", "WenQuanYi Micro Hei", font.family()});

@@ -108,6 +108,24 @@ TEST_F(Admin, UpgradesAndBacksUp) {
     EXPECT_EQ(files(), 3U);
 }
 
+TEST_F(Admin, RunsAScriptWholeOrNotAtAll) {
+    ASSERT_EQ(run("create a.db").code, 0);
+    EXPECT_TRUE(run("logins a.db").code == 0 && !run("logins a.db").tells("1001"));
+    std::ofstream(folder / "wrong.sql")
+        << "-- 员工\n\nInsert Into 员工档案 (工号,姓名) Values ('1001','甲')\nDelete From 无\n";
+    const Outcome refused = run("run a.db wrong.sql");
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_TRUE(refused.tells("第 4 行")) << refused.output;
+    EXPECT_EQ(run("run a.db nowhere.sql").code, 1);
+
+    // The first steps that come with the program make one person who can log in and use the menus.
+    const Outcome done = run("run a.db '" FIRST_STEPS "'");
+    EXPECT_EQ(done.code, 0) << done.output;
+    const Outcome logins = run("logins a.db");
+    for (const char* told : {"1001", "please-change", "招商主管", "客户信息登记"})
+        EXPECT_TRUE(logins.tells(told)) << told << "\n" << logins.output;
+}
+
 TEST_F(Admin, PrintsTheDefinitionForBothEngines) {
     for (const char* engine : {"sqlite", "sqlserver"}) {
         const Outcome outcome = run(std::string("ddl ") + engine);

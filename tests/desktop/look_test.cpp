@@ -24,6 +24,7 @@
 #include "desktop/screen_keys.h"
 #include "desktop/screen_windows.h"
 #include "desktop/tree_count.h"
+#include "desktop/words.h"
 #include "session/main_window.h"
 #include "support/test_program.h"
 #include "ui/batch.h"
@@ -179,6 +180,17 @@ TEST_F(Look, RowsAreCopiedAsASpreadsheetTakesThem) {
     form.grid.setCurrent(1, 1);
     press(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(clipboard(), "1\t甲\t7");
+
+    // The menu takes the row below the pointer, and marks nothing.
+    view.customContextMenuRequested(view.visualRect(view.model()->index(1, 0)).center());
+    auto* menu = view.findChild<QMenu*>();
+    ASSERT_NE(menu, nullptr);
+    for (QAction* entry : menu->actions())
+        if (entry->text().startsWith("复制此行")) entry->trigger();
+    menu->close();
+    EXPECT_EQ(clipboard(), "2\t\"a\"\"b\"\t9");
+    EXPECT_EQ(form.grid.row(), 1);
+    EXPECT_EQ(clicks, 0);
 }
 
 TEST_F(Look, SpareWidthGoesToTextsAndNumbersHaveRoom) {
@@ -234,6 +246,13 @@ TEST_F(Look, TheFieldsOfShownWindowsCanBeCopiedWithoutPasswords) {
     EXPECT_EQ(textsOfShownFields().toStdString(), "【登记】\n公司名称：盛远国际\nlist：报纸,展会");
     window->hide();
     EXPECT_EQ(textsOfShownFields().toStdString(), "");
+}
+
+TEST(ChineseWords, CoverWhatTheToolkitLeavesInEnglish) {
+    const Words words;
+    EXPECT_EQ(words.translate("QAbstractFileIconProvider", "Folder", nullptr, -1), "文件夹");
+    EXPECT_EQ(words.translate("QAbstractFileIconProvider", "%1 File", nullptr, -1).arg("XLS"), "XLS 文件");
+    EXPECT_EQ(words.translate("QLineEdit", "Folder", nullptr, -1), QString());
 }
 
 /// The main window over a program that works on a database in memory.

@@ -8,6 +8,7 @@
 
 #include "admin/arguments.h"
 #include "admin/database_commands.h"
+#include "admin/script_command.h"
 #include "admin/settings_command.h"
 
 namespace {
@@ -26,6 +27,7 @@ constexpr const char* help = R"(用法：tenant-desk-admin 命令 [参数]
       --years N           客户登记所跨的年数（缺省 2）
       --seed N            随机种子（缺省 1）；种子、数量与日期相同，数据就相同
       --today YYYY-MM-DD  以该日为“今天”（缺省为当天）
+  run FILE SCRIPT         在数据库上执行文本文件 SCRIPT 中的语句，一行一条；有一条失败就都不执行
   logins FILE             列出可登录的员工、密码、岗位与可用菜单
   upgrade FILE            把旧程序建立的数据库升级到本程序的版本，补建缺少的表、列和索引；
                           升级前的副本留在 FILE 旁边（登录时也会自动升级）
@@ -45,8 +47,8 @@ using Command = void (*)(const std::vector<std::string>&);
 Command commandNamed(const std::string& name) {
     using namespace desk::admin;
     const std::map<std::string, Command> commands = {
-        {"create", create},   {"ddl", printDefinition}, {"sample", sample},    {"logins", printLogins},
-        {"upgrade", upgrade}, {"backup", backup},       {"settings", settings}};
+        {"create", create},      {"ddl", printDefinition}, {"sample", sample}, {"run", runScript},
+        {"logins", printLogins}, {"upgrade", upgrade},     {"backup", backup}, {"settings", settings}};
     const auto found = commands.find(name);
     if (found == commands.end()) throw UsageError(fmt::format("不认识的命令“{}”", name));
     return found->second;
