@@ -34,7 +34,7 @@ void fold(std::string_view text, std::string& folded) {
 
 const TreeNode& deepestLast(const TreeNode& node) {
     const TreeNode* at = &node;
-    while (!at->children().empty()) at = at->children().back().get();
+    while (!at->children().empty()) at = at->children().back();
     return *at;
 }
 
@@ -43,15 +43,15 @@ class Walk {
   public:
     explicit Walk(const Tree& tree) : roots_(tree.roots()) {}
 
-    TreeNode* first() const { return roots_.front().get(); }
+    TreeNode* first() const { return roots_.front(); }
     TreeNode* last() const { return const_cast<TreeNode*>(&deepestLast(*roots_.back())); }
 
     TreeNode* after(const TreeNode& node) const {
-        if (!node.children().empty()) return node.children().front().get();
+        if (!node.children().empty()) return node.children().front();
         for (const TreeNode* at = &node; at != nullptr; at = at->parent()) {
             const auto& siblings = siblingsOf(*at);
             const auto next = static_cast<std::size_t>(at->row()) + 1;
-            if (next < siblings.size()) return siblings[next].get();
+            if (next < siblings.size()) return siblings[next];
         }
         return first();
     }
@@ -64,11 +64,11 @@ class Walk {
     }
 
   private:
-    const std::vector<std::unique_ptr<TreeNode>>& siblingsOf(const TreeNode& node) const {
+    const TreeNodes& siblingsOf(const TreeNode& node) const {
         return node.parent() != nullptr ? node.parent()->children() : roots_;
     }
 
-    const std::vector<std::unique_ptr<TreeNode>>& roots_;
+    const TreeNodes& roots_;
 };
 
 template <class Holds>

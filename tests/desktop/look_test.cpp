@@ -106,7 +106,7 @@ TEST_F(Look, FindingMarksAndEnterClicks) {
     show(layout::rows({widgetFor(form.company), widgetFor(form.tree)}));
     fillTree(300);
     std::vector<std::string> clicks;
-    form.tree.nodeClicked += [&](TreeNode& node) { clicks.push_back(node.key()); };
+    form.tree.nodeClicked += [&](TreeNode& node) { clicks.emplace_back(node.key()); };
     auto& view = widget<QTreeView>("tree");
     view.setFocus();
     form.tree.select(nullptr);
