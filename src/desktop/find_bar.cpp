@@ -52,6 +52,7 @@ void FindBar::open() {
 }
 
 void FindBar::goOn(Towards towards) {
+    if (!isBound(view_)) return;
     if (!isVisible()) open();
     Wanted wanted(utf8(line_->text()));
     if (wanted.isEmpty()) return;
@@ -118,7 +119,7 @@ bool FindBar::eventFilter(QObject* watched, QEvent* event) {
         if (event->type() == QEvent::Resize) lay();
         return false;
     }
-    if (event->type() != QEvent::KeyPress) return false;
+    if (event->type() != QEvent::KeyPress || !isBound(view_)) return false;
     const auto& key = *static_cast<QKeyEvent*>(event);
     return takeKey(key.key(), key.modifiers());
 }

@@ -4,7 +4,7 @@
 #include <QEvent>
 #include <QLabel>
 
-#include "desktop/convert.h"
+#include "desktop/binding.h"
 
 namespace desk::desktop {
 
@@ -34,6 +34,7 @@ class Hint : public QLabel {
 
   private:
     void showOrHide() {
+        if (!isBound(view_)) return;
         const bool isEmpty = view_->model()->rowCount() == 0;
         setText(isEmpty ? desktop::text(hint_) : QString());
         setGeometry(view_->viewport()->rect());
