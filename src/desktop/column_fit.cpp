@@ -49,7 +49,8 @@ class ColumnFit : public QObject {
 
   private:
     void fit() {
-        if (!isBound(view_) || dragged_ || fitting_ || view_->model()->columnCount() != grid_.columns()) return;
+        if (!isBound(view_) || dragged_ || fitting_ || view_->model()->columnCount() != grid_.columns())
+            return;
         const QScopedValueRollback own(fitting_, true);
         std::vector<ColumnWish> wishes;
         for (int column = 0; column < grid_.columns(); ++column) wishes.push_back(wishOf(column));
