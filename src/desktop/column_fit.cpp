@@ -77,7 +77,8 @@ class ColumnFit : public QObject {
 
     bool isLeft(int column) const {
         const Align align = grid_.alignment(column);
-        return align == Align::left || align == Align::general;
+        // A fixed column holds numbers and marks.
+        return column >= grid_.fixedColumns() && (align == Align::left || align == Align::general);
     }
 
     /// Without any text to tell by, the columns that were made wide are meant for texts.

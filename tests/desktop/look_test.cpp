@@ -196,11 +196,13 @@ TEST_F(Look, RowsAreCopiedAsASpreadsheetTakesThem) {
 TEST_F(Look, SpareWidthGoesToTextsAndNumbersHaveRoom) {
     show(layout::rows({widgetFor(form.grid)}));
     form.grid.addRow({"1234", "盛远国际贸易有限公司", "17", "5"});
+    form.grid.addRow({"→", "佳信", "18", "6"});
     auto& view = widget<QTableView>("grid");
     int whole = 0;
     for (int column = 0; column < 4; ++column) whole += view.columnWidth(column);
     EXPECT_EQ(whole, view.viewport()->width());
     EXPECT_GE(view.columnWidth(0), view.fontMetrics().horizontalAdvance("1234") + 6);
+    EXPECT_LT(view.columnWidth(0), 60);
     EXPECT_GT(view.columnWidth(1), 400);
     EXPECT_LT(view.columnWidth(2), 100);
     const int before = view.columnWidth(1);
