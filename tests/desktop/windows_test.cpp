@@ -78,8 +78,11 @@ struct Windows : testing::Test {
         return nullptr;
     }
     QMdiSubWindow* child(const char* name) { return window<QMdiSubWindow>(name); }
-    Sheet& open(const char* name) {
+    void bring(const char* name) {
         enter([&] { app->screens.open(name); });
+    }
+    Sheet& open(const char* name) {
+        bring(name);
         return *static_cast<Sheet*>(app->screens.loaded(name));
     }
     /// Puts it below the fields of the sheet, and shows it.
@@ -100,7 +103,7 @@ struct Windows : testing::Test {
 
 TEST_F(Windows, TheDesktopGoesWithTheMainWindowAndAChildStillOpen) {
     open("sheet");
-    open("frmAbout");
+    bring("frmAbout");
     app.reset();
     EXPECT_EQ(child("sheet"), nullptr);
     EXPECT_EQ(window<QMainWindow>(MDIForm1::screenName), nullptr);
@@ -268,7 +271,7 @@ TEST_F(Windows, ALineThatTakesItsListAwayIsItsLast) {
 }
 
 TEST_F(Windows, AMinimisedChildComesBackFromTheMenu) {
-    open("frmAbout");
+    bring("frmAbout");
     child("frmAbout")->showMinimized();
     static_cast<MDIForm1*>(app->screens.loaded(MDIForm1::screenName))->entry("关于我们")->click();
     EXPECT_FALSE(child("frmAbout")->isMinimized());
@@ -276,7 +279,7 @@ TEST_F(Windows, AMinimisedChildComesBackFromTheMenu) {
 }
 
 TEST_F(Windows, ACentredChildStandsInTheMiddleWithItsFrame) {
-    open("frmAbout");
+    bring("frmAbout");
     const QRect area = child("frmAbout")->mdiArea()->viewport()->rect();
     const QRect at = child("frmAbout")->geometry();
     EXPECT_LE(std::abs(at.left() - (area.width() - at.right() - 1)), 1);
