@@ -13,10 +13,9 @@ Connection& Connection::operator=(Connection&&) noexcept = default;
 
 void Connection::open(std::string_view connectionString, std::chrono::seconds timeout) {
     engine_.reset();
-    upgrade_.reset();
     auto opened = openEngine(parseConnectionString(connectionString), timeout);
     engine_ = std::move(opened.engine);
-    upgrade_ = std::move(opened.upgrade);
+    if (opened.upgrade) upgrade_ = std::move(opened.upgrade);
     if (wrap_) engine_ = wrap_(std::move(engine_));
 }
 

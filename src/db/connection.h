@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "db/upgrade.h"
 
@@ -41,8 +42,8 @@ class Connection {
 
     bool isOpen() const { return engine_ != nullptr; }
 
-    /// What opening had to do to the file first; nothing in most cases.
-    const std::optional<Upgrade>& upgrade() const { return upgrade_; }
+    /// What opening had to do to a file first, once: whoever takes it tells it. Nothing in most cases.
+    std::optional<Upgrade> takeUpgrade() { return std::exchange(upgrade_, std::nullopt); }
 
     /// The engine behind an open connection; fails with 3709 on a closed one. For Recordset.
     Engine& engine() const;
@@ -54,7 +55,7 @@ class Connection {
 
   private:
     std::unique_ptr<Engine> engine_;
-    std::optional<Upgrade> upgrade_;
+    std::optional<Upgrade> upgrade_;  ///< kept until it is taken, however often the file is opened again
     Wrap wrap_;
 };
 

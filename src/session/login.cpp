@@ -45,7 +45,7 @@ bool FrmLogin::takeHandOff() {
         *field = tokens[position++];
     }
     if (!打开数据库()) return false;
-    app_.screens.open(MDIForm1::screenName);
+    openMainWindow();
     app_.screens.unload(*this);
     return true;
 }
@@ -152,8 +152,14 @@ void FrmLogin::choosePosition(int line) {
 
 void FrmLogin::enterMainWindow() {
     // After a log-off the main window stands already, and waits for this screen to go.
-    if (tag.empty()) app_.screens.open(MDIForm1::screenName);
+    if (tag.empty()) openMainWindow();
     app_.screens.unload(*this);
+}
+
+void FrmLogin::openMainWindow() {
+    app_.screens.open(MDIForm1::screenName);
+    // Only now is there a status bar that can tell it.
+    if (const auto upgrade = app_.主连接.takeUpgrade()) app_.desktop.notify(upgrade->told());
 }
 
 }  // namespace desk

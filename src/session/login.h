@@ -41,6 +41,7 @@ class FrmLogin : public Screen {
     void offerChoice();
     void choosePosition(int line);
     void enterMainWindow();
+    void openMainWindow();
 
     Application& app_;
     std::vector<SessionRecord> positions_;  ///< beside the rows of List1

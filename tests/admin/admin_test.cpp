@@ -106,6 +106,15 @@ TEST_F(Admin, UpgradesAndBacksUp) {
     EXPECT_EQ(run("backup b.db c.db").code, 0);
     EXPECT_EQ(run("upgrade nowhere.db").code, 1);
     EXPECT_EQ(files(), 3U);
+
+    // Without a mark in its head a file is one of the first program.
+    std::fstream(folder / "a.db", std::ios::in | std::ios::out | std::ios::binary).seekp(68)
+        << std::string(4, 0);
+    const Outcome upgraded = run("upgrade a.db");
+    EXPECT_EQ(upgraded.code, 0);
+    EXPECT_TRUE(upgraded.tells("a.db.v1.bak")) << upgraded.output;
+    EXPECT_TRUE(fs::exists(folder / "a.db.v1.bak"));
+    EXPECT_TRUE(run("upgrade a.db").tells("无须升级"));
 }
 
 TEST_F(Admin, RunsAScriptWholeOrNotAtAll) {

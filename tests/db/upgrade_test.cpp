@@ -71,7 +71,7 @@ class OldFile : public testing::Test {
     std::optional<Upgrade> open() {
         Connection connection;
         connection.open(fileConnection(path_), patience);
-        return connection.upgrade();
+        return connection.takeUpgrade();
     }
 
     /// The text of the failure to open the file, which must be left as it was.

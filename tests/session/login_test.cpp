@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <fstream>
 
 #include "base/failure.h"
 #include "db/embedded/embedded.h"
@@ -113,6 +114,51 @@ TEST_F(Login, AFailureIsShownAndTheNextTryGoesOn) {
     }
     logIn("E01", "one");
     EXPECT_TRUE(mainWindowIsUp());
+}
+
+/// The main window fails behind its menu: the rights of whoever was about to enter must not stay for the
+/// next.
+TEST_F(Login, TheNextUserGetsRightsOfHisOwnWhereTheMainWindowHasFailed) {
+    Connection rights;
+    rights.open("Initial Catalog='" + path_ + "';Data Source='(embedded)'", std::chrono::seconds(5));
+    for (const auto* statement :
+         {"Insert Into 岗位权限设置 (组代号,岗位代号,授权) Values ('G1','0101',1)",
+          "Insert Into 岗位权限设置 (组代号,岗位代号,授权) Values ('G2','0102',1)",
+          "Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('G1','人员设置',1,'引驻台账')",
+          "Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('G2','引驻设置',1,'引驻台账')"})
+        rights.execute(statement);
+    program.app.start("");
+    constexpr int specialRights = 4;  // behind staff, positions and menu
+    program.fault = {specialRights, failure::unspecified};
+    logIn("E01", "one");
+    EXPECT_EQ(program.desktop.takeMessage(), "-2147467259 " + std::string(Fault::text));
+    ASSERT_FALSE(mainWindowIsUp());
+
+    logIn("E02", "two");
+    ASSERT_TRUE(login().List1.visible());
+    login().List1.doubleClick(1);
+    ASSERT_TRUE(mainWindowIsUp());
+    auto& main = program.app.screens.get<MDIForm1>();
+    EXPECT_TRUE(main.entry("引驻设置")->enabled());
+    EXPECT_FALSE(main.entry("人员设置")->enabled());
+    EXPECT_EQ(main.状态栏.panel(0), "E02 周平");
+}
+
+/// Also where the first try was refused, since that one has opened the file already.
+TEST_F(Login, TellsOnceThatTheFileHasBeenBroughtUp) {
+    constexpr std::streamoff mark = 68;  // where the file's head says which program has made it
+    std::fstream(path_, std::ios::in | std::ios::out | std::ios::binary).seekp(mark) << std::string(4, '\0');
+    program.app.start("");
+    logIn("E01", "wrong");
+    logIn("E01", "one");
+    ASSERT_EQ(program.desktop.notices.size(), 1U);
+    EXPECT_NE(program.desktop.notices[0].find(path_ + ".v1.bak"), std::string::npos)
+        << program.desktop.notices[0];
+    std::remove((path_ + ".v1.bak").c_str());
+
+    program.desktop.modalPerson = [this](Screen&) { logIn("E01", "one"); };
+    program.app.screens.get<MDIForm1>().entry("注销")->click();
+    EXPECT_EQ(program.desktop.notices.size(), 1U);
 }
 
 TEST_F(Login, AFailedConnectionShowsTwoBoxesAndEndsTheProgram) {
