@@ -2,7 +2,8 @@
 
 namespace desk {
 
-/// Keeps a control's observers quiet while it lives, so that a fill of any size is one repaint.
+/// Keeps those who show a control quiet while it lives, so that a fill of any size is one repaint. They show
+/// it through the edge, which no failure leaves: so the destructor raises nothing that can fail.
 template <class Filled>
 class Batch {
   public:

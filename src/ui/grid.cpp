@@ -124,10 +124,7 @@ void Grid::setCurrent(int row, int column) {
     if (row == row_ && column == column_) return;
     row_ = row;
     column_ = column;
-    if (updating_ == 0)
-        currentChanged();
-    else
-        currentPending_ = true;
+    currentChanged();
 }
 
 int Grid::columnWidth(int column) const {
@@ -251,7 +248,6 @@ void Grid::endUpdate() {
         structureChanged();
     }
     if (std::exchange(cellsPending_, false)) cellsChanged();
-    if (std::exchange(currentPending_, false)) currentChanged();
 }
 
 const Grid::Row& Grid::rowAt(int row) const {

@@ -107,8 +107,8 @@ class Grid : public Control {
     /// marked as a whole.
     void moveTo(int row, int column);
 
-    /// Between the two, observers are not told; afterwards once. Never fails: `structureChanged` and
-    /// `cellsChanged` are for whoever shows the grid.
+    /// Between the two, whoever shows the grid is not told of rows, columns and cells; afterwards once. What
+    /// screens listen to is raised at once, so that the end of a batch cannot fail.
     void beginUpdate() { ++updating_; }
     void endUpdate();
 
@@ -176,7 +176,6 @@ class Grid : public Control {
     int updating_ = 0;
     bool structurePending_ = false;
     bool cellsPending_ = false;
-    bool currentPending_ = false;
 };
 
 }  // namespace desk

@@ -221,7 +221,21 @@ TEST(Grid, AFillOfAnySizeIsOneChange) {
     }
     EXPECT_EQ(structure.times, 1);
     EXPECT_EQ(cells.times, 0);
-    EXPECT_EQ(current.times, 1);
+    EXPECT_EQ(current.times, 2) << "screens hear at once";
+}
+
+TEST(Grid, AHandlerThatFailsInABatchFailsWhereItWasRaised) {
+    Sheet sheet;
+    Grid grid(sheet, "grid", "<a|<b");
+    Count structure(grid.structureChanged);
+    grid.currentChanged += [] { throw RuntimeFailure(11, "除数为零"); };
+    const auto fill = [&] {
+        const Batch filling(grid);
+        grid.addRow();
+        grid.setRow(1);
+    };
+    EXPECT_THROW(fill(), RuntimeFailure);
+    EXPECT_EQ(structure.times, 1) << "what was filled by then is shown";
 }
 
 TEST(Grid, ADoubleClickIsAClickFirst) {
