@@ -198,6 +198,26 @@ TEST_F(OpeningFile, TellsThatItsFileHasBeenMovedAway) {
     EXPECT_NE(text.find("移动"), std::string::npos) << text;
 }
 
+TEST_F(OpeningFile, TellsThatItsFileHasBeenCutShort) {
+    embedded::createDatabase(path_);
+    for (const std::uintmax_t left : {10U * 4096 + 100, 4096U, 50U, 0U}) {
+        SCOPED_TRACE(left);
+        const auto whole = bytesOf(path_);
+        Connection connection;
+        connection.open(fileConnection(path_), std::chrono::seconds(1));
+        std::filesystem::resize_file(path_, left);
+        const auto readAll = [&] {
+            for (const auto& table : schema::tables())
+                anyRow(connection, "Select * From " + std::string(table.name));
+        };
+        EXPECT_EQ(failureOf(readAll), failure::unspecified);
+        const auto text = failureTextOf(readAll);
+        EXPECT_TRUE(text.starts_with("数据库文件已损坏")) << text;
+        connection = Connection();
+        writeBytes(path_, whole);
+    }
+}
+
 TEST_F(OpeningFile, GivesUpAfterItsTimeWhenAnotherSeatHoldsTheFile) {
     embedded::createDatabase(path_);
     Connection holder;
@@ -207,6 +227,7 @@ TEST_F(OpeningFile, GivesUpAfterItsTimeWhenAnotherSeatHoldsTheFile) {
     holder.begin();
     const auto write = [&] { waiting.execute("Insert Into YZ_组表 (组代号) Values ('02')"); };
     EXPECT_EQ(failureOf(write), failure::unspecified);
+    EXPECT_EQ(failureTextOf(write), "超时已过期：数据库文件正被其他工作站占用。");
     EXPECT_FALSE(anyRow(waiting, "Select * From YZ_组表"));
     holder.rollback();
     write();

@@ -105,6 +105,19 @@ TEST_F(Saving, AStepThatTheMachineRefusesLeavesTheOldFileAlone) {
     }
 }
 
+TEST_F(Saving, AWorkbookBehindALinkIsWrittenWhereItLies) {
+    std::filesystem::create_directory(path("elsewhere"));
+    std::filesystem::rename(file, path("elsewhere/book.xls"));
+    std::filesystem::create_symlink("elsewhere/book.xls", file);
+    spreadsheets.put(file, report("乙"));
+    EXPECT_TRUE(std::filesystem::is_symlink(file));
+    EXPECT_TRUE(bytesOf(path("elsewhere/book.xls")) == newBytes);
+    std::filesystem::create_symlink("elsewhere/new.xls", path("new.xls"));
+    spreadsheets.create(path("new.xls"));
+    EXPECT_FALSE(std::filesystem::is_symlink(path("elsewhere/new.xls")));
+    EXPECT_FALSE(bytesOf(path("elsewhere/new.xls")).empty());
+}
+
 TEST_F(Safety, FilesThatAreNoWorkbookAreLeftAlone) {
     Worksheet sheet("新");
     sheet.at(0, 0).text = "x";

@@ -80,6 +80,10 @@ void fail(sqlite3* database) {
         throw RuntimeFailure(failure::badConversion, fmt::format("值与列的类型不符：{}", message));
     if (primary == SQLITE_CONSTRAINT) throw RuntimeFailure(failure::violatedRule, ruleText(message));
     if (primary == SQLITE_MISMATCH) throw RuntimeFailure(failure::badConversion, message);
+    // The catalogue knows every name that comes so far: what is missing has gone from the file since it was
+    // opened.
+    if (const auto table = behind(message, "no such table: "); !table.empty())
+        throw RuntimeFailure(failure::unspecified, fmt::format("数据库文件已损坏：没有表 '{}'。", table));
     if (primary == SQLITE_ERROR)
         throw RuntimeFailure(failure::wrongStatement, fmt::format("语句无法执行：{}", message));
     const char* known = narrowerText(extended);
