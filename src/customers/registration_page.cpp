@@ -14,7 +14,6 @@ namespace desk {
 namespace {
 
 constexpr std::string_view 自动编号提示 = "<保存时自动生成编号>";
-constexpr std::string_view 输入编号提示 = "<请输入登记编号>";
 
 /// What a save asks for, and what it reads as a number.
 void markFields(登记页& page) {

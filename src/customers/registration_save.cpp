@@ -29,7 +29,7 @@ std::optional<登记页::Worked> 登记页::checkedFields() {
         return std::nullopt;
     };
     if (rules_.自动编号亦查编号 || !采用自动编号.checked())
-        if (登记编号.text().empty() || 登记编号.text() == "<请输入登记编号>") return refuse("请输入登记编号");
+        if (登记编号.text().empty() || 登记编号.text() == 输入编号提示) return refuse("请输入登记编号");
 
     if (中介) {
         if (中介->中介公司名称.text().empty()) return refuse("请选择中介公司！");

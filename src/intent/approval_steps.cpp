@@ -238,11 +238,11 @@ void 审批环节::remove() {
 
 /// The steps behind the one that goes move up by one, so that the numbers stay without a gap.
 void 审批环节::closeGap(const std::string& 环节) {
-    for (Recordset behind(app_.主连接,
-                          sql("Select * From YZ_意向书审批路径 Where 审批环节序号>{} and 意向书审批ID={}",
-                              numeral(环节), numeral(pathId_)),
-                          Rows::updatable);
-         !behind.atEnd(); behind.moveNext()) {
+    for (auto& behind :
+         Recordset(app_.主连接,
+                   sql("Select * From YZ_意向书审批路径 Where 审批环节序号>{} and 意向书审批ID={}",
+                       numeral(环节), numeral(pathId_)),
+                   Rows::updatable)) {
         behind["审批环节序号"] = behind["审批环节序号"].integer() - 1;
         behind.update();
     }

@@ -8,6 +8,7 @@
 #include "admin/database_commands.h"
 #include "base/failure.h"
 #include "base/text.h"
+#include "db/transaction.h"
 
 namespace desk::admin {
 
@@ -32,8 +33,7 @@ void runScript(const std::vector<std::string>& words) {
     const Arguments arguments(words, {}, 2, "FILE SCRIPT");
     const auto statements = statementsIn(arguments.plain(1));
     Connection connection = openFile(arguments.plain(0));
-    // What has not been committed goes with the connection.
-    connection.begin();
+    Transaction all(connection);
     int run = 0;
     for (std::size_t i = 0; i < statements.size(); ++i) {
         if (statements[i].empty()) continue;
@@ -44,7 +44,7 @@ void runScript(const std::vector<std::string>& words) {
         }
         ++run;
     }
-    connection.commit();
+    all.commit();
     fmt::print("已执行 {} 条语句\n", run);
 }
 
