@@ -5,6 +5,7 @@
 
 #include "desktop/layout.h"
 #include "desktop/layouts/analysis.h"
+#include "desktop/layouts/approval.h"
 #include "desktop/layouts/intent.h"
 #include "desktop/layouts/pipeline.h"
 #include "desktop/layouts/reference.h"
@@ -53,6 +54,7 @@ const std::vector<KnownScreen>& screenList() {
         screen<Frm客户相关信息设置, layoutOfCustomerDictionaries>(),
         screen<Frm引驻设置, layoutOfLeadSettings>(),
         screen<Frm意向书审批路径设置, layoutOfApprovalPath>(),
+        screen<Frm意向书审批, layoutOfApproval>(),
     };
     return list;
 }

@@ -29,17 +29,29 @@ Frm意向书审批路径设置::Frm意向书审批路径设置(Application& app)
       app_(app) {
     路径列表.setColumnWidth(编号列, 0);
     路径列表.setSelection(GridSelection::row);
-    路径列表.clicked += [this] { selectPath(); };
+    路径列表.clicked += [this] { guarded(&Frm意向书审批路径设置::selectPath); };
     新增.clicked += [this] { startOrCancel(); };
-    确定.clicked += [this] { save(); };
+    确定.clicked += [this] { guarded(&Frm意向书审批路径设置::save); };
     删除.clicked += [this] { remove(); };
     环节.close();
+}
+
+void Frm意向书审批路径设置::guarded(void (Frm意向书审批路径设置::*handler)()) {
+    try {
+        (this->*handler)();
+    } catch (const RuntimeFailure& failure) {
+        reportFailure(app_, failure);
+    }
 }
 
 void Frm意向书审批路径设置::load() {
     窗体居中(app_, *this);
     状态栏.setPanel(0, app_.session.登录部门名称);
     状态栏.setPanel(1, app_.session.登录岗位名称);
+    guarded(&Frm意向书审批路径设置::open);
+}
+
+void Frm意向书审批路径设置::open() {
     环节.load();
     管理项目.fill(
         {app_.主连接, "Select * From 设置管理处  Where 终止日期 is Null Order by Len(GYD_DH),GYD_DH"},
@@ -75,14 +87,10 @@ std::string Frm意向书审批路径设置::currentId() const {
 }
 
 void Frm意向书审批路径设置::selectPath() {
-    try {
-        环节.clearDepartment();
-        环节.hideDepartments();
-        if (currentId().empty()) return app_.inform("没有可以编辑的信息,请重新查询!");
-        showPath();
-    } catch (const RuntimeFailure& failure) {
-        reportFailure(app_, failure);
-    }
+    环节.clearDepartment();
+    环节.hideDepartments();
+    if (currentId().empty()) return app_.inform("没有可以编辑的信息,请重新查询!");
+    showPath();
 }
 
 void Frm意向书审批路径设置::showPath() {
@@ -101,6 +109,9 @@ void Frm意向书审批路径设置::showPath() {
             路径名称.setText(path["审批路径名称"].text());
             备注.setText(path["备注"].text());
             单级流转.setChecked(path["单级流转"].flag());
+            // An office that is not offered any more leaves the choice open: it must not stay with the last
+            // one.
+            管理项目.setIndex(-1);
             管理项目.selectName(path["GYD_Name"].text());
         }
     }
@@ -121,15 +132,11 @@ void Frm意向书审批路径设置::startOrCancel() {
 }
 
 void Frm意向书审批路径设置::save() {
-    try {
-        if (路径代号.text().empty()) return app_.inform("路径代号不能为空!");
-        if (路径名称.text().empty()) return app_.inform("路径名称不能为空!");
-        if (!管理项目.hasSelection()) return app_.inform("管理项目不能为空!");
-        if (!新增.entering()) return change();
-        if (!isDuplicate()) add();
-    } catch (const RuntimeFailure& failure) {
-        reportFailure(app_, failure);
-    }
+    if (路径代号.text().empty()) return app_.inform("路径代号不能为空!");
+    if (路径名称.text().empty()) return app_.inform("路径名称不能为空!");
+    if (!管理项目.hasSelection()) return app_.inform("管理项目不能为空!");
+    if (!新增.entering()) return change();
+    if (!isDuplicate()) add();
 }
 
 bool Frm意向书审批路径设置::isDuplicate() {

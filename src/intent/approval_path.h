@@ -29,6 +29,8 @@ class Frm意向书审批路径设置 : public Screen {
     StatusBar 状态栏{*this, "状态栏", 2};
 
   private:
+    void guarded(void (Frm意向书审批路径设置::*handler)());
+    void open();
     /// The `ID` of the current row, empty without one.
     std::string currentId() const;
     void fillPaths();

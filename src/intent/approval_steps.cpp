@@ -80,8 +80,7 @@ void 审批环节::close() {
     部门.setText("");
     岗位.clear();
     列表.setRows(列表.fixedRows());
-    新增.browse();
-    letMove(true);
+    browse();
 }
 
 /// The cell of the current row, empty without one.
@@ -125,7 +124,7 @@ void 审批环节::selectStep() {
     hideDepartments();
     if (cell(环节列).empty()) return app_.inform(nothingToEdit);
     showStep();
-    新增.browse();
+    browse();
 }
 
 void 审批环节::showStep() {
@@ -152,15 +151,19 @@ void 审批环节::pickDepartment(const TreeNode& node) {
     hideDepartments();
 }
 
+/// A step of the list is edited again.
+void 审批环节::browse() {
+    新增.browse();
+    letMove(true);
+}
+
 void 审批环节::letMove(bool movable) {
     上移.setEnabled(movable);
     下移.setEnabled(movable);
 }
 
 void 审批环节::startOrCancel() {
-    if (!新增.entering()) return start();
-    新增.browse();
-    letMove(true);
+    新增.entering() ? browse() : start();
 }
 
 void 审批环节::start() {
@@ -232,7 +235,7 @@ void 审批环节::remove() {
     app_.主连接.execute(sql("delete YZ_意向书审批路径 where ID= {} ", numeral(cell(编号列))));
     环节序号.setText("");
     部门.setText("");
-    新增.browse();
+    browse();
     reload();
 }
 

@@ -59,6 +59,7 @@ class 审批环节 {
     void pickDepartment(const TreeNode& node);
     void startOrCancel();
     void start();
+    void browse();
     void letMove(bool movable);
     void save();
     void add();
