@@ -7,6 +7,7 @@
 #include "desktop/layouts/analysis.h"
 #include "desktop/layouts/approval.h"
 #include "desktop/layouts/intent.h"
+#include "desktop/layouts/letter.h"
 #include "desktop/layouts/pipeline.h"
 #include "desktop/layouts/reference.h"
 #include "desktop/layouts/registration.h"
@@ -54,6 +55,7 @@ const std::vector<KnownScreen>& screenList() {
         screen<Frm客户相关信息设置, layoutOfCustomerDictionaries>(),
         screen<Frm引驻设置, layoutOfLeadSettings>(),
         screen<Frm意向书审批路径设置, layoutOfApprovalPath>(),
+        screen<Frm意向书信息, layoutOfLetter>(),
         screen<Frm意向书审批, layoutOfApproval>(),
     };
     return list;

@@ -12,22 +12,21 @@ constexpr std::string_view customer = "引驻客户信息ID";
 }  // namespace
 
 const std::vector<意向书信息块::Field>& 意向书信息块::fields() {
-    constexpr bool number = true;
     static const std::vector<Field> all{
         {"承租方", tenant},
         {"租赁单元", "租赁单元"},
-        {"租赁面积", "租赁面积", TextStyle::line, number},
+        {"租赁面积", "租赁面积"},
         {"租赁期限", "租赁起始日期"},
         {"至", "租赁结束日期"},
-        {"租金单价", "租金单价", TextStyle::line, number},
-        {"月租金", "月租金", TextStyle::line, number},
-        {"物管费单价", "物业管理费单价", TextStyle::line, number},
-        {"月物管费", "月物业管理费", TextStyle::line, number},
+        {"租金单价", "租金单价"},
+        {"月租金", "月租金"},
+        {"物管费单价", "物业管理费单价"},
+        {"月物管费", "月物业管理费"},
         {"付款方式", "付款方式"},
         {"递延方式", "递延方式"},
-        {"物管费意向金", "物业管理费意向金", TextStyle::line, number},
-        {"租金意向金", "租金意向金", TextStyle::line, number},
-        {"意向金", "意向金合计", TextStyle::line, number},
+        {"物管费意向金", "物业管理费意向金"},
+        {"租金意向金", "租金意向金"},
+        {"意向金", "意向金合计"},
         {"装修期限", "装修起始日期"},
         {"至", "装修结束日期"},
         {"免租期限", "免租期"},
@@ -41,7 +40,6 @@ const std::vector<意向书信息块::Field>& 意向书信息块::fields() {
     for (const Field& field : fields()) {
         TextBox& box = boxes_.emplace_back(place, std::string(field.column), field.style);
         box.setLocked(use == Use::locked);
-        box.setNumeric(use == Use::editable && field.numeric);
     }
     登记编号.setLocked(use == Use::locked);
 }

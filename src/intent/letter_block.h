@@ -20,7 +20,6 @@ class 意向书信息块 {
         std::string_view caption;
         std::string_view column;
         TextStyle style = TextStyle::line;
-        bool numeric = false;
     };
     /// In the order in which they are shown and written.
     static const std::vector<Field>& fields();

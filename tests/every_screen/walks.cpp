@@ -398,6 +398,7 @@ const std::vector<Walk>& walks() {
         registration("来电登记", &Frm引驻客户信息登记::来电, ""),
         registration("中介登记", &Frm引驻客户信息登记::中介来人, ""),
         pipeline(),
+        letters(),
     };
     return all;
 }
