@@ -67,6 +67,8 @@ TEST_F(Conversion, TurnsTextsIntoNumbersWhereTheyMeet) {
     EXPECT_EQ(countOf("岗位权限设置", "授权='True'"), "1");
     EXPECT_EQ(failureNumber("Select * From YZ_意向书信息 Where ID='YM1'"), failure::badConversion);
     EXPECT_EQ(failureNumber("Select * From YZ_引驻客户信息 Where 登记编号=5"), failure::badConversion);
+    connection.execute(sql("Update YZ_引驻客户信息 Set 登记编号='{}'", std::string("5\0x", 3)));
+    EXPECT_EQ(failureNumber("Select * From YZ_引驻客户信息 Where 登记编号=5"), failure::badConversion);
 }
 
 TEST_F(Conversion, StoresNumbersByTheColumnsKind) {

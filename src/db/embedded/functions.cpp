@@ -65,19 +65,21 @@ bool takeOne(std::string_view& text, std::string_view& pattern) {
     return wanted == c;
 }
 
+/// All of a text, also behind a NUL.
+std::string_view textOf(sqlite3_value* value) {
+    const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    return {bytes, static_cast<std::size_t>(sqlite3_value_bytes(value))};
+}
+
 void likeCall(sqlite3_context* context, int, sqlite3_value** values) {
-    const auto text = [&](int i) -> std::string_view {
-        const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(values[i]));
-        return {bytes, static_cast<std::size_t>(sqlite3_value_bytes(values[i]))};
-    };
     if (sqlite3_value_type(values[0]) == SQLITE_NULL || sqlite3_value_type(values[1]) == SQLITE_NULL)
         return sqlite3_result_null(context);
-    sqlite3_result_int(context, isLike(text(0), text(1)) ? 1 : 0);
+    sqlite3_result_int(context, isLike(textOf(values[0]), textOf(values[1])) ? 1 : 0);
 }
 
 void numberCall(sqlite3_context* context, int, sqlite3_value** values) {
     if (sqlite3_value_type(values[0]) != SQLITE_TEXT) return sqlite3_result_value(context, values[0]);
-    const std::string_view text = reinterpret_cast<const char*>(sqlite3_value_text(values[0]));
+    const std::string_view text = textOf(values[0]);
     if (trimmed(text).empty()) return sqlite3_result_double(context, 0);
     if (const auto number = wholeNumber(text)) return sqlite3_result_double(context, *number);
     const auto message = "将文本 '" + std::string(text) + "' 转换为数值时失败。";
