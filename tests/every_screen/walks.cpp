@@ -5,6 +5,7 @@
 #include "customers/follow_up.h"
 #include "customers/registration.h"
 #include "db/statement.h"
+#include "intent/approval_path.h"
 #include "reference/agencies.h"
 #include "reference/customer_dictionaries.h"
 #include "reference/lead_settings.h"
@@ -381,6 +382,73 @@ Walk pipeline() {
           "EEESS"}}};
 }
 
+Walk approvalPath() {
+    const auto screen = [](Scene& scene) -> Frm意向书审批路径设置& {
+        return scene.screen<Frm意向书审批路径设置>();
+    };
+    const auto fill = [=](Scene& scene, const std::string& text) {
+        for (TextBox* box : {&screen(scene).路径代号, &screen(scene).路径名称, &screen(scene).备注})
+            box->type(text);
+        screen(scene).管理项目.pick("01 东塔");
+        screen(scene).确定.click();
+    };
+    const auto startStep = [=](Scene& scene) {
+        auto& steps = screen(scene).环节;
+        steps.新增.click();
+        steps.选择部门.click();
+    };
+    const auto pickDepartment = [=](Scene& scene) { clickNode(screen(scene).环节.部门树, "$" + scene.text); };
+    const auto pickStep = [=](Scene& scene) { clickFirst(screen(scene).环节.列表); };
+    const auto addStep = [=](Scene& scene) {
+        auto& steps = screen(scene).环节;
+        steps.岗位.pick(0);
+        steps.确定.click();
+    };
+    return {
+        "审批路径设置",
+        [](Scene& scene) {
+            // The code of a department ends at its first blank.
+            std::erase(scene.text, ' ');
+            const auto& text = scene.text;
+            auto& db = scene.program.db();
+            db.execute(
+                sql("Insert Into 职能部门new (职能部门编号,职能部门名称) Values ('{}','{}')", text, text));
+            db.execute(sql("Insert Into 岗位信息new (岗位代号,岗位名称,职能部门代号) Values ('{}','{}','{}')",
+                           text, text, text));
+            enterFor<Frm意向书审批路径设置>(scene);
+        },
+        {opening<Frm意向书审批路径设置>("BBB"),
+         {"新增",
+          [=](Scene& scene) {
+              screen(scene).新增.click();
+              fill(scene, scene.text);
+          },
+          "BBBB"},
+         {"选中", [=](Scene& scene) { clickFirst(screen(scene).路径列表); }, "BB"},
+         {"修改", [=](Scene& scene) { fill(scene, "改" + scene.text); }, "BB"},
+         {"新环节", startStep, "B"},
+         {"选部门", pickDepartment, "B"},
+         {"新增环节", addStep, "BBBB"},
+         {"又一环节", startStep, "B"},
+         {"又选部门", pickDepartment, "B"},
+         {"再增环节", addStep, "BBBB"},
+         {"选环节", pickStep, "B"},
+         {"改环节", [=](Scene& scene) { screen(scene).环节.确定.click(); }, "BBBB"},
+         {"下移", [=](Scene& scene) { screen(scene).环节.下移.click(); }, "BBBBBBB"},
+         {"再选环节", pickStep, "B"},
+         {"删除环节",
+          [=](Scene& scene) {
+              scene.willSayYes();
+              screen(scene).环节.删除.click();
+          },
+          "BBBBB"},
+         {"删除", [=](Scene& scene) {
+              scene.program.run({"Delete From YZ_意向书审批路径"});
+              scene.willSayYes();
+              screen(scene).删除.click();
+          }}}};
+}
+
 }  // namespace
 
 const std::vector<Walk>& walks() {
@@ -399,6 +467,7 @@ const std::vector<Walk>& walks() {
         registration("中介登记", &Frm引驻客户信息登记::中介来人, ""),
         pipeline(),
         letters(),
+        approvalPath(),
     };
     return all;
 }
