@@ -5,6 +5,7 @@
 #include "customers/follow_up.h"
 #include "customers/registration.h"
 #include "db/statement.h"
+#include "intent/approval.h"
 #include "intent/approval_path.h"
 #include "reference/agencies.h"
 #include "reference/customer_dictionaries.h"
@@ -435,6 +436,7 @@ Walk approvalPath() {
          {"选环节", pickStep, "B"},
          {"改环节", [=](Scene& scene) { screen(scene).环节.确定.click(); }, "BBBB"},
          {"下移", [=](Scene& scene) { screen(scene).环节.下移.click(); }, "BBBBBBB"},
+         {"上移", [=](Scene& scene) { screen(scene).环节.上移.click(); }, "BBBBBBB"},
          {"再选环节", pickStep, "B"},
          {"删除环节",
           [=](Scene& scene) {
@@ -447,6 +449,49 @@ Walk approvalPath() {
               scene.willSayYes();
               screen(scene).删除.click();
           }}}};
+}
+
+/// Four letters: asked for in turn, with a step to come, and all at once, each agreed to and refused.
+Walk approval() {
+    const auto screen = [](Scene& scene) -> Frm意向书审批& { return scene.screen<Frm意向书审批>(); };
+    Walk walk{"审批",
+              [](Scene& scene) {
+                  enterFor<Frm意向书审批>(scene);
+                  auto& program = scene.program;
+                  program.app.session.登录姓名 = scene.text;
+                  program.run({"Insert Into 职能部门new (职能部门编号,职能部门名称) Values ('01','招商部')",
+                               "Insert Into 岗位信息new (岗位代号,岗位名称,职能部门代号) Values "
+                               "('0101','招商专员','01')",
+                               "Insert Into YZ_意向书审批路径设置 (管理处代号,单级流转) Values ('01',0)",
+                               "Insert Into YZ_意向书审批路径 (意向书审批ID,审批环节序号,部门代号,岗位代号) "
+                               "Values (1,2,'02','0201')"});
+                  for (int letter = 1; letter <= 4; ++letter) {
+                      program.db().execute(
+                          sql("Insert Into YZ_意向书信息 (意向书编号,管理处代号,承租方,申请说明) Values "
+                              "('{}','01','{}','{}')",
+                              scene.text, scene.text, scene.text));
+                      program.db().execute(
+                          sql("Insert Into YZ_意向书审批情况 (意向书ID,环节序号,部门代号,岗位代号) Values "
+                              "({},{},'01','0101')",
+                              letter, letter % 2));
+                  }
+              },
+              {opening<Frm意向书审批>()}};
+    auto& steps = walk.steps;
+    for (int letter = 1; letter <= 4; ++letter) {
+        steps.push_back(
+            {"选中", [=](Scene& scene) { clickNode(screen(scene).待审批, "YM" + std::to_string(letter)); }});
+        steps.push_back({"保存意见", [=](Scene& scene) {
+                             screen(scene).您的审批意见.type(scene.text);
+                             screen(scene).保存审批意见.click();
+                         }});
+        steps.push_back({"他人意见", [=](Scene& scene) { screen(scene).他人审批情况.click(); }});
+        steps.push_back({"决定", [=](Scene& scene) {
+                             screen(scene).关闭.click();
+                             (letter <= 2 ? screen(scene).同意 : screen(scene).不同意).click();
+                         }});
+    }
+    return walk;
 }
 
 }  // namespace
@@ -468,6 +513,7 @@ const std::vector<Walk>& walks() {
         pipeline(),
         letters(),
         approvalPath(),
+        approval(),
     };
     return all;
 }

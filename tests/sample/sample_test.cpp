@@ -228,6 +228,17 @@ TEST_F(ASampleProperty, TakesItsLettersThroughEveryStage) {
     EXPECT_GT(count("From YZ_意向书信息 Where 流转通过=0"), 0);
     EXPECT_GT(count("From YZ_意向书审批情况 Where 环节序号=0"), 0);
     EXPECT_GT(count("From YZ_意向书审批情况 Where 环节序号=2"), 0);
+    // One office asks in turn, one all at once, and one has no path yet, so that nothing is submitted there.
+    EXPECT_EQ(rows("Select 管理处代号,单级流转 From YZ_意向书审批路径设置 Order By 管理处代号"),
+              (std::vector<std::string>{"01|0", "02|1"}));
+    EXPECT_GT(count("From YZ_意向书信息 Where 管理处代号='03'"), 0);
+    EXPECT_EQ(count("From YZ_意向书信息 Where 管理处代号='03' And 提交日期 is not Null"), 0);
+    // Letters of both kinds wait for somebody, and on no desk twice.
+    const std::string waiting = "From YZ_意向书审批情况 Where 审批日期 is Null";
+    EXPECT_GT(count(waiting + " And 环节序号=0"), 0);
+    EXPECT_GT(count(waiting + " And 环节序号>0"), 0);
+    const auto desks = rows("Select 岗位代号,意向书ID " + waiting);
+    EXPECT_EQ(std::set<std::string>(desks.begin(), desks.end()).size(), desks.size());
     // A letter is at its end when and only when nobody is left to decide.
     EXPECT_EQ(count("From YZ_意向书信息 A Inner Join YZ_意向书审批情况 B On A.ID=B.意向书ID Where B.审批日期 "
                     "is Null And "

@@ -88,7 +88,7 @@ Flow planFlow(Random& random, const ApprovalPath& path, Stage stage, const DateT
               const DateTime& today) {
     Flow flow;
     flow.atOnce = path.单级流转;
-    if (stage == Stage::registered || submitted.day >= today.day) return flow;
+    if (stage == Stage::registered || path.steps.empty() || submitted.day >= today.day) return flow;
     flow.submitted = submitted;
     const std::size_t stopsAt = random.below(path.steps.size());
     (flow.atOnce ? askAtOnce : askInTurn)(random, flow, path.steps.size(), stopsAt, stage, today);

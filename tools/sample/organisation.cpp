@@ -214,7 +214,7 @@ std::vector<Team> addTeams(Connection& connection, const std::vector<Office>& of
     return teams;
 }
 
-/// One path an office: the first and the last go from step to step, the second asks all at once.
+/// The first office has a path from step to step, the second one that asks all at once, the third none yet.
 std::vector<ApprovalPath> addPaths(Connection& connection, const std::vector<Office>& offices,
                                    const Staffing& staffing, const DateTime& today) {
     const auto step = [&](const char* department, int post) {
@@ -222,12 +222,13 @@ std::vector<ApprovalPath> addPaths(Connection& connection, const std::vector<Off
     };
     const std::vector<ApprovalPath> paths = {{false, {step("101", 201), step("103", 401), step("1", 101)}},
                                              {true, {step("101", 201), step("102", 301), step("103", 401)}},
-                                             {false, {step("102", 301), step("1", 102)}}};
+                                             {}};
     Filler rows(connection, "YZ_意向书审批路径设置",
                 {"审批路径代号", "审批路径名称", "管理处代号", "单级流转", "起始日期", "备注", "终止日期"});
     Filler steps(connection, "YZ_意向书审批路径",
                  {"意向书审批ID", "审批环节序号", "部门代号", "岗位代号", "起始日期", "备注", "终止日期"});
     for (std::size_t i = 0; i < paths.size(); ++i) {
+        if (paths[i].steps.empty()) continue;
         rows.add({fmt::format("LJ{:02}", i + 1),
                   fmt::format("{}审批流程", offices[i].名称),
                   offices[i].代号,

@@ -35,13 +35,13 @@ struct Step {
 
 struct ApprovalPath {
     bool 单级流转 = false;
-    std::vector<Step> steps;
+    std::vector<Step> steps;  ///< none where the office has no path yet
 };
 
 /// Who works where. What the other parts of the sample refer to.
 struct Organisation {
     std::vector<Office> offices;
-    std::vector<ApprovalPath> paths;  ///< one an office
+    std::vector<ApprovalPath> paths;  ///< by office
     std::vector<Team> teams;
     std::vector<Person> staff;  ///< in service
     Person whoLeft;             ///< once of the last team
