@@ -1,6 +1,6 @@
 #include <benchmark/benchmark.h>
 
-#include "analysis/pie_chart.h"
+#include "ui/pie_chart.h"
 #include "analysis/status_analysis.h"
 #include "db/embedded/sqlite.h"
 #include "db/embedded/statistics.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "analysis/pie_chart.h"
+#include "ui/pie_chart.h"
 #include "session/application.h"
 #include "session/coded_combo.h"
 #include "ui/canvas.h"

@@ -9,6 +9,8 @@
 #include "desktop/date_binding.h"
 #include "desktop/field_bindings.h"
 #include "desktop/grid_binding.h"
+#include "desktop/marker_binding.h"
+#include "desktop/scroll_bar_binding.h"
 #include "desktop/text_binding.h"
 #include "desktop/tree_binding.h"
 #include "desktop/window_change.h"
@@ -105,7 +107,8 @@ QWidget* make(Control& control) {
         found(tried<ComboBox>(control, comboWidget)) || found(tried<ListBox>(control, listWidget)) ||
         found(tried<TabStrip>(control, tabWidget)) || found(tried<StatusBar>(control, statusWidget)) ||
         found(tried<Tree>(control, treeWidget)) || found(tried<Grid>(control, gridWidget)) ||
-        found(tried<Canvas>(control, canvasWidget)))
+        found(tried<Canvas>(control, canvasWidget)) || found(tried<Marker>(control, markerWidget)) ||
+        found(tried<ScrollBar>(control, scrollBarWidget)))
         return widget;
     throw std::logic_error("no binding for " + control.name());
 }
@@ -133,10 +136,14 @@ void bindCommon(Control& control, QWidget* widget) {
     new FocusWatch(control, widget);
 }
 
+void goWith(Control& control, QWidget* widget) {
+    follow(widget, control.gone, [widget] { takeAway(widget); });
+}
+
 QWidget* widgetFor(Control& control) {
     QWidget* widget = make(control);
     bindCommon(control, widget);
-    follow(widget, control.gone, [widget] { takeAway(widget); });
+    goWith(control, widget);
     return widget;
 }
 

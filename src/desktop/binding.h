@@ -45,6 +45,9 @@ void keepWheelForFocus(QWidget* widget);
 /// What every binding shares: name, enabled, visible, demanded, the focus both ways.
 void bindCommon(Control& control, QWidget* widget);
 
+/// Takes `widget` out of use when `control` goes, and away when nothing of its own runs any more.
+void goWith(Control& control, QWidget* widget);
+
 /// A widget that shows `control` and tells it what people do. It goes when the control goes.
 QWidget* widgetFor(Control& control);
 

@@ -29,8 +29,21 @@ class Floating : public QObject {
         const bool needsAnchor = place_ == FloatsAt::rightEdge;
         const bool shown = control_.visible() && (control_.anchor() != nullptr || !needsAnchor);
         part_->setVisible(shown);
-        if (shown) part_->setGeometry(needsAnchor ? insideAnchor() : below());
+        if (shown) part_->setGeometry(geometry());
         part_->raise();
+    }
+
+    QRect geometry() const {
+        switch (place_) {
+            case FloatsAt::rightEdge:
+                return insideAnchor();
+            case FloatsAt::beside:
+                if (const QRect at = anchor(); !at.isNull()) return beside(at);
+                break;
+            case FloatsAt::below:
+                break;
+        }
+        return below();
     }
 
     /// Of the anchor, in the content; empty where it has none that is shown there.
@@ -46,10 +59,23 @@ class Floating : public QObject {
         return QRect(at.right() - side, at.top() + 1, side, side);
     }
 
+    QSize size() const {
+        return part_->sizeHint().expandedTo(part_->minimumSize()).boundedTo(content_->size());
+    }
+
+    QRect beside(const QRect& at) const {
+        const QSize size = this->size();
+        const bool fitsRight = at.right() + 1 + size.width() <= content_->width();
+        const bool fitsDown = at.top() + size.height() <= content_->height();
+        return QRect(QPoint(fitsRight ? at.right() + 1 : std::max(at.left() - size.width(), 0),
+                            fitsDown ? at.top() : std::max(at.bottom() + 1 - size.height(), 0)),
+                     size);
+    }
+
     QRect below() const {
         const QRect at = anchor();
         if (at.isNull()) return content_->rect().adjusted(0, content_->height() / 2, 0, 0);
-        const QSize size = part_->sizeHint().expandedTo(part_->minimumSize()).boundedTo(content_->size());
+        const QSize size = this->size();
         const int x = std::clamp(at.left(), 0, content_->width() - size.width());
         int y = at.bottom() + 1;
         // Where there is no room below it lies above.

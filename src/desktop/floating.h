@@ -9,6 +9,7 @@ namespace desk::desktop {
 /// Where a floating control lies on the control that it is anchored to.
 enum class FloatsAt {
     rightEdge,  ///< inside, as a button of a field
+    beside,     ///< to its right, or its left where there is no room
     below,      ///< under it, as a list that drops down; without an anchor over the lower half
 };
 

@@ -5,7 +5,9 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPalette>
+#include <QScrollBar>
 #include <QTableView>
+#include <QTimer>
 
 #include "desktop/binding.h"
 #include "desktop/column_fit.h"
@@ -144,6 +146,9 @@ class GridWidget : public QTableView {
         setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
         setMinimumHeight(60);
         clickByLeftButtonOnly(this);
+        connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
+            if (verticalScrollMode() == ScrollPerPixel) enter([&] { grid_.scrollTo(twips(value)); });
+        });
         connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) { click(index); });
         connect(this, &QTableView::doubleClicked, this, [this] { enter([this] { grid_.pressAgain(); }); });
         follow(this, grid.structureChanged, [this] { showStructure(); });
@@ -175,7 +180,22 @@ class GridWidget : public QTableView {
         if (isBound(this)) showCurrent();
     }
 
+    void resizeEvent(QResizeEvent* event) override {
+        QTableView::resizeEvent(event);
+        if (std::exchange(sizeIsNew_, true)) return;
+        // The screen may answer with a box, which cannot stand in the midst of a layout.
+        QTimer::singleShot(0, this, [this] { tellSize(); });
+    }
+
   private:
+    void tellSize() {
+        sizeIsNew_ = false;
+        if (!isBound(this)) return;
+        enter([this] {
+            grid_.resize(twips(viewport()->width()) + Grid::scrollBarWidth, twips(viewport()->height()));
+        });
+    }
+
     void click(const QModelIndex& index) {
         if (index.isValid()) enter([&] { grid_.click(index.row() + grid_.fixedRows(), index.column()); });
     }
@@ -189,6 +209,35 @@ class GridWidget : public QTableView {
     void showStructure() {
         setSelectionBehavior(grid_.selection() == GridSelection::row ? SelectRows : SelectItems);
         horizontalHeader()->setVisible(grid_.fixedRows() > 0);
+        if (grid_.sizes() == GridSizes::asSet)
+            showSizes();
+        else
+            showTextSizes();
+        showMerges();
+        showCurrent();
+    }
+
+    /// Each edge is rounded by itself, so that no error adds up and what lies over a cell fits.
+    void showSizes() {
+        setVerticalScrollMode(ScrollPerPixel);
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setWordWrap(true);
+        horizontalHeader()->setMinimumSectionSize(1);
+        verticalHeader()->setMinimumSectionSize(1);
+        double right = 0;
+        for (int column = 0; column < grid_.columns(); ++column) {
+            const double left = std::exchange(right, right + grid_.columnWidth(column));
+            setColumnWidth(column, pixels(right) - pixels(left));
+        }
+        double bottom = 0;
+        for (int row = grid_.fixedRows(); row < grid_.rows(); ++row) {
+            const double top = std::exchange(bottom, bottom + grid_.rowHeight(row));
+            setRowHeight(row - grid_.fixedRows(), pixels(bottom) - pixels(top));
+        }
+    }
+
+    void showTextSizes() {
         for (int column = 0; column < grid_.columns(); ++column) {
             const int width = pixels(grid_.columnWidth(column));
             setColumnHidden(column, width == 0);
@@ -199,8 +248,6 @@ class GridWidget : public QTableView {
         for (int row = grid_.fixedRows(); row < grid_.rows(); ++row)
             if (const int height = grid_.rowHeight(row); height > 0)
                 setRowHeight(row - grid_.fixedRows(), pixels(height));
-        showMerges();
-        showCurrent();
     }
 
     /// Equal neighbours as one cell, in the rows and columns that the grid names.
@@ -249,6 +296,7 @@ class GridWidget : public QTableView {
     }
 
     Grid& grid_;
+    bool sizeIsNew_ = false;  ///< and not told yet
 };
 
 Searched searchOf(Grid& grid, QTableView* view) {
@@ -270,7 +318,7 @@ QWidget* gridWidget(Grid& grid) {
     auto* view = new GridWidget(grid);
     auto* rows = new CellPainter(view);
     view->setItemDelegate(rows);
-    fitColumns(view, grid);
+    if (grid.sizes() == GridSizes::byTexts) fitColumns(view, grid);
     showHint(view, grid.hint);
     addCopying(view, grid);
     new FindBar(view, rows, searchOf(grid, view));

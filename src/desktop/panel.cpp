@@ -7,7 +7,6 @@
 #include <QVBoxLayout>
 
 #include "desktop/binding.h"
-#include "desktop/floating.h"
 #include "desktop/layout.h"
 
 namespace desk::desktop {
@@ -77,9 +76,9 @@ class PanelWidget : public QFrame {
 
 }  // namespace
 
-void panelOver(QWidget* content, Panel& panel, QWidget* part) {
+void panelOver(QWidget* content, Panel& panel, QWidget* part, FloatsAt place) {
     layout::orderTabs(part);
-    floatOver(content, panel, new PanelWidget(panel, part), FloatsAt::below);
+    floatOver(content, panel, new PanelWidget(panel, part), place);
 }
 
 }  // namespace desk::desktop

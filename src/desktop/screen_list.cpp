@@ -12,6 +12,7 @@
 #include "desktop/layouts/reference.h"
 #include "desktop/layouts/registration.h"
 #include "desktop/layouts/session.h"
+#include "desktop/layouts/unit_map.h"
 #include "desktop/screen_keys.h"
 #include "session/background.h"
 #include "session/main_window.h"
@@ -57,6 +58,7 @@ const std::vector<KnownScreen>& screenList() {
         screen<Frm意向书审批路径设置, layoutOfApprovalPath>(),
         screen<Frm意向书信息, layoutOfLetter>(),
         screen<Frm意向书审批, layoutOfApproval>(),
+        screen<Frm房源一览表, layoutOfUnitMap>(),
     };
     return list;
 }

@@ -176,6 +176,27 @@ void Grid::setSelection(GridSelection selection) {
     change(selection_, selection);
 }
 
+void Grid::resize(double width, double height) {
+    if (width == width_ && height == height_) return;
+    width_ = width;
+    height_ = height;
+    resized();
+}
+
+void Grid::scrollTo(double top) {
+    if (top == scrollTop_) return;
+    scrollTop_ = top;
+    scrolled();
+}
+
+Area Grid::cellArea(int row, int column) const {
+    checkCell(row, column);
+    Area area{0, -scrollTop_, static_cast<double>(columnWidth(column)), static_cast<double>(rowHeight(row))};
+    for (int before = 0; before < column; ++before) area.left += columnWidth(before);
+    for (int above = fixedRows_; above < row; ++above) area.top += rowHeight(above);
+    return area;
+}
+
 std::optional<Colour> Grid::cellColour(int row, int column) const {
     const Look* found = look(row, column);
     return found != nullptr ? found->back : std::nullopt;

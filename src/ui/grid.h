@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "ui/area.h"
 #include "ui/colour.h"
 #include "ui/control.h"
 #include "ui/moving_keys.h"
@@ -21,6 +22,10 @@ enum class Merge : int { never = 0, free = 1, restrictRows = 2, restrictColumns 
 
 /// What a click on the grid selects for the eye.
 enum class GridSelection { cell, row };
+
+/// What the sizes on the screen are made from: texts get the room that they need and share what is left over,
+/// or widths and heights are exactly as the screen sets them, so that others can lie over the cells.
+enum class GridSizes { byTexts, asSet };
 
 /// A table of texts with header rows. It holds its rows itself and offers them to whoever shows it without a
 /// copy. Rows and columns are counted from 0, the fixed rows included. Widths and heights are in twips.
@@ -94,6 +99,23 @@ class Grid : public Control {
     GridSelection selection() const { return selection_; }
     void setSelection(GridSelection selection);
 
+    GridSizes sizes() const { return sizes_; }
+    void setSizes(GridSizes sizes) { change(sizes_, sizes); }
+
+    /// The room for its cells and a scroll bar of `scrollBarWidth`, in twips; 0 until it is shown.
+    double width() const { return width_; }
+    double height() const { return height_; }
+    static constexpr double scrollBarWidth = 200;
+    /// Told by whoever shows the grid; raises `resized` if it is new.
+    void resize(double width, double height);
+    /// How far the rows have been scrolled up, in twips.
+    double scrollTop() const { return scrollTop_; }
+    /// What a person does, or whoever shows the grid; raises `scrolled` if it is new.
+    void scrollTo(double top);
+    /// Where the cell lies in the view, the fixed rows not counted; for sizes as set. Fails with 381 outside
+    /// the grid.
+    Area cellArea(int row, int column) const;
+
     MovingKeys movingKeys() const { return movingKeys_; }
     void setMovingKeys(MovingKeys keys) { movingKeys_ = keys; }
 
@@ -123,6 +145,8 @@ class Grid : public Control {
     Signal<> structureChanged;  ///< rows or columns have come or gone, or a width, a height, a merge is new
     Signal<> cellsChanged;      ///< texts or looks are new
     Signal<int> revealAsked;
+    Signal<> resized;
+    Signal<> scrolled;
 
   private:
     struct Look {
@@ -172,6 +196,10 @@ class Grid : public Control {
     int column_ = 0;
     Merge merging_ = Merge::never;
     GridSelection selection_ = GridSelection::cell;
+    GridSizes sizes_ = GridSizes::byTexts;
+    double width_ = 0;
+    double height_ = 0;
+    double scrollTop_ = 0;
     MovingKeys movingKeys_ = MovingKeys::move;
     int updating_ = 0;
     bool structurePending_ = false;

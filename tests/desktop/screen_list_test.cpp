@@ -26,7 +26,7 @@ const std::set<std::string> toBeBuilt = {
     "frm客户分类统计",
 };
 /// Opened by another screen, or by the program itself.
-const std::set<std::string> withoutMenu = {"frmLogin", "MDIForm1", "Frmtu", "frmToExcel"};
+const std::set<std::string> withoutMenu = {"frmLogin", "MDIForm1", "Frmtu", "frmToExcel", "frm房源一览表"};
 /// Holds a number that nobody sees.
 const std::set<std::string> neverShown = {"Text2"};
 

@@ -1,4 +1,4 @@
-#include "analysis/pie_chart.h"
+#include "ui/pie_chart.h"
 
 #include <algorithm>
 #include <cmath>
