@@ -1,6 +1,5 @@
 #include <benchmark/benchmark.h>
 
-#include "ui/pie_chart.h"
 #include "analysis/status_analysis.h"
 #include "db/embedded/sqlite.h"
 #include "db/embedded/statistics.h"
@@ -8,6 +7,7 @@
 #include "db/statement.h"
 #include "schema/definition.h"
 #include "support/test_program.h"
+#include "ui/pie_chart.h"
 
 namespace {
 

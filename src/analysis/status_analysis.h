@@ -4,13 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "ui/pie_chart.h"
 #include "session/application.h"
 #include "session/coded_combo.h"
 #include "ui/canvas.h"
 #include "ui/choices.h"
 #include "ui/fields.h"
 #include "ui/grid.h"
+#include "ui/pie_chart.h"
 #include "ui/tree.h"
 
 namespace desk {
