@@ -3,6 +3,7 @@
 #include "base/number.h"
 #include "db/recordset.h"
 #include "db/statement.h"
+#include "intent/unit_map.h"
 
 namespace desk {
 
@@ -15,7 +16,6 @@ namespace desk {
       app_(app),
       letter_(letter),
       office_(office) {
-    单元选择.setVisible(app.screens.offers("frm房源一览表"));
     单元选择.clicked += [this] { openMap(); };
     删除单元.clicked += [this] { removeUnit(); };
     关闭.clicked += [this] { 面板.close(); };
@@ -25,6 +25,7 @@ namespace desk {
 
 void 租赁单元选择::openMap() {
     列表.removeUnsaved();
+    app_.screens.get<Frm房源一览表>().openForPicking(office_.text());
 }
 
 void 租赁单元选择::removeUnit() {

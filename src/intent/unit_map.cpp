@@ -4,16 +4,13 @@
 
 #include "base/failure.h"
 #include "base/number.h"
+#include "intent/letter.h"
 #include "platform/clock.h"
 #include "session/helpers.h"
 
 namespace desk {
 
 namespace {
-
-/// The screen that the units are chosen for, and its list of them.
-constexpr const char* letterScreen = "frm意向书信息";
-constexpr const char* letterUnits = "单元列表";
 
 constexpr const char* toPick = "选择房源";
 constexpr const char* toStopPicking = "取消房源选择";
@@ -141,10 +138,9 @@ void Frm房源一览表::stopPicking() {
 
 void Frm房源一览表::handOver() {
     const auto units = 选中.units();
-    Screen& letter = app_.screens.get(letterScreen);
-    auto& list = dynamic_cast<租赁单元列表&>(*letter.control(letterUnits));
-    for (const auto& unit : units) list.append(unit);
-    app_.screens.open(letterScreen);
+    auto& letter = app_.screens.get<Frm意向书信息>();
+    for (const auto& unit : units) letter.单元列表.append(unit);
+    app_.screens.open(Frm意向书信息::screenName);
     app_.screens.unload(*this);
 }
 

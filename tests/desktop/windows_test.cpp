@@ -63,6 +63,7 @@ struct Windows : testing::Test {
             app->screens.offer(name, [this, name] { return std::make_unique<Sheet>(name, step); });
         app->主连接.open("Initial Catalog=':memory:';Data Source='(embedded)'", std::chrono::seconds(5));
         app->session.登录工号 = SessionRecord::superUser;
+        app->session.登录岗位代号 = "0101";
         app->screens.open(MDIForm1::screenName);
         main = window<QMainWindow>(MDIForm1::screenName);
         main->resize(1093, 614);

@@ -4,18 +4,12 @@
 
 #include "base/failure.h"
 #include "db/statement.h"
+#include "intent/letter.h"
 #include "support/test_program.h"
 
 namespace desk {
 
 namespace {
-
-/// Stands for the screen of the letter, of which the map knows the list of units.
-struct Letter : Screen {
-    explicit Letter(Application&) : Screen(screenName, "意向书信息", WindowKind::child, 100, 100) {}
-    static constexpr const char* screenName = "frm意向书信息";
-    租赁单元列表 单元列表{*this, "单元列表"};
-};
 
 /// Two sections of 东塔: 一号楼 with a unit in each state, 二号楼 with three free ones, in rows of four
 /// cells.
@@ -25,7 +19,7 @@ class UnitMap : public testing::Test {
         program.openDatabase();
         addOfficesAndDictionaries(program);
         program.app.screens.offer<Frm房源一览表>(program.app);
-        program.app.screens.offer<Letter>(program.app);
+        program.app.screens.offer<Frm意向书信息>(program.app);
         addSection(1, "9", "一");
         addSection(2, "10", "二");
         see(1);
@@ -327,9 +321,14 @@ TEST_F(UnitMap, MarkersStandForPlacesOfTheMap) {
 }
 
 TEST_F(UnitMap, HandsThePickedUnitsToTheLetter) {
-    auto& letter = program.app.screens.get<Letter>();
+    auto& letter = program.app.screens.get<Frm意向书信息>();
+    letter.管理项目.pick("01 东塔");
+    letter.单元.面板.open();
+    letter.单元列表.append({"一号楼", "旧", 1, 99});
+    letter.单元.单元选择.click();
+    EXPECT_EQ(letter.单元列表.rows(), 1);
     auto& map = program.app.screens.get<Frm房源一览表>();
-    map.openForPicking("01 东塔");
+    EXPECT_EQ(map.区域.text(), "01 东塔");
     EXPECT_EQ(program.desktop.shown.back(), Frm房源一览表::screenName);
     EXPECT_TRUE(map.选择房源.usable());
     EXPECT_TRUE(map.房源选择确定.usable());
@@ -340,7 +339,7 @@ TEST_F(UnitMap, HandsThePickedUnitsToTheLetter) {
     map.地图.click(1, 0);
     map.房源选择确定.click();
     EXPECT_EQ(program.app.screens.loaded(Frm房源一览表::screenName), nullptr);
-    EXPECT_EQ(program.desktop.shown.back(), Letter::screenName);
+    EXPECT_EQ(program.desktop.shown.back(), Frm意向书信息::screenName);
     const auto row = [&](int at) {
         std::string all;
         for (int column = 0; column < 6; ++column) all += letter.单元列表.text(at, column) + "|";
