@@ -40,9 +40,8 @@ QWidget* letterFields(Frm意向书审批& screen) {
                           {"租金意向金", letter["租金意向金"]},
                           {"意向金", letter["意向金合计"]},
                           {"免租期限", letter["免租期"]},
-                          {"装修期限", works},
-                          {"", new QWidget}},
-                         2);
+                          {"装修期限", works}},
+                         3);
     auto* texts = fields({{"承租方背景", letter["承租方背景"]}, {"申请说明", letter["申请说明"]}}, 2);
     return rows({lines, texts}, {0, 1});
 }
