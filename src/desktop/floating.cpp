@@ -1,5 +1,6 @@
 #include "desktop/floating.h"
 
+#include <QAbstractButton>
 #include <QEvent>
 
 #include "desktop/binding.h"
@@ -55,8 +56,13 @@ class Floating : public QObject {
 
     QRect insideAnchor() const {
         const QRect at = anchor();
-        const int side = at.height() - 2;
-        return QRect(at.right() - side, at.top() + 1, side, side);
+        const int height = at.height() - 2;
+        const auto* button = qobject_cast<QAbstractButton*>(part_);
+        const QString word = button != nullptr ? button->text() : QString();
+        // An arrow stands in a square, a word needs room.
+        const int width =
+            word.size() < 2 ? height : button->fontMetrics().horizontalAdvance(word) + height / 2;
+        return QRect(at.right() - width, at.top() + 1, width, height);
     }
 
     QSize size() const {

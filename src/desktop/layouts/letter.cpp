@@ -56,7 +56,7 @@ void addPanels(QWidget* content, Frm意向书信息& screen) {
     auto* customers = rows({fields({{"跟进状态", customer.跟进状态}, {"", new QWidget}}, 2),
                             plain(customer.列表, "客户"), buttons({&customer.确定, &customer.关闭})},
                            {0, 1, 0});
-    panelOver(content, customer.面板, atLeast(customers, 10500, 4800));
+    panelOver(content, customer.面板, atLeast(customers, 11700, 4800));
 
     租赁单元选择& unit = screen.单元;
     panelOver(
