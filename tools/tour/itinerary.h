@@ -28,6 +28,16 @@ void assignLead(Tour& tour, Witness& witness);
 void keepReferenceData(Tour& tour, Witness& witness);
 /// The consultant records three contacts with it.
 void followLeadUp(Tour& tour, Witness& witness);
+/// The path of an office is made anew, in three steps, and one of them deleted; another office is given one
+/// that asks all at once.
+void layPaths(Tour& tour, Witness& witness);
+/// The consultant writes a letter of intent for the walk-in, with two units, and two short ones, and submits
+/// them.
+void writeLetters(Tour& tour, Witness& witness);
+/// The general manager agrees to the first, refuses the second, and is one of two who agree to the third.
+void decideFirst(Tour& tour, Witness& witness);
+/// The manager of finance agrees to what is left: both letters pass.
+void decideLast(Tour& tour, Witness& witness);
 /// The states of all leads as a pie, put out as a workbook into `folder`.
 void analyseStates(Tour& tour, Witness& witness, const QString& folder);
 /// Out of the session and into that of another person, who has one position.

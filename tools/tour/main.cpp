@@ -58,10 +58,15 @@ int main(int argc, char** argv) {
     desk::tour::registerLeads(tour, witness);
     desk::tour::assignLead(tour, witness);
     desk::tour::keepReferenceData(tour, witness);
+    desk::tour::layPaths(tour, witness);
     desk::tour::changeTo(tour, "1015");
     desk::tour::followLeadUp(tour, witness);
+    desk::tour::writeLetters(tour, witness);
     desk::tour::changeTo(tour, "1001");
+    desk::tour::decideFirst(tour, witness);
     desk::tour::analyseStates(tour, witness, folder.path());
+    desk::tour::changeTo(tour, "1009");
+    desk::tour::decideLast(tour, witness);
     desk::tour::changeTo(tour, "1010");
     desk::tour::showCashiersMenu(tour);
     desk::desktop::enter([&] { program.app.start({}); });

@@ -169,6 +169,27 @@ void Person::clickCell(const QString& grid, int row, int column) {
     clickIndex(view, view.model()->index(row, column), -1);
 }
 
+void Person::clickRow(const QString& grid, int column, const QString& text) {
+    auto& view = as<QAbstractItemView>(find(grid));
+    for (int row = 0; row < view.model()->rowCount(); ++row)
+        if (const QModelIndex cell = view.model()->index(row, column); cell.data().toString() == text)
+            return clickIndex(view, cell, -1);
+    throw NotThere(grid + " has no row with " + text);
+}
+
+void Person::clickColoured(const QString& grid, const QColor& colour, int count) {
+    auto& view = as<QAbstractItemView>(find(grid));
+    const QAbstractItemModel& model = *view.model();
+    for (int row = 0; row < model.rowCount() && count > 0; ++row)
+        for (int column = 0; column < model.columnCount() && count > 0; ++column) {
+            const QModelIndex cell = model.index(row, column);
+            if (cell.data(Qt::BackgroundRole).value<QBrush>().color() != colour) continue;
+            clickIndex(view, cell, -1);
+            --count;
+        }
+    if (count > 0) throw NotThere(grid + " has too few cells of the colour " + colour.name());
+}
+
 void Person::clickTab(const QString& strip, const QString& title) {
     auto& bar = as<QTabBar>(find(strip));
     for (int i = 0; i < bar.count(); ++i)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QString>
 #include <stdexcept>
 
@@ -34,6 +35,10 @@ class Person {
     void tickNode(const QString& tree, const QString& beginning);
     /// Clicks a cell; rows count from 0 behind the header.
     void clickCell(const QString& grid, int row, int column);
+    /// Clicks the row that has that text in that column.
+    void clickRow(const QString& grid, int column, const QString& text);
+    /// Clicks the first `count` cells of that colour.
+    void clickColoured(const QString& grid, const QColor& colour, int count);
     void clickTab(const QString& strip, const QString& title);
     void choose(const QString& topEntry, const QString& entry);
     /// Moves the pointer over a point of a drawing, as parts of its width and height.
