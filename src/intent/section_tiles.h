@@ -15,7 +15,7 @@ class 统计块 : public Frame {
   public:
     统计块(Place place, int number);
 
-    static constexpr double height = 1800;
+    static constexpr double height = 1740;
 
     /// Within the panel, in twips.
     double top() const { return top_; }

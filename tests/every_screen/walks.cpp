@@ -7,6 +7,8 @@
 #include "db/statement.h"
 #include "intent/approval.h"
 #include "intent/approval_path.h"
+#include "intent/letter.h"
+#include "intent/unit_map.h"
 #include "reference/agencies.h"
 #include "reference/customer_dictionaries.h"
 #include "reference/lead_settings.h"
@@ -494,6 +496,41 @@ Walk approval() {
     return walk;
 }
 
+/// Two sections, of which one has a unit with the text in all of its texts.
+Walk unitMap() {
+    const auto map = [](Scene& scene) -> Frm房源一览表& { return scene.screen<Frm房源一览表>(); };
+    return {"房源一览表",
+            [](Scene& scene) {
+                enterFor<Frm房源一览表>(scene);
+                auto& program = scene.program;
+                program.app.screens.offer<Frm意向书信息>(program.app);
+                program.app.session.登录工号 = scene.text;
+                const auto& text = scene.text;
+                for (const int section : {1, 2}) {
+                    program.db().execute(
+                        sql("Insert Into 楼表 (L_ID,楼编号,地址1,管理处,开始日期) Values "
+                            "({},'{}','{}','01','2001-1-1')",
+                            section, text, text));
+                    program.db().execute(
+                        sql("Insert Into 楼域范围设置 (工号,L_ID) Values ('{}',{})", text, section));
+                }
+                program.db().execute(
+                    sql("Insert Into 室表 (S_ID,L_ID,室,层次,建筑面积,开始日期) Values "
+                        "(1,1,'{}','{}',10,'2001-1-1')",
+                        text, text));
+            },
+            {opening<Frm房源一览表>(),
+             {"选区域", [=](Scene& scene) { map(scene).区域.pick("01 东塔"); }, "B"},
+             {"改变大小", [=](Scene& scene) { map(scene).地图.resize(5000, 3000); }, "B"},
+             {"统计", [=](Scene& scene) { map(scene).统计信息.click(); }},
+             {"选房", [=](Scene& scene) {
+                  map(scene).统计信息.click();
+                  map(scene).openForPicking("01 东塔");
+                  map(scene).地图.click(1, 0);
+                  map(scene).房源选择确定.click();
+              }}}};
+}
+
 }  // namespace
 
 const std::vector<Walk>& walks() {
@@ -514,6 +551,7 @@ const std::vector<Walk>& walks() {
         letters(),
         approvalPath(),
         approval(),
+        unitMap(),
     };
     return all;
 }
