@@ -20,7 +20,8 @@ namespace desk::desktop {
 void dress() {
     linkPictures();
     QApplication::setApplicationName("引驻台账");
-    QApplication::setWindowIcon(QIcon(":/icon.png"));
+    // Named by its format, so that no reader of other formats is loaded to look at it.
+    QApplication::setWindowIcon(QPixmap(":/icon.png", "PNG"));
     const QLocale chinese(QLocale::Chinese, QLocale::China);
     QLocale::setDefault(chinese);
     // The words of Qt's own dialogs; without the file they stay English.

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "desktop/late_spreadsheets.h"
 #include "desktop/qt_desktop.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/settings.h"
 #include "platform/x11/x11_programs.h"
-#include "platform/xls/xls_spreadsheets.h"
 #include "session/application.h"
 
 namespace desk::desktop {
@@ -21,7 +21,7 @@ struct Program {
     IniSettings settings{IniSettings::userFolder()};
     SystemFiles files;
     X11Programs programs;
-    XlsSpreadsheets spreadsheets;
+    LateSpreadsheets spreadsheets;
     QtDesktop desktop;
     Application app;
 };

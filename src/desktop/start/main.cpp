@@ -1,10 +1,16 @@
+#include <fontconfig/fontconfig.h>
+
 #include <QApplication>
+#include <thread>
 
 #include "base/text.h"
 #include "desktop/edge.h"
 #include "desktop/program.h"
 
 int main(int argc, char** argv) {
+    // The system's list of fonts is read while the connection to the display is made: the first text waits
+    // for it.
+    const std::jthread fonts([] { FcInit(); });
     QApplication application(argc, argv);
     desk::desktop::dress();
     // The session that a launcher hands over may come as several words, where a name in it holds a blank.
