@@ -19,6 +19,7 @@ namespace desk::desktop {
 TreeModel::TreeModel(Tree& tree, QObject* parent) : QAbstractItemModel(parent), tree_(tree) {
     follow(this, tree.structureChanging, [this] { beginChange(); });
     follow(this, tree.structureChanged, [this] { endChange(); });
+    follow(this, tree.gone, [this] { away_ = true; });
 }
 
 void TreeModel::beginChange() {
@@ -114,9 +115,9 @@ class TreeWidget : public QTreeView {
         connect(this, &QTreeView::collapsed, this,
                 [this](const QModelIndex& index) { noteExpanded(index, false); });
         follow(this, tree.structureChanged, [this] { showState(); });
-        follow(this, tree.touched, [this] {
-            if (!showing_) showState();
-            viewport()->update();
+        follow(this, tree.touched, [this] { viewport()->update(); });
+        follow(this, tree.expansionChanged, [this](const TreeNode& node) {
+            if (!showing_) showExpansion(node);
         });
         follow(this, tree.selectionChanged, [this] { showSelection(); });
         showState();
@@ -193,17 +194,22 @@ class TreeWidget : public QTreeView {
         const auto& roots = tree_.roots();
         setRootIsDecorated(std::any_of(roots.begin(), roots.end(),
                                        [](const TreeNode* root) { return !root->children().empty(); }));
-        showExpansion(roots);
+        showExpansionUnder(roots);
         showSelection();
     }
 
-    void showExpansion(const TreeNodes& nodes) {
+    void showExpansionUnder(const TreeNodes& nodes) {
         for (const TreeNode* node : nodes) {
             if (node->children().empty()) continue;
-            const QModelIndex index = model_->indexOf(node);
-            if (isExpanded(index) != node->expanded()) setExpanded(index, node->expanded());
-            showExpansion(node->children());
+            showExpansion(*node);
+            showExpansionUnder(node->children());
         }
+    }
+
+    void showExpansion(const TreeNode& node) {
+        const QScopedValueRollback quiet(showing_, true);
+        const QModelIndex index = model_->indexOf(&node);
+        if (isExpanded(index) != node.expanded()) setExpanded(index, node.expanded());
     }
 
     void showSelection() {

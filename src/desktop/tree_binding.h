@@ -32,7 +32,7 @@ class TreeModel : public QAbstractItemModel {
     void endChange();
 
     Tree& tree_;
-    bool away_ = false;  ///< many nodes come and go just now: nothing is shown until they have
+    bool away_ = false;  ///< many nodes come and go just now, or the tree itself has gone: nothing is shown
 };
 
 QWidget* treeWidget(Tree& tree);

@@ -102,7 +102,9 @@ void Tree::setChecked(TreeNode& node, bool checked) {
     set(node.checked_, checked);
 }
 void Tree::setExpanded(TreeNode& node, bool expanded) {
-    set(node.expanded_, expanded);
+    if (node.expanded_ == expanded) return;
+    node.expanded_ = expanded;
+    expansionChanged(node);
 }
 
 void Tree::click(TreeNode& node) {

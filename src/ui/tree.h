@@ -110,6 +110,7 @@ class Tree : public Control {
     Signal<> structureChanging;  ///< nodes are about to come or go: pointers to nodes must be let go now
     Signal<> structureChanged;   ///< nodes have come or gone
     Signal<> selectionChanged;
+    Signal<const TreeNode&> expansionChanged;
     Signal<const TreeNode&> revealAsked;
 
   private:
