@@ -220,6 +220,7 @@ TEST_F(Export, TheTableIsHandedOverWhole) {
         EXPECT_EQ(program.desktop.fileQuestions.back().purpose, FilePurpose::save);
         EXPECT_EQ(program.desktop.fileQuestions.back().proposal, "客户跟进状态分析 2011-03-05.xls");
         EXPECT_EQ(program.desktop.fileQuestions.back().directory, "/program");
+        EXPECT_EQ(program.desktop.fileQuestions.back().filter, "Excel Flie *.xls|*.xls|All flie *.*|*.*");
         form.Check1.click();
         form.Command2.click();
     });
