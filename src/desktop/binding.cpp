@@ -1,5 +1,6 @@
 #include "desktop/binding.h"
 
+#include <QAbstractScrollArea>
 #include <QEvent>
 #include <QFocusEvent>
 #include <stdexcept>
@@ -50,6 +51,9 @@ class WheelWatch : public QObject {
   public:
     explicit WheelWatch(QWidget* widget) : QObject(widget), widget_(widget) {
         widget->installEventFilter(this);
+        // What scrolls gets it there.
+        if (auto* area = qobject_cast<QAbstractScrollArea*>(widget))
+            area->viewport()->installEventFilter(this);
     }
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() != QEvent::Wheel || widget_->hasFocus()) return false;

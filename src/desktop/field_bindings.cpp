@@ -1,5 +1,6 @@
 #include "desktop/field_bindings.h"
 
+#include <QAbstractItemView>
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QKeyEvent>
@@ -104,6 +105,8 @@ QWidget* calendarWidget(MonthCalendar& calendar) {
     auto* shown = new QCalendarWidget;
     shown->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     shown->setGridVisible(true);
+    // Its days stand in a view of their own, to which the wheel turns.
+    for (auto* days : shown->findChildren<QAbstractItemView*>()) keepWheelForFocus(days);
     const auto show = [&calendar, shown] { shown->setSelectedDate(date(calendar.value())); };
     show();
     follow(shown, calendar.touched, show);

@@ -56,10 +56,13 @@ class Caption : public QLabel {
         setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         for (QWidget* part : parts_) part->installEventFilter(this);
         nameParts(QString(text(title)).remove(' '));
+        for (QWidget* part : parts_) tellDemand(*part);
     }
 
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::DynamicPropertyChange) update();
+    bool eventFilter(QObject* part, QEvent* event) override {
+        if (event->type() != QEvent::DynamicPropertyChange) return false;
+        tellDemand(*static_cast<QWidget*>(part));
+        update();
         return false;
     }
 
@@ -79,6 +82,15 @@ class Caption : public QLabel {
   private:
     int starWidth() const { return fontMetrics().horizontalAdvance("* "); }
     static QString text(std::string_view utf8) { return desktop::text(utf8); }
+
+    /// What the star says to the eye, for screen readers, which read it behind the name. A doubt about the
+    /// field's text stays.
+    static void tellDemand(QWidget& part) {
+        constexpr const char* told = "必填";
+        const bool demanded = part.property(demandedProperty).toBool();
+        if (demanded && part.accessibleDescription().isEmpty()) part.setAccessibleDescription(told);
+        if (!demanded && part.accessibleDescription() == told) part.setAccessibleDescription({});
+    }
 
     /// For screen readers: a part behind a box that opens it is called by both.
     void nameParts(const QString& title) {

@@ -39,8 +39,9 @@ class LineEdit : public QLineEdit {
         // A flat field keeps the height of its framed neighbours.
         setMinimumHeight(sizeHint().height());
         if (box.style() == TextStyle::line) {
-            doubt_ = addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), TrailingPosition);
+            doubt_ = new QAction(this);
             doubt_->setVisible(false);
+            addAction(doubt_, TrailingPosition);
         }
         connect(this, &QLineEdit::textEdited, this,
                 [this](const QString& typed) { enter([&] { box_.type(utf8(typed)); }); });
@@ -92,6 +93,16 @@ class LineEdit : public QLineEdit {
         event->accept();
     }
 
+    void inputMethodEvent(QInputMethodEvent* event) override {
+        const QString typed = event->commitString();
+        if (!typed.contains('\n') && !typed.contains('\r')) return QLineEdit::inputMethodEvent(event);
+        QInputMethodEvent line(event->preeditString(), event->attributes());
+        line.setCommitString(text(firstLine(utf8(typed))), event->replacementStart(),
+                             event->replacementLength());
+        QLineEdit::inputMethodEvent(&line);
+        event->setAccepted(line.isAccepted());
+    }
+
     void contextMenuEvent(QContextMenuEvent* event) override {
         QMenu* menu = createStandardContextMenu();
         menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -119,6 +130,9 @@ class LineEdit : public QLineEdit {
         }
         if (doubt_ == nullptr) return;
         const QString doubt = desktop::text(box_.doubt());
+        // Looking for the icon in the system's themes is long work, and most fields never show it.
+        if (!doubt.isEmpty() && doubt_->icon().isNull())
+            doubt_->setIcon(style()->standardIcon(QStyle::SP_MessageBoxWarning));
         doubt_->setVisible(!doubt.isEmpty());
         doubt_->setToolTip(doubt);
         setToolTip(doubt);

@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
+#include <QCalendarWidget>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QHeaderView>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QProxyStyle>
 #include <QPushButton>
@@ -66,6 +68,32 @@ TEST_F(Hand, TheWheelBelongsToWhatHasTheFocus) {
     form.combo.focus();
     person.wheel(form.combo);
     EXPECT_EQ(form.combo.index(), 2);
+}
+
+TEST_F(Hand, TheWheelOverACalendarTurnsItsMonthWithTheFocusAlone) {
+    form.calendar.setValue(DateTime(2026, 11, 25));
+    const Person person(shown({&form.first, &form.calendar}));
+    auto& months = person.at<QCalendarWidget>(form.calendar);
+    auto* days = months.findChild<QAbstractItemView*>();
+    form.first.focus();
+    Person::wheel(*days->viewport());
+    EXPECT_EQ(months.monthShown(), 11);
+    days->setFocus();
+    Person::wheel(*days->viewport());
+    EXPECT_EQ(months.monthShown(), 12);
+}
+
+TEST_F(Hand, OfLinesFromAnInputMethodTheFirstIsTaken) {
+    const Person person(shown({&form.first}));
+    form.first.focus();
+    QInputMethodEvent lines;
+    lines.setCommitString("东塔\n西塔");
+    QApplication::sendEvent(&person.at(form.first), &lines);
+    EXPECT_EQ(form.first.text(), "东塔");
+    QInputMethodEvent blank;
+    blank.setCommitString(" ");
+    QApplication::sendEvent(&person.at(form.first), &blank);
+    EXPECT_EQ(form.first.text(), "东塔 ");
 }
 
 TEST_F(Hand, TheFocusSelectsAndClicksNothing) {

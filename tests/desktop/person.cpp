@@ -65,8 +65,7 @@ void Person::doubleClick(QWidget& widget, QPoint at) {
     QTest::mouseRelease(&widget, Qt::LeftButton, {}, at);
 }
 
-void Person::wheel(const Control& control) const {
-    QWidget& widget = at(control);
+void Person::wheel(QWidget& widget) {
     const QPointF middle = widget.rect().center();
     constexpr int notch = -120;
     QWheelEvent turn(middle, widget.mapToGlobal(middle), QPoint(), QPoint(0, notch), Qt::NoButton,

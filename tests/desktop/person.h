@@ -39,7 +39,8 @@ class Person {
     /// Two presses, the second as a window system tells it.
     static void doubleClick(QWidget& widget, QPoint at);
     /// One notch towards the person.
-    void wheel(const Control& control) const;
+    void wheel(const Control& control) const { wheel(at(control)); }
+    static void wheel(QWidget& widget);
 
   private:
     std::unique_ptr<QWidget> window_;

@@ -9,6 +9,7 @@
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
+#include <set>
 
 #include "analysis/excel_export.h"
 #include "analysis/status_analysis.h"
@@ -112,10 +113,12 @@ TEST_F(ScreensByHand, EnterBehindTheLastFieldSaves) {
 TEST_F(ScreensByHand, WhatASaveDemandsIsMarkedAtItsCaption) {
     auto* const screen = &loaded<Frm引驻客户信息登记>();
     const Person person(layoutOf(*screen));
+    std::set<std::string> told;  // to a screen reader
     const auto marked = [&](const Control& control) {
         for (QLabel* caption : person.window().findChildren<QLabel*>()) {
             if (caption->buddy() != &person.at(control)) continue;
             const QImage picture = caption->grab().toImage();
+            told.insert(person.at(control).accessibleDescription().toStdString());
             for (int x = 0; x < picture.width(); ++x)
                 for (int y = 0; y < picture.height(); ++y) {
                     const QColor pixel = picture.pixelColor(x, y);
@@ -131,10 +134,12 @@ TEST_F(ScreensByHand, WhatASaveDemandsIsMarkedAtItsCaption) {
     EXPECT_TRUE(marked(page.登记编号));
     EXPECT_TRUE(marked(page.区域));
     EXPECT_TRUE(marked(page.媒体->列表));
+    EXPECT_EQ(std::exchange(told, {}), std::set<std::string>{"必填"});
     EXPECT_FALSE(marked(page.公司名称));
     EXPECT_FALSE(marked(page.客户电话));
     page.客户姓名.setDemanded(false);
     EXPECT_FALSE(marked(page.客户姓名));
+    EXPECT_EQ(told, std::set<std::string>{""});
     screen->页签.setIndex(2);
     EXPECT_TRUE(marked(screen->中介来人.中介->中介公司名称));
     EXPECT_FALSE(marked(screen->中介来人.客户姓名));
