@@ -241,6 +241,7 @@ TEST_F(UnitMap, TellsTheStateOfEachUnit) {
         screen.突出显示.click(MouseButton::other);
         return infoOf(screen);
     };
+    EXPECT_EQ(drawn(screen)[4], "102: A+ B! C+ .");
     EXPECT_EQ(told(1, 2), "60||【客户编号】  |1|正在装修中|单元装修之中");
     EXPECT_EQ(told(1, 3), "70||【客户编号】  |1||单元不可出租");
     EXPECT_EQ(told(4, 1), "31.26|戊|【客户编号】  K9|1|正在装修中|单元已出租");
