@@ -1,0 +1,11 @@
+#include "money/deposits.h"
+#include "money/print_stand_ins.h"
+#include "support/transcripts_of_room.h"
+
+namespace desk {
+namespace {
+
+TRANSCRIPTS_OF_ROOM((offerScreens<Frm意向金收取, 税控替身, 票据替身>))
+
+}  // namespace
+}  // namespace desk
