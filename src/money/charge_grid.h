@@ -11,12 +11,12 @@
 namespace desk {
 
 /// What the column "打印" of a charge line shows.
-namespace 打印图 {
-inline constexpr std::string_view 手选 = "Image1";      ///< the ticket is picked by hand from a book
-inline constexpr std::string_view 待打印 = "Image2";    ///< the ticket will come from printing here
-inline constexpr std::string_view 已打印 = "Image3";    ///< saved, and printed here
-inline constexpr std::string_view 已存手选 = "Image4";  ///< saved, and picked by hand
-}  // namespace 打印图
+struct 打印图 {
+    static constexpr std::string_view 手选 = "Image1";      ///< the ticket is picked by hand from a book
+    static constexpr std::string_view 待打印 = "Image2";    ///< the ticket will come from printing here
+    static constexpr std::string_view 已打印 = "Image3";    ///< saved, and printed here
+    static constexpr std::string_view 已存手选 = "Image4";  ///< saved, and picked by hand
+};
 
 /// The charge lines of one letter, the saved ones first; the last row is blank for the next entry. What a
 /// line has beyond its cells stands in arrays beside them, indexed by grid row.
