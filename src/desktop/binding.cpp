@@ -10,6 +10,7 @@
 #include "desktop/date_binding.h"
 #include "desktop/field_bindings.h"
 #include "desktop/grid_binding.h"
+#include "desktop/link_binding.h"
 #include "desktop/marker_binding.h"
 #include "desktop/scroll_bar_binding.h"
 #include "desktop/text_binding.h"
@@ -104,8 +105,9 @@ QWidget* tried(Control& control, QWidget* (*make)(C&)) {
 QWidget* make(Control& control) {
     QWidget* widget = nullptr;
     const auto found = [&](QWidget* made) { return (widget = made) != nullptr; };
-    if (found(tried<TextBox>(control, textBoxWidget)) || found(tried<Label>(control, labelWidget)) ||
-        found(tried<Button>(control, buttonWidget)) || found(tried<CheckBox>(control, checkBoxWidget)) ||
+    if (found(tried<TextBox>(control, textBoxWidget)) || found(tried<Link>(control, linkWidget)) ||
+        found(tried<Label>(control, labelWidget)) || found(tried<Button>(control, buttonWidget)) ||
+        found(tried<CheckBox>(control, checkBoxWidget)) ||
         found(tried<OptionButton>(control, optionWidget)) || found(tried<DatePicker>(control, dateWidget)) ||
         found(tried<MonthCalendar>(control, calendarWidget)) || found(tried<Swatch>(control, swatchWidget)) ||
         found(tried<ComboBox>(control, comboWidget)) || found(tried<ListBox>(control, listWidget)) ||

@@ -3,7 +3,6 @@
 #include <QAbstractItemView>
 #include <QCalendarWidget>
 #include <QCheckBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
@@ -11,16 +10,14 @@
 #include <QStyleOptionButton>
 
 #include "desktop/binding.h"
-#include "desktop/keys.h"
 #include "desktop/mnemonics.h"
+#include "desktop/pressed.h"
 
 namespace desk::desktop {
 
 namespace {
 
-/// Enter presses it, also outside of a dialog, once however long it is held; the second press of a double
-/// click is none.
-class PushButton : public QPushButton {
+class PushButton : public Pressed<QPushButton> {
   public:
     explicit PushButton(const Button& button) : button_(button) {}
 
@@ -29,11 +26,6 @@ class PushButton : public QPushButton {
         QPushButton::initStyleOption(option);
         if (button_.role() == ButtonRole::main) option->features |= QStyleOptionButton::DefaultButton;
     }
-    void keyPressEvent(QKeyEvent* event) override {
-        if (!isEnter(*event)) return QPushButton::keyPressEvent(event);
-        if (!event->isAutoRepeat()) click();
-    }
-    void mouseDoubleClickEvent(QMouseEvent*) override {}
 
   private:
     const Button& button_;

@@ -159,6 +159,19 @@ QWidget* framed(Frame& frame, QWidget* part) {
     return whole;
 }
 
+QWidget* folding(FoldingFrame& frame, QWidget* part, QWidget* beside, const std::vector<int>& shares) {
+    auto* panel = new QWidget;
+    auto* grid = new QGridLayout(panel);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(gap);
+    grid->setRowStretch(1, 1);
+    // Laid out first, so that who opens the screen stands in its first field.
+    grid->addWidget(part, 1, 0);
+    grid->addWidget(columns({caption(frame.caption()), plain(frame.隐藏)}, {1, 0}), 0, 0);
+    bindCommon(frame, panel);
+    return columns({plain(frame.显示), panel, beside}, {0, shares.at(0), shares.at(1)});
+}
+
 Field::Field(std::string_view title, Control& control) : caption(title), widgets{widgetFor(control)} {}
 
 Field::Field(std::string_view title, std::initializer_list<Control*> controls) : caption(title) {

@@ -8,6 +8,7 @@
 #include "ui/choices.h"
 #include "ui/control.h"
 #include "ui/fields.h"
+#include "ui/folding_frame.h"
 
 /// Pieces that a layout is put together from, so that it reads as the screen looks. Each makes the widgets of
 /// its controls; tab order is reading order.
@@ -22,6 +23,10 @@ QWidget* rows(std::vector<QWidget*> parts, std::vector<int> shares = {});
 QWidget* group(std::string_view title, QWidget* part);
 /// A part that is shown, hidden, enabled and disabled as `frame` is.
 QWidget* framed(Frame& frame, QWidget* part);
+
+/// `part`, at the left of `beside`, is hidden and shown as `frame` is: a link above it hides it, a strip in
+/// its place shows it again. `shares` tells how the two part the width.
+QWidget* folding(FoldingFrame& frame, QWidget* part, QWidget* beside, const std::vector<int>& shares);
 
 /// A caption and what stands behind it: a control, or several side by side.
 struct Field {

@@ -145,6 +145,9 @@ const std::vector<Case>& cases() {
          press,
          "",
          {}},
+        {"Link", [](Form& f) -> Control& { return f.link; }, [](Form& f) { f.link.setCaption("展开"); },
+         "展开", [](Form& f) { f.link.setCaption("收起"); }, "收起", read(&QAbstractButton::text), press,
+         "clicked", [](Form& f) { return f.tag; }},
         {"Button", [](Form& f) -> Control& { return f.button; }, [](Form& f) { f.button.setCaption("新增"); },
          "新增(&N)", [](Form& f) { f.button.setCaption("取消"); }, "取消(&C)", read(&QAbstractButton::text),
          press, "clicked", [](Form& f) { return f.tag; }},
@@ -294,6 +297,7 @@ const std::vector<Case>& cases() {
 class EveryBinding : public testing::TestWithParam<Case> {
   protected:
     EveryBinding() : held(std::make_unique<Form>()), form(*held) {
+        form.link.clicked += [this] { form.tag = "clicked"; };
         form.button.clicked += [this] { form.tag = "clicked"; };
         form.calendar.dayClicked += [this](const DateTime&) { form.tag = "clicked"; };
         form.tree.nodeClicked += [this](TreeNode&) { form.tag = "clicked"; };

@@ -6,6 +6,7 @@
 #include "ui/choices.h"
 #include "ui/fields.h"
 #include "ui/grid.h"
+#include "ui/link.h"
 #include "ui/screen.h"
 #include "ui/tree.h"
 
@@ -20,6 +21,7 @@ struct Form : Screen {
     TextBox note{*this, "note", TextStyle::paragraph};
     TextBox password{*this, "password", TextStyle::password};
     Label label{*this, "label", "标签"};
+    Link link{*this, "link", "隐藏"};
     Button button{*this, "button", "确定", ButtonRole::main};
     CheckBox check{*this, "check", "勾选"};
     OptionButton option{*this, "option", "甲"};

@@ -6,6 +6,7 @@
 #include "ui/canvas.h"
 #include "ui/choices.h"
 #include "ui/fields.h"
+#include "ui/folding_frame.h"
 #include "ui/grid.h"
 #include "ui/menu.h"
 #include "ui/panel.h"
@@ -50,6 +51,28 @@ TEST(TextBox, TellsOfNewTextsOnlyAndOfThoseOfTheScreenToo) {
     box.setEnabled(false);
     box.type("d");
     EXPECT_EQ(box.text(), "b");
+}
+
+TEST(FoldingFrame, IsHiddenAndShownByTheLinkThatIsThereAndLeavesItTheFocus) {
+    Sheet sheet;
+    FoldingFrame panel(sheet, "panel");
+    TextBox box(panel, "box");
+    Count toShow(panel.显示.focusAsked);
+    Count toHide(panel.隐藏.focusAsked);
+    panel.显示.click();
+    EXPECT_EQ(toHide.times, 0);
+    panel.隐藏.click();
+    EXPECT_TRUE(panel.isFolded());
+    EXPECT_FALSE(box.usable());
+    EXPECT_TRUE(panel.显示.usable());
+    EXPECT_EQ(toShow.times, 1);
+    panel.隐藏.click();
+    EXPECT_EQ(toShow.times, 1);
+    panel.显示.click();
+    EXPECT_FALSE(panel.isFolded());
+    EXPECT_TRUE(box.usable());
+    EXPECT_FALSE(panel.显示.usable());
+    EXPECT_EQ(toHide.times, 1);
 }
 
 TEST(Control, NothingInAHiddenFrameCanBeUsed) {

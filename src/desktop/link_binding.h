@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QWidget>
+
+#include "ui/link.h"
+
+namespace desk::desktop {
+
+QWidget* linkWidget(Link& link);
+
+}  // namespace desk::desktop
