@@ -1,0 +1,337 @@
+#include <QClipboard>
+#include <QDate>
+#include <QInputDialog>
+
+#include "tax_program/at_the_device.h"
+
+namespace desk::tax {
+namespace {
+
+TEST_F(AtTheDevice, LogsInWithTheKeyboard) {
+    start();
+    EXPECT_EQ(program->login->windowTitle(), "用户登录 - 税控发票开票软件");
+    EXPECT_EQ(focused(), "用户名");
+    type("01");
+    press(Qt::Key_Return);
+    EXPECT_EQ(focused(), "密码") << "Enter without a password goes there";
+    type("wrong");
+    press(Qt::Key_Return);
+    EXPECT_FALSE(program->main);
+    EXPECT_EQ(program->login->message.text(), "用户名或密码不正确，请重新输入");
+    EXPECT_EQ(program->login->password.selectedText().size(), 5);
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(focused(), "用户名");
+    type("02");
+    press(Qt::Key_Tab);
+    type("123456");
+    press(Qt::Key_Return);
+    EXPECT_FALSE(program->main) << "another user";
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    type("01");
+    press(Qt::Key_Return);
+    ASSERT_TRUE(program->main);
+    EXPECT_EQ(program->main->windowTitle(), "税控发票开票软件");
+    EXPECT_FALSE(program->login->isVisible());
+    EXPECT_EQ(news(), "按 F2 新开发票");
+}
+
+TEST_F(AtTheDevice, CannotHaveItsLogInMinimised) {
+    start();
+    program->login->showMinimized();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !program->login->isMinimized(); }));
+    EXPECT_TRUE(program->login->isVisible());
+}
+
+TEST_F(AtTheDevice, TakesItsFieldsInAFixedOrder) {
+    logIn();
+    press(Qt::Key_F2);
+    EXPECT_EQ(form().number.selectedText(), "30843601");
+    QStringList passed;
+    for (int i = 0; i < 15; ++i) {
+        passed << focused();
+        press(Qt::Key_Tab);
+    }
+    EXPECT_EQ(
+        passed.join(" "),
+        "发票号码 付款单位 编号1 单价1 数量1 金额1 编号2 单价2 数量2 金额2 编号3 单价3 数量3 金额3 备注");
+    passed.clear();
+    press(Qt::Key_F2);
+    for (int i = 0; i < 5; ++i) {
+        press(Qt::Key_F6);
+        passed << focused();
+        press(Qt::Key_Tab);
+    }
+    EXPECT_EQ(passed.join(" "), "编号1 编号2 编号3 备注 编号1");
+}
+
+TEST_F(AtTheDevice, GivesItsNumberToTheClipboard) {
+    logIn();
+    for (const auto with :
+         {Qt::KeyboardModifiers(Qt::ControlModifier), Qt::ControlModifier | Qt::ShiftModifier}) {
+        QApplication::clipboard()->clear();
+        press(Qt::Key_F2);
+        press(Qt::Key_C, with);
+        EXPECT_EQ(QApplication::clipboard()->text(), "30843601");
+    }
+    press(Qt::Key_9);
+    EXPECT_EQ(form().number.text(), "30843601") << "it is the device's";
+}
+
+TEST_F(AtTheDevice, WritesOneLineAFieldInItsJournal) {
+    logIn();
+    begin("盛远国际+(上海){有限}公司");
+    fillLine("0101", "50000", "1", "50000.00");
+    fillLine("", "", "", "");
+    fillLine("0102", "6.5", "12", "");
+    type("一季度");
+    EXPECT_EQ(form().figures.text(), "50078.00");
+    EXPECT_EQ(form().words.text(), "伍万零柒拾捌元整");
+    press(Qt::Key_F9);
+    EXPECT_EQ(journal(),
+              (QStringList{"发票号码：30843601", "开票日期：" + QDate::currentDate().toString("yyyy-MM-dd"),
+                           "付款单位：盛远国际+(上海){有限}公司", "经营项目：0101 租金", "单价：50000",
+                           "数量：1", "金额：50000.00", "经营项目：0102 物业管理费", "单价：6.5", "数量：12",
+                           "金额：78.00", "合计金额：50078.00", "大写金额：伍万零柒拾捌元整", "备注：一季度",
+                           "开票人：01", "", ""}));
+    EXPECT_EQ(news(), "发票 30843601 已打印\n\n盛远国际+(上海){有限}公司\n合计 50078.00 元");
+    press(Qt::Key_F9);
+    EXPECT_EQ(journal().size(), 17) << "there is nothing to print";
+
+    begin("启明");
+    fillLine("0201", "1", "1", "1");
+    press(Qt::Key_F9);
+    EXPECT_EQ(journal().mid(16, 1), QStringList("发票号码：30843602"));
+    EXPECT_TRUE(journal().contains("备注："));
+}
+
+TEST_F(AtTheDevice, TakesItemsByCodeAndByPosition) {
+    logIn();
+    begin("盛远");
+    type("0999");
+    press(Qt::Key_Return);
+    EXPECT_EQ(form().lines[0].item.text(), "无此项目");
+    EXPECT_EQ(form().lines[0].code.selectedText(), "0999");
+    type("0103");
+    press(Qt::Key_Return);
+    EXPECT_EQ(form().lines[0].item.text(), "水电押金");
+    EXPECT_EQ(focused(), "单价1");
+    press(Qt::Key_F6);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_Return})
+        press(key);
+    EXPECT_EQ(form().lines[1].code.text(), "0102");
+    EXPECT_EQ(focused(), "单价2");
+    press(Qt::Key_F6);
+    // The fourth row, counted in the height of a row as scripts do.
+    auto& list = form().itemList;
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, QPoint(20, 24 / 2 + 24 * (4 - 1)));
+    EXPECT_EQ(form().lines[2].item.text(), "钥匙押金");
+    EXPECT_EQ(focused(), "单价3");
+    press(Qt::Key_F2);
+    press(Qt::Key_F6);
+    press(Qt::Key_Return);
+    EXPECT_EQ(focused(), "备注") << "an empty code ends the lines";
+}
+
+TEST_F(AtTheDevice, ProposesAnAmountThatMayBeTypedOver) {
+    logIn();
+    begin("盛远");
+    type("0101");
+    press(Qt::Key_Return);
+    type("0.1");
+    press(Qt::Key_Tab);
+    type("3");
+    press(Qt::Key_Tab);
+    EXPECT_EQ(form().lines[0].amount.selectedText(), "0.30");
+    type("0.35");
+    EXPECT_EQ(form().figures.text(), "0.35");
+    EXPECT_EQ(form().words.text(), "叁角伍分");
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(form().lines[0].amount.text(), "0.35") << "what was typed stands";
+}
+
+TEST_F(AtTheDevice, PrintsNothingThatIsIncomplete) {
+    logIn();
+    const auto refusalOf = [&](const char* payer, const char* code, const char* price, const char* quantity,
+                               const char* amount) {
+        begin(payer);
+        fillLine("0101", "1", "1", "1");
+        fillLine("", "", "", "");
+        form().lines[2].code.setText(code);
+        form().lines[2].price.setText(price);
+        form().lines[2].quantity.setText(quantity);
+        form().lines[2].amount.setText(amount);
+        press(Qt::Key_F9);
+        return boxSays();
+    };
+    EXPECT_EQ(refusalOf("", "", "", "", ""), "请输入付款单位");
+    EXPECT_EQ(refusalOf("甲", "", "1", "1", "1"), "第3行未选择经营项目");
+    EXPECT_EQ(refusalOf("甲", "0101", "元", "1", "1"), "第3行的单价不是数字");
+    EXPECT_EQ(refusalOf("甲", "0101", "1", "", "1"), "第3行的数量不是数字");
+    EXPECT_EQ(refusalOf("甲", "0101", "1", "1", "1e13"), "第3行的金额不是数字");
+    begin("甲");
+    press(Qt::Key_F9);
+    EXPECT_EQ(boxSays(), "请输入经营项目");
+    EXPECT_TRUE(journal().isEmpty());
+    EXPECT_EQ(focused(), "编号1") << "one can go on where one was";
+}
+
+TEST_F(AtTheDevice, TakesThePrintedInvoiceBackOnce) {
+    logIn();
+    press(Qt::Key_F5);
+    press(Qt::Key_Return);
+    EXPECT_EQ(boxSays(), "没有可退的发票 ");
+    begin("盛远");
+    fillLine("0101", "1", "1", "1");
+    press(Qt::Key_F9);
+    press(Qt::Key_F5);
+    EXPECT_EQ(focused(), "退票号码");
+    EXPECT_EQ(program->main->takeBack.number.selectedText(), "30843601");
+    press(Qt::Key_Tab);
+    type("打印内容有误");
+    press(Qt::Key_Return);
+    EXPECT_EQ(news(), "发票 30843601 已退票");
+    const QStringList end = journal().mid(journal().size() - 6);
+    EXPECT_EQ(end,
+              (QStringList{"退票号码：30843601", "退票日期：" + QDate::currentDate().toString("yyyy-MM-dd"),
+                           "退票原因：打印内容有误", "操作员：01", "", ""}));
+    press(Qt::Key_F5);
+    press(Qt::Key_Return);
+    EXPECT_EQ(boxSays(), "没有可退的发票 30843601");
+}
+
+TEST_F(AtTheDevice, RemembersWhereItsRollIs) {
+    logIn();
+    begin("盛远");
+    fillLine("0101", "1", "1", "1");
+    press(Qt::Key_F9);
+    program.reset();
+    logIn();
+    press(Qt::Key_F2);
+    EXPECT_EQ(form().number.text(), "30843602");
+    press(Qt::Key_F8);
+    auto* question = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(question, nullptr);
+    EXPECT_EQ(question->textValue(), "30843602");
+    question->setTextValue("00000099");
+    question->accept();
+    EXPECT_EQ(news(), "已装入起始号码为 00000099 的发票卷");
+    begin("盛远");
+    fillLine("0101", "1", "1", "1");
+    press(Qt::Key_F9);
+    press(Qt::Key_F2);
+    EXPECT_EQ(form().number.text(), "00000100");
+}
+
+TEST_F(AtTheDevice, IsSlowWhereItIsToldSo) {
+    options.slow = 40;
+    program = std::make_unique<Program>(options);
+    program->start();
+    EXPECT_FALSE(program->login->isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return program->login->isVisible(); }));
+}
+
+TEST_F(AtTheDevice, ShowsAnotherTitleOrNumberOrNone) {
+    options.title = "开票软件 V2";
+    options.number = "99999999";
+    logIn();
+    EXPECT_EQ(program->main->windowTitle(), "开票软件 V2");
+    begin("盛远");
+    EXPECT_EQ(form().number.text(), "99999999");
+    program.reset();
+    options.noNumber = true;
+    logIn();
+    begin("盛远");
+    EXPECT_EQ(form().number.text(), "");
+    fillLine("0101", "1", "1", "1");
+    press(Qt::Key_F9);
+    EXPECT_EQ(boxSays(), "没有可用的发票，请装入发票卷");
+}
+
+TEST_F(AtTheDevice, RefusesToPrintAndKeepsTheNumber) {
+    options.refusal = "打印机未联机";
+    logIn();
+    begin("盛远");
+    fillLine("0101", "1", "1", "1");
+    press(Qt::Key_F9);
+    EXPECT_EQ(boxSays(), "打印机未联机");
+    EXPECT_TRUE(journal().isEmpty());
+    press(Qt::Key_F2);
+    EXPECT_EQ(form().number.text(), "30843601");
+}
+
+TEST_F(AtTheDevice, SaysThatItsJournalCannotBeWritten) {
+    options.journal = folder.path();
+    logIn();
+    begin("盛远");
+    fillLine("0101", "1", "1", "1");
+    press(Qt::Key_F9);
+    EXPECT_EQ(boxSays(), "无法写入 " + folder.path());
+    press(Qt::Key_F2);
+    EXPECT_EQ(form().number.text(), "30843601");
+}
+
+TEST_F(AtTheDevice, DiesAtAFieldOfTheInvoice) {
+    options.dieAt = 5;
+    logIn();
+    press(Qt::Key_F2);
+    for (int i = 0; i < 3; ++i) press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), "单价1");
+    EXPECT_EXIT(press(Qt::Key_Tab), testing::ExitedWithCode(1), "");
+}
+
+TEST(AmountsInWords, AreSaidAsOnABanknote) {
+    const std::pair<qint64, const char*> amounts[] = {{0, "零元整"},
+                                                      {1, "壹分"},
+                                                      {10, "壹角整"},
+                                                      {105, "壹元零伍分"},
+                                                      {1234567, "壹万贰仟叁佰肆拾伍元陆角柒分"},
+                                                      {100000, "壹仟元整"},
+                                                      {10050000, "壹拾万零伍佰元整"},
+                                                      {1000800, "壹万零捌元整"},
+                                                      {10000000100, "壹亿零壹元整"},
+                                                      {2'0000'0000'0000'00, "贰万亿元整"},
+                                                      {-250, "负贰元伍角整"}};
+    for (const auto& [hundredths, words] : amounts) EXPECT_EQ(inWords(hundredths), words);
+    EXPECT_EQ(inFigures(-5), "-0.05");
+    EXPECT_EQ(inFigures(1234567), "12345.67");
+}
+
+TEST(TheOptions, ComeFromTheCommandLineAndFromTheEnvironment) {
+    qputenv("TAX_PROGRAM_TITLE", "从环境");
+    qputenv("TAX_PROGRAM_DIE_AT", "7");
+    qputenv("TAX_PROGRAM_FIRST_NUMBER", "100");
+    qputenv("TAX_PROGRAM_NO_NUMBER", "1");
+    const Options options =
+        Options::read({"tax-program", "--title", "从命令行", "--slow", "90", "--number", "5", "--refuse",
+                       "no", "--user", "u", "--password", "p", "--folder", "/f"});
+    for (const char* name : {"TITLE", "DIE_AT", "FIRST_NUMBER", "NO_NUMBER"})
+        qunsetenv(("TAX_PROGRAM_" + std::string(name)).c_str());
+    EXPECT_EQ(options.title, "从命令行");
+    EXPECT_EQ(options.dieAt, 7);
+    EXPECT_EQ(options.firstNumber, "100");
+    EXPECT_TRUE(options.noNumber);
+    EXPECT_EQ(options.slow, 90);
+    EXPECT_EQ(options.number + options.refusal + options.user + options.password, "5noup");
+    EXPECT_EQ(options.journal, "/f/journal.txt");
+
+    const Options plain = Options::read({"tax-program"});
+    EXPECT_EQ(plain.title, "税控发票开票软件");
+    EXPECT_EQ(plain.dieAt, 0);
+    EXPECT_FALSE(plain.noNumber);
+    EXPECT_TRUE(plain.folder.endsWith("/tax-program")) << plain.folder.toStdString();
+    EXPECT_EQ(Options::read({"tax-program", "--journal", "/j.txt"}).journal, "/j.txt");
+}
+
+}  // namespace
+}  // namespace desk::tax
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleTest(&argc, argv);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("tax-program");
+    // The log-in goes while the main window is not there yet.
+    QApplication::setQuitOnLastWindowClosed(false);
+    return RUN_ALL_TESTS();
+}
