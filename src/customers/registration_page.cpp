@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "db/statement.h"
 #include "platform/clock.h"
+#include "session/document_number.h"
 #include "session/grid_rows.h"
 #include "session/numbered_nodes.h"
 #include "ui/batch.h"
@@ -12,8 +13,6 @@
 namespace desk {
 
 namespace {
-
-constexpr std::string_view 自动编号提示 = "<保存时自动生成编号>";
 
 /// What a save asks for, and what it reads as a number.
 void markFields(登记页& page) {

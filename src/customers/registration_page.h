@@ -102,9 +102,6 @@ class 登记页 {
     Button 退出;
 
   private:
-    /// Stands in the field of a number that is to be typed, and is none.
-    static constexpr std::string_view 输入编号提示 = "<请输入登记编号>";
-
     /// The values that a save has worked out from combos, lists and other-texts.
     struct Worked {
         std::string 所在区域;

@@ -31,6 +31,25 @@ class PushButton : public Pressed<QPushButton> {
     const Button& button_;
 };
 
+/// Comes up at its day, however far it was leafed away from it before.
+class Months : public QCalendarWidget {
+  public:
+    explicit Months(MonthCalendar& calendar) : calendar_(calendar) {}
+    void showDay() { setSelectedDate(date(calendar_.value())); }
+
+  protected:
+    void showEvent(QShowEvent* event) override {
+        if (isBound(this)) {
+            showDay();
+            showSelectedDate();
+        }
+        QCalendarWidget::showEvent(event);
+    }
+
+  private:
+    MonthCalendar& calendar_;
+};
+
 class ColourArea : public QWidget {
   public:
     explicit ColourArea(Swatch& swatch) : swatch_(swatch) { setMinimumSize(60, 24); }
@@ -94,14 +113,13 @@ QWidget* optionWidget(OptionButton& option) {
 }
 
 QWidget* calendarWidget(MonthCalendar& calendar) {
-    auto* shown = new QCalendarWidget;
+    auto* shown = new Months(calendar);
     shown->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     shown->setGridVisible(true);
     // Its days stand in a view of their own, to which the wheel turns.
     for (auto* days : shown->findChildren<QAbstractItemView*>()) keepWheelForFocus(days);
-    const auto show = [&calendar, shown] { shown->setSelectedDate(date(calendar.value())); };
-    show();
-    follow(shown, calendar.touched, show);
+    shown->showDay();
+    follow(shown, calendar.touched, [shown] { shown->showDay(); });
     QObject::connect(shown, &QCalendarWidget::clicked, shown,
                      [&calendar](QDate day) { enter([&] { calendar.clickDay(moment(day)); }); });
     QObject::connect(shown, &QCalendarWidget::activated, shown,

@@ -7,6 +7,7 @@
 #include "intent/letter_tree.h"
 #include "intent/submission.h"
 #include "platform/clock.h"
+#include "session/document_number.h"
 #include "session/helpers.h"
 
 namespace desk {
@@ -39,7 +40,7 @@ Frm意向书信息::Frm意向书信息(Application& app)
 void Frm意向书信息::connect() {
     管理项目.selected += [this] { refillTree(); };
     意向书.nodeClicked += [this](TreeNode& node) { selectLetter(node); };
-    Check5.clicked += [this] { 信息.登记编号.setDemanded(!Check5.checked()); };
+    Check5.clicked += [this] { followAutomaticBox(); };
     for (const char* deposit : {"物业管理费意向金", "租金意向金"})
         信息[deposit].changed += [this] { sumUp(); };
     选择承租方.clicked += [this] { 客户.面板.open(); };
@@ -84,8 +85,14 @@ void Frm意向书信息::refillTree() {
     填充意向书树(意向书, {.root = "意向书列表", .keyColumn = "意向书编号", .bearsDoubles = true}, letters);
 }
 
-void Frm意向书信息::selectLetter(const TreeNode& node) {
+/// The `ID` of the letter stays behind the emptied fields.
+void Frm意向书信息::leaveLetter() {
     清空文本框(*this);
+    shownOf_.clear();
+}
+
+void Frm意向书信息::selectLetter(const TreeNode& node) {
+    leaveLetter();
     const std::string no = 意向书键(node);
     if (no.empty()) return;
     Recordset letter(
@@ -96,6 +103,7 @@ void Frm意向书信息::selectLetter(const TreeNode& node) {
 
 void Frm意向书信息::showLetter(Recordset& letter) {
     信息.show(letter);
+    shownOf_ = code();
     新增.browse();
     提交.setEnabled(true);
     const bool submitted = !letter["提交日期"].isNull();
@@ -117,7 +125,7 @@ void Frm意向书信息::startOrCancel() {
 }
 
 void Frm意向书信息::startEntering() {
-    清空文本框(*this);
+    leaveLetter();
     新增.startEntering();
     删除.setEnabled(false);
     提交.setEnabled(false);
@@ -128,6 +136,15 @@ void Frm意向书信息::startEntering() {
     信息.登记编号.focus();
 }
 
+/// As long as a new letter is being typed the box decides what stands in the field of its number.
+void Frm意向书信息::followAutomaticBox() {
+    const bool automatic = Check5.checked();
+    信息.登记编号.setDemanded(!automatic);
+    if (!新增.entering()) return;
+    信息.登记编号.setText(automatic ? 自动编号提示 : std::string_view{});
+    信息.登记编号.setLocked(automatic);
+}
+
 void Frm意向书信息::submitOrShow() {
     const std::string& id = 信息.id();
     if (提交.caption() == 已提交) {
@@ -135,6 +152,7 @@ void Frm意向书信息::submitOrShow() {
         return 审批面板.open();
     }
     if (!管理项目.hasSelection()) return;
+    if (!isShown()) return app_.desktop.notify(先选意向书);
     if (!app_.confirm("确定要提交吗？提交后意向书内容将不能再进行修改！")) return;
     if (提交意向书(app_, code(), id)) app_.desktop.notify("已提交 " + 信息.登记编号.text());
 }
@@ -148,7 +166,7 @@ void Frm意向书信息::remove() {
     // Its units stay reserved.
     app_.主连接.execute(
         sql("Delete From YZ_意向书信息 Where 意向书编号='{}' And 管理处代号='{}'", no, code()));
-    清空文本框(*this);
+    leaveLetter();
     refillTree();
 }
 

@@ -44,20 +44,22 @@ class Frm意向书信息 : public Screen {
     Button 审批关闭{审批面板, "审批.关闭", "关闭", ButtonRole::main};
 
   private:
-    /// What stands in place of the number of a letter as long as it has none.
-    static constexpr std::string_view 自动编号提示 = "<保存时自动生成编号>";
-    static constexpr std::string_view 输入编号提示 = "<请输入登记编号>";
+    static constexpr std::string_view 先选意向书 = "请先选择意向书";
 
     void connect();
     void serveDates();
     std::string code() const { return 管理项目.code(); }
 
     void refillTree();
+    void leaveLetter();
     void selectLetter(const TreeNode& node);
     void showLetter(Recordset& letter);
+    /// Whether a letter of the chosen office is on the screen.
+    bool isShown() const { return !shownOf_.empty() && shownOf_ == code(); }
     void sumUp();
     void startOrCancel();
     void startEntering();
+    void followAutomaticBox();
     void submitOrShow();
     void remove();
 
@@ -68,6 +70,9 @@ class Frm意向书信息 : public Screen {
     Recordset openForWriting(std::string_view number);
 
     Application& app_;
+    /// The office of the letter on the screen, empty without one: its number alone would be another letter's
+    /// in another office.
+    std::string shownOf_;
 };
 
 }  // namespace desk

@@ -7,6 +7,7 @@ namespace desk {
 
 void Frm意向书信息::save() {
     if (!管理项目.hasSelection()) return;
+    if (!新增.entering() && !shownOf_.empty() && !isShown()) return app_.desktop.notify(先选意向书);
     const std::string& number = 信息.登记编号.text();
     if (number.empty() || number == 输入编号提示) return app_.tell("请输入登记编号");
     if (!storeLetter()) return;
@@ -68,6 +69,7 @@ void Frm意向书信息::write(Recordset& letter) {
     信息.write(letter);
     letter.update();
     信息.登记编号.tag = letter["ID"].text();
+    shownOf_ = code();
 }
 
 }  // namespace desk

@@ -18,9 +18,17 @@ namespace desk {
       office_(office) {
     单元选择.clicked += [this] { openMap(); };
     删除单元.clicked += [this] { removeUnit(); };
-    关闭.clicked += [this] { 面板.close(); };
-    // Whichever way it closes: what a save reserves is what the letter says.
-    面板.closed += [this] { summarise(); };
+    关闭.clicked += [this] {
+        takesOver_ = true;
+        面板.close();
+    };
+    // A look at the panel must not empty the text of a stored letter, whose units are not in the list; but
+    // what a save reserves is what the letter says.
+    面板.opened += [this] { takesOver_ = false; };
+    列表.unitsChanged += [this] { takesOver_ = true; };
+    面板.closed += [this] {
+        if (takesOver_) summarise();
+    };
 }
 
 void 租赁单元选择::openMap() {

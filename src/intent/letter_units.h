@@ -16,8 +16,8 @@ namespace desk {
 /// read back: the list keeps what the last work left in it.
 class 租赁单元选择 {
   public:
-    /// `letter` takes the units as text and the sum of their areas when the panel closes; `office` is the
-    /// office whose units can be picked.
+    /// `letter` takes the units as text and the sum of their areas by 关闭, and by the Escape key where the
+    /// units are others than when the panel opened; `office` is the office whose units can be picked.
     租赁单元选择(Screen& screen, Application& app, 意向书信息块& letter, const ComboBox& office);
     租赁单元选择(const 租赁单元选择&) = delete;
     租赁单元选择& operator=(const 租赁单元选择&) = delete;
@@ -40,6 +40,7 @@ class 租赁单元选择 {
     Application& app_;
     意向书信息块& letter_;
     const ComboBox& office_;
+    bool takesOver_ = false;
 };
 
 }  // namespace desk

@@ -16,19 +16,15 @@ namespace desk {
 void 租赁单元列表::append(const 所选单元& unit) {
     addRow({std::to_string(rows()), unit.楼域, unit.单元名称, numberText(unit.面积),
             std::to_string(unit.单元ID)});
+    unitsChanged();
 }
 
 void 租赁单元列表::remove(int row) {
-    const Batch removing(*this);
-    removeRow(row);
-    renumber();
+    removeAll({row});
 }
 
 void 租赁单元列表::removeUnsaved() {
-    const Batch removing(*this);
-    const auto rows = unsaved();
-    for (auto row = rows.rbegin(); row != rows.rend(); ++row) removeRow(*row);
-    renumber();
+    removeAll(unsaved());
 }
 
 std::vector<int> 租赁单元列表::unsaved() const {
@@ -58,8 +54,14 @@ double 租赁单元列表::总面积() const {
     return sum;
 }
 
-void 租赁单元列表::renumber() {
-    for (int row = fixedRows(); row < rows(); ++row) setText(row, 序, std::to_string(row));
+void 租赁单元列表::removeAll(const std::vector<int>& ascending) {
+    if (ascending.empty()) return;
+    {
+        const Batch removing(*this);
+        for (auto row = ascending.rbegin(); row != ascending.rend(); ++row) removeRow(*row);
+        for (int row = fixedRows(); row < rows(); ++row) setText(row, 序, std::to_string(row));
+    }
+    unitsChanged();
 }
 
 }  // namespace desk

@@ -24,6 +24,8 @@ class 租赁单元列表 : public Grid {
 
     租赁单元列表(Place place, std::string name);
 
+    Signal<> unitsChanged;  ///< rows have come or gone
+
     /// A row that is not saved, behind the others; a unit that is there already comes a second time.
     void append(const 所选单元& unit);
     /// Takes a row away, and numbers the others anew.
@@ -40,7 +42,8 @@ class 租赁单元列表 : public Grid {
     double 总面积() const;
 
   private:
-    void renumber();
+    /// And numbers the others anew.
+    void removeAll(const std::vector<int>& ascending);
 };
 
 }  // namespace desk

@@ -10,6 +10,11 @@ namespace desk {
 
 class Application;
 
+/// What stands in the field of a number that will be drawn, and of one that is to be typed. Neither is a
+/// number.
+inline constexpr std::string_view 自动编号提示 = "<保存时自动生成编号>";
+inline constexpr std::string_view 输入编号提示 = "<请输入登记编号>";
+
 /// The prefix of a number for a document of that kind, by `Temp_Type`; empty for a kind without a rule.
 std::string 生成单据前缀(Application& app, std::string_view TypeName);
 

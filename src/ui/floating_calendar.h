@@ -8,8 +8,8 @@
 namespace desk {
 
 /// One month calendar that serves several date fields. A field that takes the focus gets its button at its
-/// right edge; the button shows or hides the calendar below the field, and a click on a day writes it into
-/// the field.
+/// right edge; the button shows or hides the calendar below the field, at the field's own day where it has
+/// one, and a click on a day writes it into the field.
 class FloatingCalendar {
   public:
     FloatingCalendar(Screen& screen, Desktop& desktop, const std::string& name);

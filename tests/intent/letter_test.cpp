@@ -93,7 +93,7 @@ TEST_F(Letter, AUnitInUseKeepsAllOfThemAway) {
     clickLetter("2");
     choose({3, 1});
     screen().单元.面板.open();
-    screen().单元.面板.escape();
+    screen().单元.关闭.click();
     program.fault.statements.clear();
     screen().确定.click();
     EXPECT_EQ(
@@ -176,6 +176,51 @@ TEST_F(Letter, WritesItsFieldsInTheirOrder) {
     }
     EXPECT_EQ(refused(), "");
     EXPECT_EQ(program.rows("Select 承租方 From YZ_意向书信息 Where ID=2"), std::vector<std::string>{"乙"});
+}
+
+/// A number is a letter of the chosen office alone, and nothing is sent off that is not on the screen.
+TEST_F(Letter, ActsOnTheLetterOnTheScreenAlone) {
+    const auto nothingComesOf = [&](Button& button) {
+        program.fault.statements.clear();
+        button.click();
+        EXPECT_TRUE(program.fault.statements.empty()) << button.name();
+        EXPECT_TRUE(program.desktop.messages.empty()) << button.name();
+        EXPECT_EQ(program.desktop.notices, std::vector<std::string>{"请先选择意向书"});
+        program.desktop.notices.clear();
+    };
+    nothingComesOf(screen().提交);
+    program.run({"Insert Into YZ_意向书信息 (意向书编号,管理处代号,承租方) Values ('1','02','丙')"});
+    clickLetter("1");
+    screen().管理项目.pick("02 西塔");
+    nothingComesOf(screen().确定);
+    nothingComesOf(screen().提交);
+    EXPECT_EQ(program.rows("Select 承租方 From YZ_意向书信息 Where 管理处代号='02'"),
+              std::vector<std::string>{"丙"});
+    clickLetter("1");
+    field("免租期").type("半月");
+    screen().确定.click();
+    EXPECT_EQ(program.desktop.notices, std::vector<std::string>{"已保存 1"});
+    program.desktop.notices.clear();
+    screen().意向书.click(*screen().意向书.roots().front());
+    nothingComesOf(screen().提交);
+    clickLetter("1");
+    screen().新增.click();
+    screen().新增.click();
+    nothingComesOf(screen().提交);
+    clickLetter("1");
+    program.desktop.answers = {Answer::yes};
+    screen().删除.click();
+    program.desktop.messages.clear();
+    nothingComesOf(screen().提交);
+    // A new letter may be typed before its office is chosen, and be sent off when it has been saved.
+    screen().新增.click();
+    screen().信息.登记编号.type("7");
+    screen().管理项目.pick("01 东塔");
+    screen().确定.click();
+    screen().新增.click();
+    program.desktop.answers = {Answer::yes};
+    screen().提交.click();
+    EXPECT_EQ(program.desktop.takeMessage(), "尚未设置本管理项目的意向书审批路径，请先设置路径！");
 }
 
 /// Another seat that saves the same number between two looks leaves two letters of it: both can be reached.
