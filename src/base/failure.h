@@ -35,6 +35,7 @@ inline constexpr long overflow = 6;
 inline constexpr long subscript = 9;
 inline constexpr long typeMismatch = 13;
 inline constexpr long fileNotFound = 53;
+inline constexpr long permissionDenied = 70;
 inline constexpr long pathAccess = 75;
 inline constexpr long invalidNull = 94;
 inline constexpr long spreadsheet = 1004;

@@ -35,7 +35,8 @@ void dress() {
     QApplication::setFont(font);
 }
 
-Program::Program() : app(desktop, Platform{clock, settings, files, programs, spreadsheets}) {
+Program::Program()
+    : app(desktop, Platform{clock, settings, files, programs, spreadsheets, keyboard, pointer, clipboard}) {
     desktop.serve(app.screens, layoutOf);
     offerScreens(app);
 }

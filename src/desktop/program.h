@@ -1,10 +1,13 @@
 #pragma once
 
 #include "desktop/late_spreadsheets.h"
+#include "desktop/qt_clipboard.h"
 #include "desktop/qt_desktop.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/settings.h"
+#include "platform/x11/x11_keyboard.h"
+#include "platform/x11/x11_pointer.h"
 #include "platform/x11/x11_programs.h"
 #include "session/application.h"
 
@@ -22,6 +25,9 @@ struct Program {
     SystemFiles files;
     X11Programs programs;
     LateSpreadsheets spreadsheets;
+    X11Keyboard keyboard;
+    X11Pointer pointer;
+    QtClipboard clipboard;
     QtDesktop desktop;
     Application app;
 };

@@ -2,8 +2,11 @@
 
 namespace desk {
 
+class Clipboard;
 class Clock;
 class Files;
+class Keyboard;
+class Pointer;
 class Programs;
 class SettingsStore;
 class Spreadsheets;
@@ -15,6 +18,9 @@ struct Platform {
     Files& files;
     Programs& programs;
     Spreadsheets& spreadsheets;
+    Keyboard& keyboard;
+    Pointer& pointer;
+    Clipboard& clipboard;
 };
 
 }  // namespace desk

@@ -1,15 +1,16 @@
 #include "platform/processes.h"
 
 #include <fcntl.h>
+#include <poll.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstring>
 #include <ctime>
-
-#include "platform/descriptor.h"
 
 namespace desk {
 
@@ -27,13 +28,16 @@ bool endedWell(int status) {
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-/// What is written into the pipe to the starting process. Ends of processes tell it nothing where it ignores
-/// SIGCHLD.
-constexpr char runs = '+';
+/// What is written into the pipe to the starting process: the number of the program's process, and this where
+/// it did not come to run. Ends of processes tell it nothing where it ignores SIGCHLD.
 constexpr char doesNot = '!';
 
-void report(const Descriptor& pipe, char what) {
-    [[maybe_unused]] const auto written = ::write(pipe.number(), &what, 1);
+void reportFailure(const Descriptor& pipe) {
+    [[maybe_unused]] const auto written = ::write(pipe.number(), &doesNot, 1);
+}
+
+void reportRuns(const Descriptor& pipe, pid_t process) {
+    [[maybe_unused]] const auto written = ::write(pipe.number(), &process, sizeof process);
 }
 
 /// The program itself; comes back never. The pipe is closed by the start of the program.
@@ -42,7 +46,7 @@ void report(const Descriptor& pipe, char what) {
     sigemptyset(&none);
     sigprocmask(SIG_SETMASK, &none, nullptr);
     ::execvp(list.front(), list.data());
-    report(pipe, doesNot);
+    reportFailure(pipe);
     ::_exit(127);
 }
 
@@ -67,7 +71,10 @@ bool standsTheWatch(pid_t child, std::chrono::milliseconds watched) {
     std::signal(SIGCHLD, SIG_DFL);
     const pid_t child = ::fork();
     if (child == 0) become(list, pipe);
-    report(pipe, child > 0 && standsTheWatch(child, watched) ? runs : doesNot);
+    if (child > 0 && standsTheWatch(child, watched))
+        reportRuns(pipe, child);
+    else
+        reportFailure(pipe);
     ::_exit(0);
 }
 
@@ -83,25 +90,46 @@ std::string reports(const Descriptor& pipe) {
     }
 }
 
-}  // namespace
-
-bool startProcess(const std::string& program, const std::vector<std::string>& arguments,
-                  std::chrono::milliseconds watched) {
+/// The program's process; nullopt where it cannot be started, or fails while it is watched.
+std::optional<pid_t> started(const std::string& program, const std::vector<std::string>& arguments,
+                             std::chrono::milliseconds watched) {
     std::array<int, 2> ends{};
-    if (program.empty() || ::pipe2(ends.data(), O_CLOEXEC) != 0) return false;
+    if (program.empty() || ::pipe2(ends.data(), O_CLOEXEC) != 0) return std::nullopt;
     const Descriptor reported(ends[0]);
     Descriptor reporting(ends[1]);
 
     const auto list = argumentList(program, arguments);
     const pid_t between = ::fork();
-    if (between < 0) return false;
+    if (between < 0) return std::nullopt;
     if (between == 0) standBetween(list, reporting, watched);
 
     reporting.close();
-    const bool started = reports(reported) == std::string(1, runs);
+    const std::string all = reports(reported);
     while (::waitpid(between, nullptr, 0) < 0 && errno == EINTR) {
     }
-    return started;
+    pid_t process = 0;
+    if (all.size() != sizeof process) return std::nullopt;
+    std::memcpy(&process, all.data(), sizeof process);
+    return process;
+}
+
+}  // namespace
+
+bool startProcess(const std::string& program, const std::vector<std::string>& arguments,
+                  std::chrono::milliseconds watched) {
+    return started(program, arguments, watched).has_value();
+}
+
+std::optional<RunningProgram> RunningProgram::start(const std::string& program) {
+    const auto process = started(program, {}, {});
+    if (!process) return std::nullopt;
+    return RunningProgram(*process, Descriptor(static_cast<int>(::syscall(SYS_pidfd_open, *process, 0))));
+}
+
+bool RunningProgram::isRunning() const {
+    // Without a descriptor it had ended before one could be had.
+    pollfd end{end_.number(), POLLIN, 0};
+    return end_.isOpen() && ::poll(&end, 1, 0) == 0;
 }
 
 }  // namespace desk

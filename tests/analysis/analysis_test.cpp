@@ -225,7 +225,7 @@ TEST_F(Export, TheTableIsHandedOverWhole) {
         form.Command2.click();
     });
     EXPECT_EQ(program.app.screens.loaded(FrmToExcel::screenName), nullptr);
-    EXPECT_EQ(program.programs.started, std::vector<std::string>{"/data/周报.xls"});
+    EXPECT_EQ(program.machine.take(), std::vector<std::string>{"open /data/周报.xls"});
     EXPECT_EQ(program.desktop.notices, std::vector<std::string>{"已输出到 /data/周报.xls"});
     EXPECT_TRUE(program.desktop.messages.empty());
     const Worksheet& sheet = program.spreadsheets.books.at("/data/周报.xls").front();

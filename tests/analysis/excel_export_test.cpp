@@ -91,14 +91,14 @@ TEST_F(ExcelExport, TheBookIsShownWhereThatIsWishedAndOnlyOnceItIsThere) {
     form().Check1.click();
     program.spreadsheets.refusal = "文件已损坏，不能写入";
     form().Command2.click();
-    EXPECT_TRUE(program.programs.started.empty());
+    EXPECT_TRUE(program.machine.lines.empty());
     program.spreadsheets.refusal.clear();
     form().Command2.click();
-    EXPECT_EQ(program.programs.started, std::vector<std::string>{"/data/a.xls"});
+    EXPECT_EQ(program.machine.lines, std::vector<std::string>{"open /data/a.xls"});
     form().Config(source.grid, "表", "题");
     form().文件.setText("/data/b.xls");
     form().Command2.click();
-    EXPECT_EQ(program.programs.started.size(), 1U);
+    EXPECT_EQ(program.machine.lines.size(), 1U);
 }
 
 TEST_F(ExcelExport, ItOpensInTheMiddleOfTheMainWindowAndCloses) {

@@ -96,9 +96,7 @@ struct Windows : testing::Test {
     TestProgram parts;
     std::function<void(Sheet&)> step = [](Sheet&) {};
     std::optional<QtDesktop> desktop{std::in_place};
-    std::optional<Application> app{
-        std::in_place, *desktop,
-        Platform{parts.clock, parts.settings, parts.files, parts.programs, parts.spreadsheets}};
+    std::optional<Application> app{std::in_place, *desktop, parts.platform};
     QMainWindow* main = nullptr;
 };
 

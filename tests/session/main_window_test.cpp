@@ -51,12 +51,14 @@ TEST_F(MainWindow, InAFamilyOfModulesLoggingOffLeavesALineForTheLauncher) {
     program.enter();
     program.app.screens.open("frmAbout");
     EXPECT_THROW(main().entry("注销")->click(), RuntimeFailure);  // no launcher is there
+    EXPECT_EQ(program.machine.take(), std::vector<std::string>{"activate 鸿序楼台 zhuxiao"});
     EXPECT_EQ(program.app.screens.loaded("frmAbout"), nullptr);
     program.programs.windows = {"鸿序楼台", "鸿序楼台 zhuxiao"};
     main().entry("注销")->click();
     EXPECT_EQ(program.files.written["/program/Command.Dll"], "\xD7\xA2\xCF\xFA\r\n");
     main().entry("其它模块")->click();
-    EXPECT_EQ(program.programs.activated, (std::vector<std::string>{"鸿序楼台 zhuxiao", "鸿序楼台"}));
+    EXPECT_EQ(program.machine.take(),
+              (std::vector<std::string>{"activate 鸿序楼台 zhuxiao", "activate 鸿序楼台"}));
     EXPECT_EQ(program.app.session.登录工号, "E01");
 
     program.files.broken = true;

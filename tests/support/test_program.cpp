@@ -1,7 +1,5 @@
 #include "support/test_program.h"
 
-#include <algorithm>
-
 #include "base/failure.h"
 #include "base/text.h"
 #include "session/about.h"
@@ -14,22 +12,6 @@ namespace desk {
 void RecordingFiles::write(std::string_view path, std::string_view bytes) {
     if (broken) throw RuntimeFailure(failure::pathAccess, "路径/文件访问错误");
     written[std::string(path)] = bytes;
-}
-
-void RecordingPrograms::activate(std::string_view title) {
-    if (std::find(windows.begin(), windows.end(), title) == windows.end())
-        throw RuntimeFailure(failure::invalidCall, "无效的过程调用或参数");
-    activated.emplace_back(title);
-}
-
-bool RecordingPrograms::start(const std::string& program, const std::vector<std::string>& arguments) {
-    started.push_back(program + " " + join(arguments, " "));
-    return true;
-}
-
-bool RecordingPrograms::openForUser(const std::string& what) {
-    started.push_back(what);
-    return canOpen;
 }
 
 void MemorySpreadsheets::put(const std::string& path, const Worksheet& sheet) {
@@ -48,7 +30,7 @@ void MemorySpreadsheets::put(const std::string& path, const Worksheet& sheet) {
     books[path].push_back(std::move(whole));
 }
 
-TestProgram::TestProgram() : app(desktop, Platform{clock, settings, files, programs, spreadsheets}) {
+TestProgram::TestProgram() : app(desktop, platform) {
     desktop.screens = &app.screens;
     app.screens.offer<FrmLogin>(app);
     app.screens.offer<MDIForm1>(app);

@@ -8,11 +8,11 @@
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/platform.h"
-#include "platform/programs.h"
 #include "platform/settings.h"
 #include "platform/spreadsheets.h"
 #include "session/application.h"
 #include "support/failing_engine.h"
+#include "support/recording_machine.h"
 #include "support/scripted_desktop.h"
 
 namespace desk {
@@ -43,18 +43,6 @@ class RecordingFiles : public Files {
     void write(std::string_view path, std::string_view bytes) override;
 };
 
-/// Notes which windows and programs were asked for; a window is there when its title is in `windows`.
-class RecordingPrograms : public Programs {
-  public:
-    std::vector<std::string> windows;
-    std::vector<std::string> activated;
-    std::vector<std::string> started;
-    bool canOpen = true;  ///< whether a program is there for files
-    void activate(std::string_view title) override;
-    bool start(const std::string& program, const std::vector<std::string>& arguments) override;
-    bool openForUser(const std::string& what) override;
-};
-
 /// Keeps the workbooks in memory, each as the sheets that were put into it; `refusal` makes a save fail.
 class MemorySpreadsheets : public Spreadsheets {
   public:
@@ -71,8 +59,13 @@ struct TestProgram {
     FixedClock clock;
     MemorySettings settings;
     RecordingFiles files;
-    RecordingPrograms programs;
+    MachineJournal machine;
+    RecordingPrograms programs{machine};
+    RecordingKeyboard keyboard{machine};
+    RecordingPointer pointer{machine};
+    RecordingClipboard clipboard{machine};
     MemorySpreadsheets spreadsheets;
+    Platform platform{clock, settings, files, programs, spreadsheets, keyboard, pointer, clipboard};
     ScriptedDesktop desktop;
     Fault fault;  ///< of `主连接`
     Application app;

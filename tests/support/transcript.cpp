@@ -75,6 +75,7 @@ Transcript::Transcript(std::string path, const std::function<void(TestProgram&)>
     program.fault.seen = [this](std::string_view statement) {
         if (watching_) say(std::string(statement));
     };
+    program.machine.note = [this](const std::string& line) { say(line); };
     program.fault.opened = [this](Engine& engine) {
         for (const auto& statement : given_) engine.execute(statement);
     };
@@ -103,6 +104,7 @@ Transcript::Transcript(std::string path, const std::function<void(TestProgram&)>
 Transcript::~Transcript() {
     // The program closes what is open when it goes, and nobody writes that down any more.
     program.desktop.note = [](const std::string&) {};
+    program.machine.note = [](const std::string&) {};
 }
 
 void Transcript::check() {
@@ -335,10 +337,6 @@ void Transcript::settleMachine() {
         say("session " + session);
         session_ = session;
     }
-    const auto& programs = program.programs;
-    while (programsStarted_ < programs.started.size()) say("starts " + programs.started[programsStarted_++]);
-    while (windowsActivated_ < programs.activated.size())
-        say("activates " + programs.activated[windowsActivated_++]);
     for (const auto& [path, bytes] : program.files.written)
         say(fmt::format("writes {} bytes to {}", bytes.size(), path));
     program.files.written.clear();

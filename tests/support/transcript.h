@@ -75,8 +75,6 @@ class Transcript {
     std::map<std::string, std::vector<std::string>> tables_;
     std::string scope_;
     std::string session_;
-    std::size_t programsStarted_ = 0;
-    std::size_t windowsActivated_ = 0;
 };
 
 /// The names of the transcripts of a folder without their ".txt".

@@ -2,10 +2,14 @@
 
 #include <X11/Xatom.h>
 #include <X11/Xutil.h>
+#include <X11/extensions/XTest.h>
 #include <poll.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <memory>
+
+#include "base/failure.h"
 
 namespace desk::x11 {
 
@@ -51,6 +55,19 @@ Server::~Server() {
     XSync(display_, False);
     XSetErrorHandler(formerHandler_);
     XCloseDisplay(display_);
+}
+
+void Server::requireInput() {
+    int event = 0;
+    int error = 0;
+    int major = 0;
+    int minor = 0;
+    if (isConnected() && XTestQueryExtension(display_, &event, &error, &major, &minor) != 0) return;
+    const bool wayland = std::getenv("WAYLAND_DISPLAY") != nullptr && std::getenv("DISPLAY") == nullptr;
+    throw RuntimeFailure(failure::permissionDenied,
+                         wayland ? "Wayland 桌面不允许程序代替键盘和鼠标，请用 X11 会话登录系统"
+                         : isConnected() ? "X 服务器不支持 XTEST 扩展，程序不能代替键盘和鼠标"
+                                         : "没有 X11 桌面，程序不能代替键盘和鼠标");
 }
 
 Atom Server::atom(const char* name) {
@@ -170,6 +187,21 @@ bool Server::awaitActive(Window window, std::chrono::milliseconds patience) {
         while (XPending(display_) > 0) XNextEvent(display_, &event);
     }
     return true;
+}
+
+void Server::movePointer(int x, int y) {
+    XTestFakeMotionEvent(display_, DefaultScreen(display_), x, y, CurrentTime);
+    XSync(display_, False);
+}
+
+void Server::movePointerBy(int dx, int dy) {
+    XTestFakeRelativeMotionEvent(display_, dx, dy, CurrentTime);
+    XSync(display_, False);
+}
+
+void Server::pressButton(unsigned button, bool down) {
+    XTestFakeButtonEvent(display_, button, down ? True : False, CurrentTime);
+    XSync(display_, False);
 }
 
 }  // namespace desk::x11

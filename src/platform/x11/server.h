@@ -23,6 +23,9 @@ class Server {
     /// False when there is no server. Nothing else may be called then.
     bool isConnected() const { return display_ != nullptr; }
 
+    /// Fails with 70 where there is no server, or it takes no keys and no mouse from a program.
+    void requireInput();
+
     Window root() const { return DefaultRootWindow(display_); }
 
     /// The top-level windows of all programs, hidden ones too where there is a window manager.
@@ -40,6 +43,12 @@ class Server {
     void raise(Window window);
     /// Waits until the window is the active one; false when `patience` ran out.
     bool awaitActive(Window window, std::chrono::milliseconds patience);
+
+    /// In pixels of the screen; the server keeps it inside.
+    void movePointer(int x, int y);
+    void movePointerBy(int dx, int dy);
+    /// 1 left, 2 middle, 3 right.
+    void pressButton(unsigned button, bool down);
 
   private:
     Atom atom(const char* name);
