@@ -16,6 +16,10 @@ std::string SystemFiles::programDirectory() const {
         while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
         return folder;
     }
+    return executableDirectory();
+}
+
+std::string SystemFiles::executableDirectory() {
     std::error_code unknown;
     const auto executable = std::filesystem::read_symlink("/proc/self/exe", unknown);
     return unknown ? "." : executable.parent_path().string();

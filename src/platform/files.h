@@ -20,6 +20,9 @@ class Files {
 /// set.
 class SystemFiles : public Files {
   public:
+    /// Where the executable of this process lies, without a slash at the end.
+    static std::string executableDirectory();
+
     std::string programDirectory() const override;
     bool exists(std::string_view path) const override;
     void write(std::string_view path, std::string_view bytes) override;

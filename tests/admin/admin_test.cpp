@@ -81,6 +81,10 @@ TEST_F(Admin, MakesASampleWhoseLoginsItPrints) {
     const Outcome made = run("sample 样板.db --leads 60 --units 40 --staff 20 --today=2011-03-05");
     EXPECT_EQ(made.code, 0) << made.output;
     EXPECT_TRUE(made.tells("YZ_引驻客户信息 60 行"));
+    // The program that prints its invoices is the one beside the tool.
+    std::ifstream file(folder / "样板.db", std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(file)), {});
+    EXPECT_NE(bytes.find(fs::path(ADMIN_PROGRAM).parent_path().string() + "/tax-program"), std::string::npos);
     const Outcome logins = run("logins 样板.db");
     EXPECT_EQ(logins.code, 0) << logins.output;
     EXPECT_TRUE(logins.tells("1002    hx1002"));

@@ -45,7 +45,7 @@ TEST_F(AtTheDevice, CannotHaveItsLogInMinimised) {
 TEST_F(AtTheDevice, TakesItsFieldsInAFixedOrder) {
     logIn();
     press(Qt::Key_F2);
-    EXPECT_EQ(form().number.selectedText(), "30843601");
+    EXPECT_EQ(form().number.selectedText(), "30843100");
     QStringList passed;
     for (int i = 0; i < 15; ++i) {
         passed << focused();
@@ -71,10 +71,10 @@ TEST_F(AtTheDevice, GivesItsNumberToTheClipboard) {
         QApplication::clipboard()->clear();
         press(Qt::Key_F2);
         press(Qt::Key_C, with);
-        EXPECT_EQ(QApplication::clipboard()->text(), "30843601");
+        EXPECT_EQ(QApplication::clipboard()->text(), "30843100");
     }
     press(Qt::Key_9);
-    EXPECT_EQ(form().number.text(), "30843601") << "it is the device's";
+    EXPECT_EQ(form().number.text(), "30843100") << "it is the device's";
 }
 
 TEST_F(AtTheDevice, WritesOneLineAFieldInItsJournal) {
@@ -88,19 +88,19 @@ TEST_F(AtTheDevice, WritesOneLineAFieldInItsJournal) {
     EXPECT_EQ(form().words.text(), "伍万零柒拾捌元整");
     press(Qt::Key_F9);
     EXPECT_EQ(journal(),
-              (QStringList{"发票号码：30843601", "开票日期：" + QDate::currentDate().toString("yyyy-MM-dd"),
+              (QStringList{"发票号码：30843100", "开票日期：" + QDate::currentDate().toString("yyyy-MM-dd"),
                            "付款单位：盛远国际+(上海){有限}公司", "经营项目：0101 租金", "单价：50000",
                            "数量：1", "金额：50000.00", "经营项目：0102 物业管理费", "单价：6.5", "数量：12",
                            "金额：78.00", "合计金额：50078.00", "大写金额：伍万零柒拾捌元整", "备注：一季度",
                            "开票人：01", "", ""}));
-    EXPECT_EQ(news(), "发票 30843601 已打印\n\n盛远国际+(上海){有限}公司\n合计 50078.00 元");
+    EXPECT_EQ(news(), "发票 30843100 已打印\n\n盛远国际+(上海){有限}公司\n合计 50078.00 元");
     press(Qt::Key_F9);
     EXPECT_EQ(journal().size(), 17) << "there is nothing to print";
 
     begin("启明");
     fillLine("0201", "1", "1", "1");
     press(Qt::Key_F9);
-    EXPECT_EQ(journal().mid(16, 1), QStringList("发票号码：30843602"));
+    EXPECT_EQ(journal().mid(16, 1), QStringList("发票号码：30843101"));
     EXPECT_TRUE(journal().contains("备注："));
 }
 
@@ -186,18 +186,18 @@ TEST_F(AtTheDevice, TakesThePrintedInvoiceBackOnce) {
     press(Qt::Key_F9);
     press(Qt::Key_F5);
     EXPECT_EQ(focused(), "退票号码");
-    EXPECT_EQ(program->main->takeBack.number.selectedText(), "30843601");
+    EXPECT_EQ(program->main->takeBack.number.selectedText(), "30843100");
     press(Qt::Key_Tab);
     type("打印内容有误");
     press(Qt::Key_Return);
-    EXPECT_EQ(news(), "发票 30843601 已退票");
+    EXPECT_EQ(news(), "发票 30843100 已退票");
     const QStringList end = journal().mid(journal().size() - 6);
     EXPECT_EQ(end,
-              (QStringList{"退票号码：30843601", "退票日期：" + QDate::currentDate().toString("yyyy-MM-dd"),
+              (QStringList{"退票号码：30843100", "退票日期：" + QDate::currentDate().toString("yyyy-MM-dd"),
                            "退票原因：打印内容有误", "操作员：01", "", ""}));
     press(Qt::Key_F5);
     press(Qt::Key_Return);
-    EXPECT_EQ(boxSays(), "没有可退的发票 30843601");
+    EXPECT_EQ(boxSays(), "没有可退的发票 30843100");
 }
 
 TEST_F(AtTheDevice, RemembersWhereItsRollIs) {
@@ -208,11 +208,11 @@ TEST_F(AtTheDevice, RemembersWhereItsRollIs) {
     program.reset();
     logIn();
     press(Qt::Key_F2);
-    EXPECT_EQ(form().number.text(), "30843602");
+    EXPECT_EQ(form().number.text(), "30843101");
     press(Qt::Key_F8);
     auto* question = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
     ASSERT_NE(question, nullptr);
-    EXPECT_EQ(question->textValue(), "30843602");
+    EXPECT_EQ(question->textValue(), "30843101");
     question->setTextValue("00000099");
     question->accept();
     EXPECT_EQ(news(), "已装入起始号码为 00000099 的发票卷");
@@ -257,7 +257,7 @@ TEST_F(AtTheDevice, RefusesToPrintAndKeepsTheNumber) {
     EXPECT_EQ(boxSays(), "打印机未联机");
     EXPECT_TRUE(journal().isEmpty());
     press(Qt::Key_F2);
-    EXPECT_EQ(form().number.text(), "30843601");
+    EXPECT_EQ(form().number.text(), "30843100");
 }
 
 TEST_F(AtTheDevice, SaysThatItsJournalCannotBeWritten) {
@@ -268,7 +268,7 @@ TEST_F(AtTheDevice, SaysThatItsJournalCannotBeWritten) {
     press(Qt::Key_F9);
     EXPECT_EQ(boxSays(), "无法写入 " + folder.path());
     press(Qt::Key_F2);
-    EXPECT_EQ(form().number.text(), "30843601");
+    EXPECT_EQ(form().number.text(), "30843100");
 }
 
 TEST_F(AtTheDevice, DiesAtAFieldOfTheInvoice) {

@@ -12,6 +12,7 @@
 #include "db/recordset.h"
 #include "db/statement.h"
 #include "platform/clock.h"
+#include "platform/files.h"
 #include "sample/sample.h"
 #include "schema/definition.h"
 
@@ -104,7 +105,7 @@ void sample(const std::vector<std::string>& words) {
     try {
         embedded::createDatabase(unfinished);
         Connection connection = openFile(unfinished);
-        sample::fill(connection, size, today);
+        sample::fill(connection, size, today, SystemFiles::executableDirectory() + "/tax-program");
         printContents(connection);
         connection = Connection();
         fs::rename(unfinished, file);

@@ -6,7 +6,6 @@
 
 #include "db/statement.h"
 #include "sample/filler.h"
-#include "sample/tax_device.h"
 
 namespace desk::sample {
 
@@ -17,9 +16,11 @@ struct Account {
     const char* 科目名称;
 };
 
-constexpr std::array<Account, 5> accounts = {{{"224101", "其他应付款—租金意向金"},
+constexpr std::array<Account, 7> accounts = {{{"224101", "其他应付款—租金意向金"},
                                               {"224102", "其他应付款—物业管理费意向金"},
                                               {"224103", "其他应付款—装修押金"},
+                                              {"224104", "其他应付款—水电押金"},
+                                              {"224105", "其他应付款—钥匙押金"},
                                               {"600101", "主营业务收入—租金"},
                                               {"600102", "主营业务收入—物业管理费"}}};
 
@@ -36,6 +37,7 @@ constexpr std::array<TicketKind, 3> ticketKinds = {{{"1", "税控发票", true, 
                                                     {"3", "定额发票", false, true, 1}}};
 
 constexpr int ticketsABook = 50;
+constexpr int ticketsOnARoll = 100;
 constexpr const char* taxTicket = "1 税控发票";
 
 /// One blank ticket.
@@ -51,45 +53,74 @@ void addCharges(Connection& connection) {
     rows.add({"YJ01", "租金意向金", "押金", "224101", "1"});
     rows.add({"YJ02", "物业管理费意向金", "押金", "224102", "1"});
     rows.add({"YJ03", "装修押金", "押金", "224103", "2"});
+    rows.add({"YJ04", "水电押金", "押金", "224104", "1"});
+    rows.add({"YJ05", "钥匙押金", "押金", "224105", "1"});
     rows.add({"ZJ01", "租金", "租金", "600101", "1"});
     rows.add({"WG01", "物业管理费", "物业费", "600102", "1"});
 }
 
-/// Books of tickets drawn by the cashier's department, which shares them with the sales department. One book
-/// has come to its end, one was given back. Gives the blank tickets for the tax device.
-std::vector<Ticket> addTickets(Connection& connection, const Organisation& organisation,
-                               const DateTime& today) {
-    Filler kinds(connection, "票据类型", {"票据类型代号", "票据类型", "税控", "定额"});
-    Filler books(connection, "票据入库单", {"入库单编号", "票据类型编号", "税控"});
-    Filler drawn(connection, "票据领用记录", {"票据领用记录编号", "领用部门代号"});
-    Filler list(connection, "票据领用清单", {"领用记录编号", "入库单编号", "核销日期", "归还日期"});
-    Filler tickets(connection, "票据", {"入库单编号", "票据编号", "作废日期"});
-    Filler shared(connection, "票据共用设置", {"领用部门编号", "共用部门编号"});
-
-    std::vector<Ticket> blank;
-    drawn.add({"LY0001", organisation.cashierDepartment});
-    shared.add({organisation.cashierDepartment, "101"});
-    int book = 0;
-    for (const TicketKind& kind : ticketKinds) {
-        kinds.add({kind.票据类型代号, kind.票据类型, kind.税控 ? Value(true) : Value(), kind.定额});
-        for (int i = 0; i < kind.books; ++i) {
-            const std::string number = fmt::format("RK{:04}", ++book);
-            books.add({number, kind.票据类型代号, kind.税控});
-            list.add({"LY0001", number, {}, {}});
-            for (int ticket = 0; ticket < ticketsABook; ++ticket) {
-                const Ticket made{number, fmt::format("{:08}", 30'843'000 + book * 100 + ticket)};
-                const bool spoilt = ticket == ticketsABook / 2;
-                tickets.add({made.入库单编号, made.票据编号, spoilt ? Value(today.plusDays(-30)) : Value()});
-                if (kind.税控 && !spoilt) blank.push_back(made);
-            }
-        }
+/// The books of tickets, drawn by the cashier's department, which shares them with the sales department.
+class Stock {
+  public:
+    Stock(Connection& connection, const Organisation& organisation, const DateTime& today)
+        : books_(connection, "票据入库单", {"入库单编号", "票据类型编号", "税控"}),
+          list_(connection, "票据领用清单", {"领用记录编号", "入库单编号", "核销日期", "归还日期"}),
+          tickets_(connection, "票据", {"入库单编号", "票据编号", "作废日期"}),
+          today_(today) {
+        Filler drawn(connection, "票据领用记录", {"票据领用记录编号", "领用部门代号"});
+        drawn.add({draw, organisation.cashierDepartment});
+        Filler shared(connection, "票据共用设置", {"领用部门编号", "共用部门编号"});
+        shared.add({organisation.cashierDepartment, "101"});
+        Filler kinds(connection, "票据类型", {"票据类型代号", "票据类型", "税控", "定额"});
+        for (const TicketKind& kind : ticketKinds)
+            kinds.add({kind.票据类型代号, kind.票据类型, kind.税控 ? Value(true) : Value(), kind.定额});
     }
-    books.add({"RK0090", "1", true});
-    list.add({"LY0001", "RK0090", today.plusDays(-200), {}});
-    books.add({"RK0091", "1", true});
-    list.add({"LY0001", "RK0091", {}, today.plusDays(-150)});
-    return blank;
-}
+
+    /// The tickets that the tax device has in it, none of them used.
+    void addRoll() { addBook(ticketKinds[0], ticketsOnARoll, notSpoilt); }
+
+    /// Books of all kinds, a ticket of each spoilt. Gives the blank tickets of the tax books.
+    std::vector<Ticket> addBooks() {
+        std::vector<Ticket> blank;
+        for (const TicketKind& kind : ticketKinds)
+            for (int i = 0; i < kind.books; ++i)
+                for (Ticket& ticket : addBook(kind, ticketsABook, ticketsABook / 2))
+                    if (kind.税控) blank.push_back(std::move(ticket));
+        return blank;
+    }
+
+    /// One that has come to its end and one that was given back.
+    void addClosedBooks() {
+        books_.add({"RK0090", "1", true});
+        list_.add({draw, "RK0090", today_.plusDays(-200), {}});
+        books_.add({"RK0091", "1", true});
+        list_.add({draw, "RK0091", {}, today_.plusDays(-150)});
+    }
+
+  private:
+    static constexpr const char* draw = "LY0001";
+    static constexpr int notSpoilt = -1;
+
+    std::vector<Ticket> addBook(const TicketKind& kind, int count, int spoilt) {
+        const std::string number = fmt::format("RK{:04}", ++lastBook_);
+        books_.add({number, kind.票据类型代号, kind.税控});
+        list_.add({draw, number, {}, {}});
+        std::vector<Ticket> blank;
+        for (int i = 0; i < count; ++i) {
+            const Ticket made{number, fmt::format("{:08}", 30'843'000 + lastBook_ * 100 + i)};
+            tickets_.add(
+                {made.入库单编号, made.票据编号, i == spoilt ? Value(today_.plusDays(-30)) : Value()});
+            if (i != spoilt) blank.push_back(made);
+        }
+        return blank;
+    }
+
+    Filler books_;
+    Filler list_;
+    Filler tickets_;
+    DateTime today_;
+    int lastBook_ = 0;
+};
 
 /// The till: takes deposits with the tickets that are left.
 class Till {
@@ -194,8 +225,10 @@ void refund(Connection& connection, const Organisation& organisation, const Pass
 void addMoney(Connection& connection, Random& random, const Organisation& organisation,
               const std::vector<PassedLetter>& letters, const DateTime& today) {
     addCharges(connection);
-    Till till(connection, organisation, addTickets(connection, organisation, today));
-    addTaxDevice(connection, organisation, today);
+    Stock stock(connection, organisation, today);
+    stock.addRoll();
+    Till till(connection, organisation, stock.addBooks());
+    stock.addClosedBooks();
     bool refunded = false;
     for (const PassedLetter& letter : letters) {
         DateTime when = letter.passed.plusDays(random.between(1, 3));

@@ -7,6 +7,7 @@
 #include "sample/money.h"
 #include "sample/organisation.h"
 #include "sample/property.h"
+#include "sample/tax_device.h"
 
 namespace desk::sample {
 
@@ -14,7 +15,7 @@ namespace {
 
 constexpr std::size_t leadsALetter = 50;
 
-void fillAll(Connection& connection, const Size& size, const DateTime& today) {
+void fillAll(Connection& connection, const Size& size, const DateTime& today, std::string_view taxProgram) {
     std::uint64_t lastStream = 0;
     const auto stream = [&] { return Random(size.seed, ++lastStream); };
     Random forPeople = stream();
@@ -32,13 +33,14 @@ void fillAll(Connection& connection, const Size& size, const DateTime& today) {
     const auto most = static_cast<std::size_t>(size.leads) / leadsALetter;
     const auto passed = addLetters(connection, forLetters, organisation, prospects, free, most, today);
     addMoney(connection, forMoney, organisation, passed, today);
+    addTaxDevice(connection, organisation, today, taxProgram);
 }
 
 }  // namespace
 
-void fill(Connection& connection, const Size& size, const DateTime& today) {
+void fill(Connection& connection, const Size& size, const DateTime& today, std::string_view taxProgram) {
     Transaction all(connection);
-    fillAll(connection, size, today);
+    fillAll(connection, size, today, taxProgram);
     all.commit();
 }
 

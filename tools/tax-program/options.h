@@ -10,7 +10,7 @@ namespace desk::tax {
 struct Options {
     QString folder;   ///< where it keeps its settings, by default the user's folder for data
     QString journal;  ///< what was printed, by default in that folder
-    QString firstNumber = "30843601";
+    QString firstNumber = "30843100";
     QString user = "01";
     QString password = "123456";
     QString title = "税控发票开票软件";

@@ -21,7 +21,8 @@ void prepare(const std::string& folder) {
     connection.open("Initial Catalog='" + file + "';Data Source='(embedded)'", std::chrono::seconds(10));
     sample::Size size;
     size.leads = 300;
-    sample::fill(connection, size, SystemClock().today());
+    sample::fill(connection, size, SystemClock().today(),
+                 SystemFiles::executableDirectory() + "/tax-program");
     IniSettings settings(folder);
     settings.write("鸿序楼台", "DBConfig", "Svr", "(embedded)");
     settings.write("鸿序楼台", "DBConfig", "DBname", file);
