@@ -28,23 +28,6 @@ std::string workbookName(const std::string& name) {
     return hasEnding ? name : name + ".xls";
 }
 
-/// Shows how far long work is, and takes the display away however it ends.
-class Progress {
-  public:
-    Progress(Desktop& desktop, std::string what, long total)
-        : desktop_(desktop), what_(std::move(what)), total_(total) {}
-    ~Progress() { desktop_.showProgress(what_, 0, 0); }
-    Progress(const Progress&) = delete;
-    Progress& operator=(const Progress&) = delete;
-
-    void done(long count) { desktop_.showProgress(what_, count, total_); }
-
-  private:
-    Desktop& desktop_;
-    std::string what_;
-    long total_;
-};
-
 }  // namespace
 
 FrmToExcel::FrmToExcel(Application& app)
@@ -136,11 +119,12 @@ void FrmToExcel::tellWhere() {
 void FrmToExcel::write(Grid& grid) {
     const std::string& path = 文件.text();
     if (!app_.platform.files.exists(path)) app_.platform.spreadsheets.create(path);
-    Progress progress(app_.desktop, "正在输出到Excel…", grid.rows());
+    Progress progress(app_.desktop);
     const ExportTitles titles{文档标题.text(), tag,
                               "打印日期：" + formatDate(app_.platform.clock.now(), dayPicture)};
-    const Worksheet sheet =
-        exportSheet(grid, chosenColumns(), 工作表名称.text(), titles, [&](int rows) { progress.done(rows); });
+    const Worksheet sheet = exportSheet(grid, chosenColumns(), 工作表名称.text(), titles, [&](int rows) {
+        progress.show("正在输出到Excel…", rows, grid.rows());
+    });
     app_.platform.spreadsheets.put(path, sheet);
 }
 

@@ -202,16 +202,19 @@ void QtDesktop::notify(std::string_view shown) {
     if (main_ != nullptr) main_->notify(text(shown));
 }
 
-void QtDesktop::showProgress(std::string_view what, long done, long total) {
+bool QtDesktop::showProgress(std::string_view what, long done, long total, Stopping stopping) {
     if (total == 0) {
         progress_.reset();
-        return;
+        return true;
     }
     if (!progress_) {
         progress_ = std::make_unique<QProgressDialog>(QApplication::activeWindow());
         progress_->setWindowTitle(模块名);
         progress_->setWindowModality(Qt::ApplicationModal);
-        progress_->setCancelButton(nullptr);
+        if (stopping == Stopping::possible)
+            progress_->setCancelButtonText("取消");
+        else
+            progress_->setCancelButton(nullptr);
         progress_->setMinimumDuration(400);
         progress_->setAutoReset(false);
         progress_->setAutoClose(false);
@@ -219,6 +222,7 @@ void QtDesktop::showProgress(std::string_view what, long done, long total) {
     progress_->setLabelText(text(what));
     progress_->setMaximum(static_cast<int>(total));
     progress_->setValue(static_cast<int>(done));
+    return stopping == Stopping::impossible || !progress_->wasCanceled();
 }
 
 void QtDesktop::letEventsRun() {

@@ -41,7 +41,7 @@ class QtDesktop : public Desktop {
     std::optional<Picture> loadPicture(std::string_view path) override;
     void setBusy(bool busy) override;
     void notify(std::string_view text) override;
-    void showProgress(std::string_view what, long done, long total) override;
+    bool showProgress(std::string_view what, long done, long total, Stopping stopping) override;
     void letEventsRun() override;
     [[noreturn]] void endProcess() override;
 

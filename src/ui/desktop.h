@@ -35,6 +35,9 @@ struct FileQuestion {
     std::string proposal;  ///< the name that stands there at first
 };
 
+/// Whether a person may stop long work before its end.
+enum class Stopping { impossible, possible };
+
 /// Thrown by endProcess() where the process does not really end, as under tests.
 struct ProcessEnded {};
 
@@ -71,8 +74,9 @@ class Desktop {
     virtual void setBusy(bool busy) = 0;
     /// Tells in passing that something is done, for some seconds and without a box to answer.
     virtual void notify(std::string_view text) = 0;
-    /// Long work has done `done` of `total`; a total of 0 takes the display away.
-    virtual void showProgress(std::string_view what, long done, long total) = 0;
+    /// Long work has done `done` of `total`; a total of 0 takes the display away. Events may run meanwhile.
+    /// False when the person has asked it to stop, which is offered where that is possible.
+    virtual bool showProgress(std::string_view what, long done, long total, Stopping stopping) = 0;
     virtual void letEventsRun() = 0;
 
     /// Ends the process at once.
@@ -89,6 +93,25 @@ class Hourglass {
 
   private:
     Desktop& desktop_;
+};
+
+/// Shows how far long work is, and takes the display away however it ends.
+class Progress {
+  public:
+    explicit Progress(Desktop& desktop, Stopping stopping = Stopping::impossible)
+        : desktop_(desktop), stopping_(stopping) {}
+    ~Progress() { desktop_.showProgress({}, 0, 0, stopping_); }
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    /// `total` must not be 0. Whether the work is to go on.
+    bool show(std::string_view what, long done, long total) {
+        return desktop_.showProgress(what, done, total, stopping_);
+    }
+
+  private:
+    Desktop& desktop_;
+    Stopping stopping_;
 };
 
 }  // namespace desk

@@ -82,6 +82,12 @@ std::string ScriptedDesktop::shortDate(const DateTime& day) {
     return formatDate(day, "YYYY/M/D");
 }
 
+bool ScriptedDesktop::showProgress(std::string_view what, long done, long total, Stopping stopping) {
+    showsProgress = total != 0;
+    const bool goesOn = !showsProgress || watcher(what, done, total);
+    return goesOn || stopping == Stopping::impossible;
+}
+
 std::optional<Picture> ScriptedDesktop::loadPicture(std::string_view) {
     return pictureOnDisk;
 }

@@ -21,6 +21,9 @@ class ScriptedDesktop : public Desktop {
     std::deque<std::optional<Colour>> colours;
     std::deque<std::optional<std::string>> files;
     std::optional<Picture> pictureOnDisk;
+    /// Asked at every report of long work: whether it goes on.
+    std::function<bool(std::string_view what, long done, long total)> watcher = [](std::string_view, long,
+                                                                                   long) { return true; };
 
     /// Told at once of what screens ask for, in words.
     std::function<void(const std::string&)> note = [](const std::string&) {};
@@ -31,6 +34,7 @@ class ScriptedDesktop : public Desktop {
     std::vector<std::string> shown;           ///< names of screens shown, in order
     std::vector<std::string> closed;          ///< names of windows taken away
     int busyDepth = 0;
+    bool showsProgress = false;
     Screens* screens = nullptr;
 
     /// The text of the last box, and forgets all boxes.
@@ -48,7 +52,7 @@ class ScriptedDesktop : public Desktop {
     std::optional<Picture> loadPicture(std::string_view path) override;
     void setBusy(bool busy) override { busyDepth += busy ? 1 : -1; }
     void notify(std::string_view text) override { notices.emplace_back(text); }
-    void showProgress(std::string_view, long, long) override {}
+    bool showProgress(std::string_view what, long done, long total, Stopping stopping) override;
     void letEventsRun() override {}
     [[noreturn]] void endProcess() override { throw ProcessEnded(); }
 };
