@@ -75,6 +75,9 @@ ChildWindow::ChildWindow(Screens& screens, Screen& screen, QWidget* content, QMd
     follow(this, screen.maximiseAsked, [this] {
         if (!isMaximized()) showMaximized();
     });
+    follow(this, screen.restoreAsked, [this] {
+        if (isMaximized() || isMinimized()) showNormal();
+    });
     connect(this, &QMdiSubWindow::aboutToActivate, &listening_, [this] {
         // A click on a field of a window at the back leads there.
         if (QWidget* clicked = QApplication::focusWidget(); holds(clicked)) field_ = clicked;

@@ -13,16 +13,20 @@ namespace desk {
 
 namespace {
 
-constexpr double marginTwips = 90;
+/// The width of the column's longest text with a margin.
+double widestText(Application& app, const Grid& grid, int column, const Screen& form, double margin) {
+    double width = 0;
+    for (int row = 0; row < grid.rows(); ++row)
+        width = std::max(width, app.desktop.textWidth(form, grid.text(row, column)) + margin);
+    return width;
+}
 
 /// The width of the column's longest text with its margin, nothing for a column of general alignment or
 /// without rows.
 std::optional<int> fittingWidth(Application& app, const Grid& grid, int column, const Screen& form) {
+    constexpr double margin = 90;
     if (grid.fixedAlignment(column) == Align::general || grid.rows() == 0) return std::nullopt;
-    double width = 0;
-    for (int row = 0; row < grid.rows(); ++row)
-        width = std::max(width, app.desktop.textWidth(form, grid.text(row, column)) + marginTwips);
-    return static_cast<int>(width);
+    return static_cast<int>(widestText(app, grid, column, form, margin));
 }
 
 }  // namespace
@@ -42,6 +46,13 @@ void 列宽自适应1(Application& app, Grid& grid, const Screen& form) {
     const Batch widths(grid);
     for (int column = 1; column < grid.columns(); ++column)
         grid.setColumnWidth(column, fittingWidth(app, grid, column, form).value_or(0));
+}
+
+void GridFit(Application& app, Grid& grid, const Screen& form) {
+    constexpr double margin = 180;
+    const Batch widths(grid);
+    for (int column = 1; column < grid.columns(); ++column)
+        grid.setColumnWidth(column, static_cast<int>(widestText(app, grid, column, form, margin)));
 }
 
 void 读取专项审核权限(Application& app) {

@@ -21,6 +21,10 @@ void 列宽自适应(Application& app, Grid& grid, const Screen& form);
 /// As above without column 0, and a column of general alignment disappears.
 void 列宽自适应1(Application& app, Grid& grid, const Screen& form);
 
+/// Fits each column but column 0 to its longest text, header included, measured in the font of `form`, and a
+/// margin of 180 twips, whatever its alignment.
+void GridFit(Application& app, Grid& grid, const Screen& form);
+
 /// Sets `专项审核权限`: whether the position sees across departments.
 void 读取专项审核权限(Application& app);
 

@@ -54,6 +54,8 @@ class Screen {
     /// Asked by the screen.
     void moveTo(double left, double top);
     void maximise() { maximiseAsked(); }
+    /// Asks that its window be neither maximised nor minimised.
+    void restore() { restoreAsked(); }
 
     /// Whether it is in use: false from its last step on, though the object lives until no handler runs.
     bool isThere() const { return *there_; }
@@ -67,6 +69,7 @@ class Screen {
 
     Signal<> touched;  ///< caption or place is new
     Signal<> maximiseAsked;
+    Signal<> restoreAsked;
     Signal<> gone;  ///< it has been unloaded and will not be shown again
 
   private:

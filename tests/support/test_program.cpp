@@ -14,8 +14,14 @@ void RecordingFiles::write(std::string_view path, std::string_view bytes) {
     written[std::string(path)] = bytes;
 }
 
+void MemorySpreadsheets::create(const std::string& path) {
+    books[path].clear();
+    if (real != nullptr) real->create(path);
+}
+
 void MemorySpreadsheets::put(const std::string& path, const Worksheet& sheet) {
     if (!refusal.empty()) throw RuntimeFailure(failure::spreadsheet, refusal);
+    if (real != nullptr) real->put(path, sheet);
     // What the sheet refers to is read now, as a real workbook does.
     Worksheet whole = sheet;
     const auto& table = sheet.table();

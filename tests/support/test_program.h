@@ -44,11 +44,13 @@ class RecordingFiles : public Files {
 };
 
 /// Keeps the workbooks in memory, each as the sheets that were put into it; `refusal` makes a save fail.
+/// `real` writes them, too, where it is set.
 class MemorySpreadsheets : public Spreadsheets {
   public:
     std::map<std::string, std::vector<Worksheet>> books;
     std::string refusal;
-    void create(const std::string& path) override { books[path].clear(); }
+    Spreadsheets* real = nullptr;
+    void create(const std::string& path) override;
     void put(const std::string& path, const Worksheet& sheet) override;
 };
 

@@ -46,7 +46,7 @@ class WorkbookTest : public testing::Test {
 
     /// The workbook as xlrd sees it.
     static std::vector<std::string> readBack(const std::string& file) {
-        return run("/usr/bin/python3 " TEST_FOLDER "/read_back.py '" + file + "'");
+        return run("/usr/bin/python3 " TEST_FOLDER "/../xls/read_back.py '" + file + "'");
     }
     static std::vector<std::string> linesOf(const std::vector<std::string>& all, const std::string& kind) {
         std::vector<std::string> found;
