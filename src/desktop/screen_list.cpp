@@ -27,7 +27,7 @@ std::unique_ptr<Screen> make(Application& app) {
 }
 
 /// A screen whose window holds what `layOut` makes.
-template <class S, QWidget* (*layOut)(S&)>
+template <class S, auto layOut>
 constexpr KnownScreen screen() {
     return {S::screenName, make<S>, [](Screen& shown) { return layOut(static_cast<S&>(shown)); }};
 }
@@ -50,6 +50,8 @@ const std::vector<KnownScreen>& screenList() {
         screen<Frm客户跟进信息分配, layoutOfAssignment>(),
         screen<Frm客户跟进记录, layoutOfFollowUp>(),
         screen<Frm客户跟进状态分析, layoutOfStatusAnalysis>(),
+        screen<Frm每周来电统计分析, layoutOfWeekly>(),
+        screen<Frm每周来客统计分析, layoutOfWeekly>(),
         screen<FrmToExcel, layoutOfExport>(),
         screen<Frm人员设置, layoutOfPersonnel>(),
         screen<Frm中介公司设置, layoutOfAgencies>(),

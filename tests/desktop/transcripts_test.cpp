@@ -27,7 +27,7 @@ bool endsTheProcess(const std::string& script) {
 
 std::vector<std::string> scripts() {
     std::vector<std::string> all;
-    for (const std::string room : {"customers", "reference", "intent"})
+    for (const std::string room : {"customers", "reference", "intent", "analysis"})
         for (const auto& name : transcriptsIn(TEST_FOLDER "/../" + room + "/transcripts"))
             if (const auto script = room + "/transcripts/" + name; !endsTheProcess(script))
                 all.push_back(script);

@@ -1,6 +1,8 @@
 #include "every_screen/walks.h"
 
 #include "analysis/status_analysis.h"
+#include "analysis/weekly_analysis.h"
+#include "base/text.h"
 #include "customers/assignment.h"
 #include "customers/follow_up.h"
 #include "customers/registration.h"
@@ -531,6 +533,49 @@ Walk unitMap() {
               }}}};
 }
 
+template <class S>
+void weeklySteps(std::vector<Step>& steps) {
+    steps.push_back(opening<S>());
+    steps.push_back({"统计", [](Scene& scene) {
+                         S& screen = scene.screen<S>();
+                         screen.选择区域.pick(screen.选择区域.count() - 1);
+                         screen.开始日期.pick({2011, 3, 1});
+                         screen.结束日期.pick({2011, 3, 2});
+                         screen.全部.click();
+                         screen.统计.click();
+                     }});
+}
+
+/// A property whose code is the text counts its visits and calls.
+Walk weekly() {
+    Walk walk{"每周统计",
+              [](Scene& scene) {
+                  const auto& text = scene.text;
+                  const std::string code(codeBeforeBlank(text));
+                  auto& db = scene.program.db();
+                  db.execute(sql("Insert Into 设置管理处 (GYD_DH,GYD_Name) Values ('{}','{}')", code, text));
+                  db.execute(
+                      sql("Insert Into 职能部门对应管理项目设置 (职能部门编号,管理处代号) Values "
+                          "('{}','{}')",
+                          text, code));
+                  int lead = 0;
+                  for (const char* source : {"引驻来人", "引驻来电"})
+                      for (const int day : {1, 2})
+                          db.execute(
+                              sql("Insert Into YZ_引驻客户信息 (登记编号,管理处代号,客源类别,登记日期,媒体,"
+                                  "需求面积,预算租金) Values ('{}','{}','{}','2011-3-{}','网络,{}',100,3)",
+                                  ++lead, code, source, day, text));
+                  scene.program.enter();
+                  scene.program.app.session.登录部门编号 = text;
+                  scene.program.app.screens.offer<Frm每周来客统计分析>(scene.program.app);
+                  scene.program.app.screens.offer<Frm每周来电统计分析>(scene.program.app);
+              },
+              {}};
+    weeklySteps<Frm每周来客统计分析>(walk.steps);
+    weeklySteps<Frm每周来电统计分析>(walk.steps);
+    return walk;
+}
+
 }  // namespace
 
 const std::vector<Walk>& walks() {
@@ -552,6 +597,7 @@ const std::vector<Walk>& walks() {
         approvalPath(),
         approval(),
         unitMap(),
+        weekly(),
     };
     return all;
 }

@@ -22,6 +22,19 @@ QWidget* layoutOfStatusAnalysis(Frm客户跟进状态分析& screen) {
     return whole;
 }
 
+QWidget* layoutOfWeekly(每周统计分析& screen) {
+    auto* span = fields({{"从", screen.开始日期}, {"至", screen.结束日期}});
+    auto* items = framed(screen.项目, rows({plain(screen.全部), plain(screen.统计项目, "统计项目")}, {0, 1}));
+    auto* left = rows({fields({{"选择区域", screen.选择区域}}), group("统计时段", span), items,
+                       buttons({&screen.统计, &screen.输出, &screen.退出})},
+                      {0, 0, 1, 0});
+    auto* whole =
+        rows({folding(screen.条件, left, plain(screen.统计结果, "统计结果"), {2, 7}), plain(screen.状态栏)},
+             {1, 0});
+    whole->setContentsMargins(6, 6, 6, 4);
+    return whole;
+}
+
 QWidget* layoutOfExport(FrmToExcel& screen) {
     auto* file = columns({plain(screen.文件), plain(screen.Command1)}, {1, 0});
     auto* whole =

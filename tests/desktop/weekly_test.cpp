@@ -1,0 +1,291 @@
+#include "analysis/weekly_analysis.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QMainWindow>
+#include <QMdiSubWindow>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+#include <QTimer>
+#include <QTreeView>
+
+#include "analysis/excel_export.h"
+#include "desktop/binding.h"
+#include "desktop/person.h"
+#include "desktop/qt_desktop.h"
+#include "desktop/screen_list.h"
+#include "session/main_window.h"
+#include "support/test_program.h"
+
+namespace desk::desktop {
+namespace {
+
+void addLeads(TestProgram& program) {
+    addOfficesAndDictionaries(program);
+    program.run(
+        {"Insert Into YZ_引驻客户信息 (登记编号,管理处代号,客源类别,登记日期,媒体,需求面积) Values "
+         "('1','01','引驻来人','2011-3-5','报纸',100)",
+         "Insert Into YZ_引驻客户信息 (登记编号,管理处代号,客源类别,登记日期,媒体,需求面积) Values "
+         "('2','01','引驻来人','2011-3-4','网络',80)"});
+}
+
+struct ProgramWithLeads : TestProgram {
+    ProgramWithLeads() {
+        openDatabase();
+        addLeads(*this);
+        offerScreens(app);
+        enter();
+    }
+};
+
+/// The screen of the visits as it is laid out, before a person.
+class WeeklyByHand : public testing::Test {
+  protected:
+    std::string ticked() const {
+        std::string keys;
+        for (const TreeNode* node : screen.统计项目.roots())
+            if (node->checked()) keys += std::string(node->key()) + " ";
+        return keys;
+    }
+    QTreeView& tree() const { return person.at<QTreeView>(screen.统计项目); }
+    /// The middle of the node's box.
+    QPoint boxOf(int row) const {
+        const QRect line = tree().visualRect(tree().model()->index(row, 0));
+        return {line.left() + tree().style()->pixelMetric(QStyle::PM_IndicatorWidth) / 2 + 2,
+                line.center().y()};
+    }
+    int leftOf(const Control& control) const {
+        return person.at(control).mapTo(&person.window(), QPoint(0, 0)).x();
+    }
+
+    ProgramWithLeads program;
+    Frm每周来客统计分析& screen = program.app.screens.get<Frm每周来客统计分析>();
+    Person person{layoutOf(screen)};
+};
+
+TEST_F(WeeklyByHand, ViewsAreTickedAtTheirBoxesAndByTheSpaceBar) {
+    Person::click(viewportOf(tree()), boxOf(1));
+    EXPECT_EQ(ticked(), "QU ");
+    // A click on the text goes there, and no further.
+    Person::click(viewportOf(tree()), lineOf(tree(), {3}));
+    EXPECT_EQ(ticked(), "QU ");
+    EXPECT_EQ(screen.统计项目.selected()->key(), "XZ");
+    person.press({Qt::Key_Space});
+    EXPECT_EQ(ticked(), "QU XZ ");
+    person.press({Qt::Key_Up, Qt::Key_Up, Qt::Key_Space});
+    EXPECT_EQ(ticked(), "XZ ");
+    Person::click(viewportOf(tree()), boxOf(7), Qt::RightButton);
+    EXPECT_EQ(ticked(), "XZ ");
+    QWidget& all = person.at(screen.全部);
+    Person::click(all, QPoint(8, all.height() / 2));
+    EXPECT_EQ(ticked(), "MT QU HY XZ XW YS LR MJ ");
+    Person::click(viewportOf(tree()), boxOf(0));
+    EXPECT_EQ(ticked(), "QU HY XZ XW YS LR MJ ");
+    EXPECT_TRUE(screen.全部.checked());
+    screen.全部.focus();
+    person.press({Qt::Key_Space});
+    EXPECT_EQ(ticked(), "");
+}
+
+TEST_F(WeeklyByHand, KeysAloneLeadFromTheOfficeToTheTable) {
+    EXPECT_EQ(Person::focused(), "选择区域");
+    person.press({Qt::Key_Down});
+    EXPECT_EQ(screen.选择区域.text(), "01 东塔");
+    std::string way;
+    std::string last = Person::focused();
+    int steps = 0;
+    // Of a day each part takes a step.
+    for (; last != "统计结果" && steps < 20; ++steps) {
+        person.press({Qt::Key_Tab});
+        if (Person::focused() != last) way += Person::focused() + " ";
+        last = Person::focused();
+    }
+    EXPECT_EQ(way, "开始日期 结束日期 全部 统计项目 统计 输出 退出 隐藏 统计结果 ");
+    person.backTab(steps);
+    EXPECT_EQ(Person::focused(), "选择区域");
+    person.press({Qt::Key_Return});
+    EXPECT_EQ(Person::focused(), "开始日期");
+    // The days as they are typed, part after part.
+    person.press({Qt::Key_Home});
+    person.type("2011-03-04");
+    person.press({Qt::Key_Return});
+    EXPECT_EQ(isoDay(screen.开始日期.value()), "2011-03-04");
+    EXPECT_EQ(Person::focused(), "结束日期");
+    person.press({Qt::Key_Return, Qt::Key_Return, Qt::Key_Return});
+    EXPECT_EQ(Person::focused(), "全部");
+    person.press({Qt::Key_Space, Qt::Key_Tab, Qt::Key_Tab});
+    EXPECT_EQ(Person::focused(), "统计");
+    person.press({Qt::Key_Return});
+    EXPECT_EQ(screen.统计结果.text(1, 1), "报纸");
+    EXPECT_EQ(Person::focused(), "统计");
+}
+
+TEST_F(WeeklyByHand, ThePanelGivesItsRoomToTheTableAndComesBack) {
+    person.window().resize(1400, 700);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return leftOf(screen.统计结果) < 400; }));
+    const int open = leftOf(screen.统计结果);
+    person.click(screen.条件.隐藏);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return leftOf(screen.统计结果) < 60; }));
+    EXPECT_FALSE(person.at(screen.统计).isVisible());
+    person.press({Qt::Key_Space});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return leftOf(screen.统计结果) == open; }));
+    EXPECT_TRUE(person.at(screen.统计).isVisible());
+    // The panels keep their proportions when the window grows.
+    const auto share = [&] { return 100 * leftOf(screen.统计结果) / person.window().width(); };
+    const int before = share();
+    const int width = person.window().width();
+    person.window().resize(width * 3 / 2, person.window().height());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return leftOf(screen.统计结果) > open; }));
+    EXPECT_NEAR(share(), before, 1);
+}
+
+TEST_F(WeeklyByHand, TitleRowsAreBoldAndColouredAndWideEnough) {
+    screen.选择区域.pick("01 东塔");
+    screen.全部.click();
+    person.click(screen.统计);
+    const auto& view = person.at<QTableView>(screen.统计结果);
+    const auto* model = view.model();
+    int titles = 0;
+    for (int row = 0; row < model->rowCount(); ++row)
+        for (int column = 0; column < model->columnCount(); ++column) {
+            const auto cell = model->index(row, column);
+            const bool bold = cell.data(Qt::FontRole).value<QFont>().bold();
+            const QVariant back = cell.data(Qt::BackgroundRole);
+            EXPECT_EQ(bold, back.value<QColor>() == QColor(201, 167, 167)) << row << "," << column;
+            titles += bold ? 1 : 0;
+            QFont font = view.font();
+            font.setBold(bold);
+            EXPECT_LE(QFontMetrics(font).horizontalAdvance(cell.data().toString()), view.columnWidth(column));
+        }
+    EXPECT_EQ(titles, 7 * 4);
+}
+
+/// Both screens in the program's own windows.
+class WeeklyInWindows : public testing::Test {
+  protected:
+    WeeklyInWindows() {
+        desktop.serve(app.screens, layoutOf);
+        offerScreens(app);
+        parts.openDatabase();
+        addLeads(parts);
+        app.主连接 = std::move(parts.app.主连接);
+        app.session = {"E01", "林", "01", "招商部", "0101", "招商专员", "A", "业务", "P", "专员"};
+        app.session.登录工号 = SessionRecord::superUser;
+        app.screens.open(MDIForm1::screenName);
+        main = window<QMainWindow>(MDIForm1::screenName);
+        main->resize(1280, 800);
+        main->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(main));
+        enter([this] { app.screens.open(Frm每周来客统计分析::screenName); });
+    }
+    ~WeeklyInWindows() override {
+        parts.fault.seen = [](std::string_view) {};
+    }
+
+    template <class W>
+    W* window(const char* name) {
+        for (QWidget* each : QApplication::allWidgets())
+            if (each->objectName() == name)
+                if (auto* found = qobject_cast<W*>(each)) return found;
+        return nullptr;
+    }
+    Frm每周来客统计分析& screen() { return app.screens.get<Frm每周来客统计分析>(); }
+    QWidget* at(const Control& control) {
+        return window<QMdiSubWindow>(Frm每周来客统计分析::screenName)
+            ->findChild<QWidget*>(QString::fromStdString(control.name()));
+    }
+    static QProgressDialog* progress() {
+        return qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+    }
+
+    TestProgram parts;
+    QtDesktop desktop;
+    Application app{desktop, parts.platform};
+    QMainWindow* main = nullptr;
+};
+
+TEST_F(WeeklyInWindows, ALongCountShowsHowFarItIsAndCanBeStopped) {
+    auto& form = screen();
+    form.选择区域.pick("01 东塔");
+    form.开始日期.pick({2010, 3, 5});
+    form.统计项目.tick(*form.统计项目.find("MT"), true);
+    form.统计项目.tick(*form.统计项目.find("LR"), true);
+    int days = 0;
+    bool shown = false;
+    parts.fault.seen = [&](std::string_view statement) {
+        if (!statement.starts_with("Select Count(登记日期)") || ++days != 10) return;
+        shown = QTest::qWaitFor([] { return progress() != nullptr; });
+        if (!shown) return;
+        EXPECT_EQ(progress()->labelText(), "正在统计：每天来人量");
+        EXPECT_EQ(progress()->maximum(), 366);
+        QTest::mouseClick(progress()->findChild<QPushButton*>(), Qt::LeftButton);
+    };
+    at(form.统计)->setFocus();
+    QTest::keyClick(at(form.统计), Qt::Key_Return);
+    EXPECT_TRUE(shown);
+    EXPECT_EQ(days, 10);
+    EXPECT_EQ(form.统计结果.rows(), 3);
+    EXPECT_EQ(progress(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    // The hand is where it was: the same key counts again.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::focusWidget() == at(form.统计); }));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(form.统计结果.rows(), 3 + 1 + 366);
+}
+
+TEST_F(WeeklyInWindows, TheScreenMayBeClosedInTheMidstOfACount) {
+    auto& form = screen();
+    form.选择区域.pick("01 东塔");
+    form.开始日期.pick({2010, 3, 5});
+    form.全部.click();
+    int days = 0;
+    parts.fault.seen = [&](std::string_view statement) {
+        if (!statement.starts_with("Select Count(登记日期)") || ++days != 10) return;
+        window<QMdiSubWindow>(Frm每周来客统计分析::screenName)->close();
+    };
+    QTest::mouseClick(at(form.统计), Qt::LeftButton);
+    EXPECT_EQ(days, 10);
+    EXPECT_EQ(app.screens.loaded(Frm每周来客统计分析::screenName), nullptr);
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return window<QMdiSubWindow>(Frm每周来客统计分析::screenName) == nullptr; }));
+}
+
+TEST_F(WeeklyInWindows, ItsWindowIsNormalWheneverItComesToTheFront) {
+    auto* child = window<QMdiSubWindow>(Frm每周来客统计分析::screenName);
+    child->showMaximized();
+    EXPECT_TRUE(child->isMaximized());
+    enter([this] { app.screens.open(Frm每周来电统计分析::screenName); });
+    EXPECT_FALSE(window<QMdiSubWindow>(Frm每周来电统计分析::screenName)->isMaximized());
+    enter([this] { app.screens.open(Frm每周来客统计分析::screenName); });
+    EXPECT_FALSE(child->isMaximized());
+    child->showMinimized();
+    enter([this] { app.screens.open(Frm每周来客统计分析::screenName); });
+    EXPECT_FALSE(child->isMinimized());
+}
+
+TEST_F(WeeklyInWindows, TheTableGoesOutThroughTheExport) {
+    auto& form = screen();
+    form.选择区域.pick("01 东塔");
+    form.统计项目.tick(*form.统计项目.find("MT"), true);
+    QTest::mouseClick(at(form.统计), Qt::LeftButton);
+    QTimer::singleShot(0, main, [this] {
+        EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() != nullptr; }));
+        auto& out = app.screens.get<FrmToExcel>();
+        EXPECT_EQ(out.tag, "统计时段：2011年03月05日至2011年03月05日");
+        out.文件.type("/data/a.xls");
+        QWidget* write = QApplication::activeModalWidget()->findChild<QWidget*>("Command2");
+        QTest::mouseClick(write, Qt::LeftButton);
+    });
+    QTest::mouseClick(at(form.输出), Qt::LeftButton);
+    const auto& sheet = parts.spreadsheets.books.at("/data/a.xls").front();
+    EXPECT_EQ(sheet.name(), "每周来客统计分析");
+    EXPECT_EQ(sheet.rows().at(4).at(1).text, "报纸");
+    EXPECT_EQ(sheet.columnWidths().at(1), form.统计结果.columnWidth(1) / 100.0);
+}
+
+}  // namespace
+}  // namespace desk::desktop
