@@ -2,6 +2,7 @@
 
 #include <unicode/ucnv.h>
 #include <unicode/unistr.h>
+#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <memory>
@@ -73,6 +74,18 @@ std::string toUtf8(std::u16string_view text) {
     std::string bytes;
     icu::UnicodeString(text.data(), static_cast<int32_t>(text.size())).toUTF8String(bytes);
     return bytes;
+}
+
+std::u32string toUtf32(std::string_view text) {
+    std::u32string signs;
+    signs.reserve(text.size());
+    const auto length = static_cast<int32_t>(text.size());
+    for (int32_t at = 0; at < length;) {
+        UChar32 sign = 0;
+        U8_NEXT_OR_FFFD(text.data(), at, length, sign);
+        signs.push_back(static_cast<char32_t>(sign));
+    }
+    return signs;
 }
 
 std::string toGbk(std::string_view text) {

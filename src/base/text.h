@@ -36,6 +36,8 @@ std::size_t characterCount(std::string_view text);
 /// `text` in UTF-16; what is no UTF-8 becomes U+FFFD.
 std::u16string toUtf16(std::string_view text);
 std::string toUtf8(std::u16string_view text);
+/// The code points of `text`; what is no UTF-8 becomes U+FFFD.
+std::u32string toUtf32(std::string_view text);
 
 /// The bytes of `text` in GBK, the code page of the programs that this one exchanges files with.
 /// A character that GBK lacks becomes "?".
