@@ -145,12 +145,17 @@ std::string FrmToExcel::RangeNom(int 列, int 行) {
     return name + std::to_string(行);
 }
 
-void 输出表格(Application& app, Grid& grid, const std::string& 名称, const DateTime& from,
-              const DateTime& to) {
+void 输出表格(Application& app, Grid& grid, const std::string& 名称, const std::string& 副标题) {
     auto& screen = app.screens.get<FrmToExcel>();
     screen.Config(grid, 名称, 名称);
-    screen.tag = fmt::format("统计时段：{}至{}", formatDate(from, dayPicture), formatDate(to, dayPicture));
+    screen.tag = 副标题;
     app.desktop.showModally(screen);
+}
+
+void 输出表格(Application& app, Grid& grid, const std::string& 名称, const DateTime& from,
+              const DateTime& to) {
+    输出表格(app, grid, 名称,
+             fmt::format("统计时段：{}至{}", formatDate(from, dayPicture), formatDate(to, dayPicture)));
 }
 
 }  // namespace desk

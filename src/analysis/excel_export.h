@@ -51,6 +51,9 @@ class FrmToExcel : public Screen {
 };
 
 /// What an analysis screen does for its output: hands `grid` over and shows the export until it is closed.
+void 输出表格(Application& app, Grid& grid, const std::string& 名称, const std::string& 副标题 = {});
+
+/// The same where the table counts a span of days, which is the subtitle.
 void 输出表格(Application& app, Grid& grid, const std::string& 名称, const DateTime& from,
               const DateTime& to);
 

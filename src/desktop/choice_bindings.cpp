@@ -66,18 +66,20 @@ class DropDown : public QComboBox {
     }
 };
 
-/// A list whose arrow keys click the line that they come to, and whose Enter is a double click.
+/// A list whose Enter is a double click, or a click where arrow keys only move.
 class ListView : public QListWidget {
   public:
     explicit ListView(ListBox& list) : list_(list) { clickByLeftButtonOnly(this); }
 
   protected:
     void keyPressEvent(QKeyEvent* event) override {
+        const bool clicks = list_.movingKeys() == MovingKeys::move;
+        if (clicks && (isEnter(*event) || event->key() == Qt::Key_Space))
+            return enter([this] { list_.click(currentRow()); });
         if (isEnter(*event)) return enter([this] { list_.doubleClick(currentRow()); });
         const int before = currentRow();
         QListWidget::keyPressEvent(event);
-        if (list_.style() == ListStyle::single && currentRow() != before)
-            enter([this] { list_.click(currentRow()); });
+        if (currentRow() != before) enter([this] { list_.moveTo(currentRow()); });
     }
     /// A press that was let go elsewhere has marked a line that nobody clicked.
     void mouseReleaseEvent(QMouseEvent* event) override {
@@ -89,10 +91,77 @@ class ListView : public QListWidget {
     ListBox& list_;
 };
 
+/// A list of which several lines are marked: a click or Space turns the mark of a line, with Ctrl or without;
+/// with Shift all lines from there to the line that is clicked, or that an arrow key comes to, get its mark.
+/// Arrows alone move.
+class MarkedListView : public QListWidget {
+  public:
+    explicit MarkedListView(ListBox& list) : list_(list) {
+        setSelectionMode(MultiSelection);
+        clickByLeftButtonOnly(this);
+    }
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override {
+        const int pressed = row(itemAt(event->position().toPoint()));
+        if (pressed >= 0 && event->modifiers().testFlag(Qt::ShiftModifier)) {
+            setCurrentRow(pressed, QItemSelectionModel::NoUpdate);
+            return extend();
+        }
+        QListWidget::mousePressEvent(event);
+        if (pressed >= 0 && isBound(this)) startFrom(pressed, list_.isSelected(pressed));
+    }
+
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        QListWidget::mouseReleaseEvent(event);
+        if (isBound(this)) selectAsHeld(list_, this);
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        if (isEnter(*event)) return enter([this] { list_.doubleClick(currentRow()); });
+        const int before = currentRow();
+        QListWidget::keyPressEvent(event);
+        if (!isBound(this)) return;
+        if (event->key() == Qt::Key_Space)
+            startFrom(currentRow(), list_.isSelected(currentRow()));
+        else if (currentRow() != before)
+            event->modifiers().testFlag(Qt::ShiftModifier) ? extend() : startFrom(currentRow(), true);
+    }
+
+    /// A typed letter goes to a line and leaves its mark alone.
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override {
+        return event != nullptr ? QListWidget::selectionCommand(index, event) : QItemSelectionModel::NoUpdate;
+    }
+
+  private:
+    void startFrom(int line, bool marked) {
+        from_ = line;
+        marked_ = marked;
+    }
+
+    void extend() {
+        const int from = std::clamp(from_, 0, count() - 1);
+        const int to = currentRow();
+        const QItemSelection lines(model()->index(std::min(from, to), 0),
+                                   model()->index(std::max(from, to), 0));
+        selectionModel()->select(lines,
+                                 marked_ ? QItemSelectionModel::Select : QItemSelectionModel::Deselect);
+    }
+
+    ListBox& list_;
+    int from_ = 0;        ///< where Shift marks from
+    bool marked_ = true;  ///< the mark that it gives
+};
+
 /// Whatever the mouse or the keyboard has toggled is a click on that line.
 void clickToggled(ListBox& list, QListWidget* shown) {
-    for (int line = 0; isBound(shown) && line < shown->count(); ++line)
-        if (shown->item(line)->isSelected() != list.isSelected(line)) enter([&] { list.click(line); });
+    // The first click already shows the list as it is held then.
+    std::vector<int> toggled;
+    for (int line = 0; line < shown->count(); ++line)
+        if (shown->item(line)->isSelected() != list.isSelected(line)) toggled.push_back(line);
+    for (const int line : toggled)
+        if (isBound(shown)) enter([&] { list.click(line); });
     if (isBound(shown)) selectAsHeld(list, shown);
 }
 
@@ -130,10 +199,12 @@ QWidget* comboWidget(ComboBox& combo) {
 }
 
 QWidget* listWidget(ListBox& list) {
-    auto* shown = new ListView(list);
     const bool multiple = list.style() == ListStyle::multiple;
-    shown->setSelectionMode(multiple ? QAbstractItemView::MultiSelection
-                                     : QAbstractItemView::SingleSelection);
+    QListWidget* shown = nullptr;
+    if (multiple)
+        shown = new MarkedListView(list);
+    else
+        shown = new ListView(list);
     shown->setMinimumHeight(56);
     showHint(shown, list.hint);
     const auto fill = [&list, shown] {

@@ -114,10 +114,22 @@ QVariant GridModel::header(int section, int role) const {
 
 namespace {
 
-/// A cell with a colour of its own says something by it, and shows it also in the selected row.
+/// A cell with a colour of its own says something by it, and shows it also in the selected row. What merged
+/// cells say stands in the part of them that is in view.
 class CellPainter : public RowDelegate {
   public:
     using RowDelegate::RowDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        const auto* view = qobject_cast<const QTableView*>(option.widget);
+        if (view == nullptr || view->rowSpan(index.row(), index.column()) == 1)
+            return RowDelegate::paint(painter, option, index);
+        QStyleOptionViewItem inView = option;
+        inView.rect.setTop(std::max(option.rect.top(), 0));
+        inView.rect.setBottom(std::min(option.rect.bottom(), view->viewport()->height() - 1));
+        RowDelegate::paint(painter, inView, index);
+    }
 
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
@@ -148,6 +160,7 @@ class GridWidget : public QTableView {
         clickByLeftButtonOnly(this);
         connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
             if (verticalScrollMode() == ScrollPerPixel) enter([&] { grid_.scrollTo(twips(value)); });
+            if (isBound(this) && grid_.merging() != Merge::never) viewport()->update();
         });
         connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) { click(index); });
         connect(this, &QTableView::doubleClicked, this, [this] { enter([this] { grid_.pressAgain(); }); });

@@ -173,7 +173,7 @@ std::optional<std::string> QtDesktop::chooseFile(const FileQuestion& question) {
 double QtDesktop::textWidth(const Screen& screen, std::string_view shown) {
     QWidget* window = windowOf(const_cast<Screen&>(screen));
     const QFont font = window != nullptr ? window->font() : QApplication::font();
-    return twips(QFontMetricsF(font).horizontalAdvance(text(shown)));
+    return widths_.of(font, shown);
 }
 
 std::string QtDesktop::shortDate(const DateTime& day) {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "desktop/text_widths.h"
 #include "session/application.h"
 #include "ui/desktop.h"
 
@@ -57,6 +58,7 @@ class QtDesktop : public Desktop {
     std::vector<QPointer<QWidget>> closed_;  ///< a main window takes its children with it
     QObject alive_;                          ///< what is put off for later is dropped with it
     std::unique_ptr<QProgressDialog> progress_;
+    TextWidths widths_;
 };
 
 }  // namespace desk::desktop

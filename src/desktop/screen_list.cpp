@@ -52,6 +52,7 @@ const std::vector<KnownScreen>& screenList() {
         screen<Frm客户跟进状态分析, layoutOfStatusAnalysis>(),
         screen<Frm每周来电统计分析, layoutOfWeekly>(),
         screen<Frm每周来客统计分析, layoutOfWeekly>(),
+        screen<Frm客户分类统计, layoutOfClassification>(),
         screen<FrmToExcel, layoutOfExport>(),
         screen<Frm人员设置, layoutOfPersonnel>(),
         screen<Frm中介公司设置, layoutOfAgencies>(),

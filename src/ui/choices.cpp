@@ -91,6 +91,14 @@ void ListBox::setSelected(int line, bool selected) {
     selectionChanged();
 }
 
+void ListBox::setAllSelected(bool selected) {
+    if (!selected) return clearSelection();
+    const std::vector<bool> all(items_.size(), true);
+    if (selected_ == all) return;
+    selected_ = all;
+    selectionChanged();
+}
+
 void ListBox::clearSelection() {
     if (index() < 0) return;
     selected_.clear();
@@ -117,6 +125,11 @@ void ListBox::click(int line) {
 
 void ListBox::doubleClick(int line) {
     if (usable() && has(items_, line)) doubleClicked(line);
+}
+
+void ListBox::moveTo(int line) {
+    if (movingKeys_ == MovingKeys::click) return click(line);
+    if (usable() && has(items_, line)) setSelected(line, true);
 }
 
 TabStrip::TabStrip(Place place, std::string name, std::vector<std::string> titles)

@@ -7,6 +7,7 @@
 
 #include "ui/colour.h"
 #include "ui/control.h"
+#include "ui/moving_keys.h"
 
 namespace desk {
 
@@ -85,6 +86,8 @@ class ListBox : public ItemHolder {
     ListStyle style() const { return style_; }
     bool isSelected(int line) const;
     void setSelected(int line, bool selected);
+    /// All lines of a multiple list, told of once.
+    void setAllSelected(bool selected);
     void clearSelection();
     /// The first selected line, -1 without one.
     int index() const;
@@ -94,6 +97,12 @@ class ListBox : public ItemHolder {
     /// A person's click: selects the line (of a multiple list: toggles it). Nothing while disabled or hidden.
     void click(int line);
     void doubleClick(int line);
+    /// The keys have gone to the line: a click, or a selection alone. For a single list; in a multiple one
+    /// keys move without marking.
+    void moveTo(int line);
+
+    MovingKeys movingKeys() const { return movingKeys_; }
+    void setMovingKeys(MovingKeys keys) { movingKeys_ = keys; }
 
     std::string hint;  ///< what to do first, read where the list has no lines
 
@@ -105,6 +114,7 @@ class ListBox : public ItemHolder {
     void forgetSelection() override { selected_.clear(); }
 
     ListStyle style_;
+    MovingKeys movingKeys_ = MovingKeys::click;
     std::vector<bool> selected_;
 };
 

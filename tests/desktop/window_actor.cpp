@@ -109,6 +109,10 @@ void WindowActor::press(Button& button) {
     focus(button);
 }
 
+void WindowActor::click(Label& label) {
+    focus(label);
+}
+
 void WindowActor::tick(CheckBox& box) {
     if (auto* widget = reached<QWidget>(box)) Person::click(*widget, {8, widget->height() / 2});
 }

@@ -18,6 +18,7 @@ class WindowActor : public Actor {
     void focus(Control& control) override;
     void type(TextBox& box, const std::string& text) override;
     void press(Button& button) override;
+    void click(Label& label) override;
     void tick(CheckBox& box) override;
     void pick(ComboBox& combo, const std::string& text) override;
     void pick(DatePicker& picker, const DateTime& day) override;

@@ -598,6 +598,7 @@ const std::vector<Walk>& walks() {
         approval(),
         unitMap(),
         weekly(),
+        classification(),
     };
     return all;
 }

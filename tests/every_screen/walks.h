@@ -39,8 +39,9 @@ struct Walk {
 /// Through every handler with a statement of every built screen.
 const std::vector<Walk>& walks();
 
-/// A part of them, in a file of its own.
+/// Some of them, each in a file of its own.
 Walk letters();
+Walk classification();
 
 /// A program that stands before the first step of the walk.
 std::unique_ptr<Scene> sceneOf(const Walk& walk, std::string text);

@@ -19,6 +19,10 @@ void ControlActor::press(Button& button) {
     focus(button);
     button.click();
 }
+void ControlActor::click(Label& label) {
+    focus(label);
+    label.click();
+}
 void ControlActor::tick(CheckBox& box) {
     focus(box);
     box.click();

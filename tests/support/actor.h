@@ -25,6 +25,7 @@ class Actor {
     virtual void focus(Control& control) = 0;
     virtual void type(TextBox& box, const std::string& text) = 0;
     virtual void press(Button& button) = 0;
+    virtual void click(Label& label) = 0;
     virtual void tick(CheckBox& box) = 0;
     virtual void pick(ComboBox& combo, const std::string& text) = 0;
     virtual void pick(DatePicker& picker, const DateTime& day) = 0;
@@ -45,6 +46,7 @@ class ControlActor : public Actor {
     void focus(Control& control) override;
     void type(TextBox& box, const std::string& text) override;
     void press(Button& button) override;
+    void click(Label& label) override;
     void tick(CheckBox& box) override;
     void pick(ComboBox& combo, const std::string& text) override;
     void pick(DatePicker& picker, const DateTime& day) override;

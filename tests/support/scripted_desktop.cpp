@@ -73,9 +73,8 @@ std::optional<std::string> ScriptedDesktop::chooseFile(const FileQuestion& quest
     return next(files, "a file");
 }
 
-/// Every character is as wide as ten pixels: simple to reckon with.
 double ScriptedDesktop::textWidth(const Screen&, std::string_view text) {
-    return 150.0 * static_cast<double>(characterCount(text));
+    return measure(text);
 }
 
 std::string ScriptedDesktop::shortDate(const DateTime& day) {

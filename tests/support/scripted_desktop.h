@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/text.h"
 #include "ui/desktop.h"
 #include "ui/picture.h"
 #include "ui/screens.h"
@@ -24,6 +25,10 @@ class ScriptedDesktop : public Desktop {
     /// Asked at every report of long work: whether it goes on.
     std::function<bool(std::string_view what, long done, long total)> watcher = [](std::string_view, long,
                                                                                    long) { return true; };
+    /// How wide a text is. Every character ten pixels: simple to reckon with.
+    std::function<double(std::string_view)> measure = [](std::string_view text) {
+        return 150.0 * static_cast<double>(characterCount(text));
+    };
 
     /// Told at once of what screens ask for, in words.
     std::function<void(const std::string&)> note = [](const std::string&) {};

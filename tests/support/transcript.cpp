@@ -204,6 +204,7 @@ void Transcript::actOn(Control& control, const std::string& verb, const std::str
     const auto as = [&]<class C>(C*& found) { return (found = dynamic_cast<C*>(&control)) != nullptr; };
     TextBox* box;
     Button* button;
+    Label* label;
     CheckBox* check;
     ComboBox* combo;
     DatePicker* picker;
@@ -217,6 +218,7 @@ void Transcript::actOn(Control& control, const std::string& verb, const std::str
     if (verb == "focus") return actor_->focus(control);
     if (as(box)) return actor_->type(*box, rest);
     if (as(button)) return actor_->press(*button);
+    if (as(label)) return actor_->click(*label);
     if (as(check)) return actor_->tick(*check);
     if (as(combo)) return actor_->pick(*combo, rest);
     if (as(picker)) return actor_->pick(*picker, parseDate(rest).value());

@@ -53,6 +53,23 @@ TEST(TextBox, TellsOfNewTextsOnlyAndOfThoseOfTheScreenToo) {
     EXPECT_EQ(box.text(), "b");
 }
 
+TEST(ListBox, AllLinesAreMarkedAndUnmarkedInOneGo) {
+    Sheet sheet;
+    ListBox list(sheet, "list", ListStyle::multiple);
+    list.setAllSelected(true);
+    for (const char* line : {"外资", "民营", "国有"}) list.addItem(line);
+    Count changes(list.selectionChanged);
+    list.setSelected(1, true);
+    list.setAllSelected(true);
+    EXPECT_EQ(list.selectedTexts(), (std::vector<std::string>{"外资", "民营", "国有"}));
+    list.setAllSelected(true);
+    EXPECT_EQ(changes.times, 2);
+    list.setAllSelected(false);
+    list.setAllSelected(false);
+    EXPECT_EQ(list.index(), -1);
+    EXPECT_EQ(changes.times, 3);
+}
+
 TEST(FoldingFrame, IsHiddenAndShownByTheLinkThatIsThereAndLeavesItTheFocus) {
     Sheet sheet;
     FoldingFrame panel(sheet, "panel");

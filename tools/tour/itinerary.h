@@ -40,6 +40,8 @@ void decideFirst(Tour& tour, Witness& witness);
 void decideLast(Tour& tour, Witness& witness);
 /// The states of all leads as a pie, put out as a workbook into `folder`.
 void analyseStates(Tour& tour, Witness& witness, const QString& folder);
+/// The customers of all kinds, of one kind and trade, and of one agency, put out as a workbook into `folder`.
+void classifyCustomers(Tour& tour, Witness& witness, const QString& folder);
 /// Out of the session and into that of another person, who has one position.
 void changeTo(Tour& tour, const QString& user);
 /// What a cashier may choose.

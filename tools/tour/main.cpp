@@ -66,6 +66,7 @@ int main(int argc, char** argv) {
     desk::tour::changeTo(tour, "1001");
     desk::tour::decideFirst(tour, witness);
     desk::tour::analyseStates(tour, witness, folder.path());
+    desk::tour::classifyCustomers(tour, witness, folder.path());
     desk::tour::changeTo(tour, "1009");
     desk::tour::decideLast(tour, witness);
     desk::tour::changeTo(tour, "1010");

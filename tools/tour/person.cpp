@@ -77,6 +77,10 @@ bool Person::sees(const QString& control) const {
     }
 }
 
+int Person::rowsIn(const QString& grid) const {
+    return as<QAbstractItemView>(find(grid, Wanted::toLookAt)).model()->rowCount();
+}
+
 QString Person::shownText(const QString& field) const {
     const QWidget* widget = find(field, Wanted::toLookAt);
     const QVariant text = widget->property("text");

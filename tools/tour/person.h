@@ -52,6 +52,8 @@ class Person {
     /// The visible control of that name.
     QWidget* find(const QString& control, Wanted wanted = Wanted::toUse) const;
     bool sees(const QString& control) const;
+    /// Behind the header.
+    int rowsIn(const QString& grid) const;
     /// What stands in that field.
     QString shownText(const QString& field) const;
     /// Whether a call is waiting for the screen, so that nothing else should be done now.

@@ -35,6 +35,23 @@ QWidget* layoutOfWeekly(每周统计分析& screen) {
     return whole;
 }
 
+QWidget* layoutOfClassification(Frm客户分类统计& screen) {
+    const auto marked = [](std::string_view title, CheckBox& all, ListBox& list) {
+        return group(title, rows({plain(all), plain(list, title)}, {0, 1}));
+    };
+    auto* kinds = columns(
+        {marked("企业性质", screen.Check1, screen.List1), marked("行业", screen.Check2, screen.List2)});
+    auto* agencies =
+        group("中介公司", rows({fields({{"查找", screen.Text1}}), plain(screen.List4, "中介公司")}));
+    auto* teams = columns({marked("引驻组", screen.Check3, screen.List3), agencies});
+    auto* filters = rows({fields({{"管理项目", screen.Combo1}}), kinds, teams,
+                          buttons({&screen.Command1, &screen.Command13, &screen.Command4})},
+                         {0, 1, 1, 0});
+    auto* whole = folding(screen.条件, filters, plain(screen.MSFlexGrid1, "统计结果"), {2, 3});
+    whole->setContentsMargins(6, 6, 6, 6);
+    return whole;
+}
+
 QWidget* layoutOfExport(FrmToExcel& screen) {
     auto* file = columns({plain(screen.文件), plain(screen.Command1)}, {1, 0});
     auto* whole =
