@@ -2,8 +2,10 @@
 
 #include <QAbstractButton>
 #include <QEvent>
+#include <utility>
 
 #include "desktop/binding.h"
+#include "desktop/cell_place.h"
 
 namespace desk::desktop {
 
@@ -28,13 +30,14 @@ class Floating : public QObject {
   private:
     void lay() {
         const bool needsAnchor = place_ == FloatsAt::rightEdge;
-        const bool shown = control_.visible() && (control_.anchor() != nullptr || !needsAnchor);
+        const bool shown = control_.visible() && (control_.anchor() != nullptr || !needsAnchor) &&
+                           (place_ != FloatsAt::beside || rowIsInView());
         part_->setVisible(shown);
         if (shown) part_->setGeometry(geometry());
         part_->raise();
     }
 
-    QRect geometry() const {
+    QRect geometry() {
         switch (place_) {
             case FloatsAt::rightEdge:
                 return insideAnchor();
@@ -48,13 +51,34 @@ class Floating : public QObject {
     }
 
     /// Of the anchor, in the content; empty where it has none that is shown there.
-    QRect anchor() const {
+    QRect anchor() {
         if (control_.anchor() == nullptr) return {};
-        const auto* at = content_->findChild<QWidget*>(text(control_.anchor()->name()));
-        return at != nullptr ? QRect(at->mapTo(content_, QPoint(0, 0)), at->size()) : QRect();
+        auto* at = content_->findChild<QWidget*>(text(control_.anchor()->name()));
+        if (at == nullptr) return {};
+        const QRect whole(at->mapTo(content_, QPoint(0, 0)), at->size());
+        auto* table = qobject_cast<QTableView*>(at);
+        if (table == nullptr || !control_.anchorCell()) return whole;
+        followCells(table);
+        const QRect cell =
+            anchorCellIn(*table, control_).translated(table->viewport()->mapTo(content_, QPoint(0, 0)));
+        // Beside a cell it would lie over the next one.
+        if (place_ == FloatsAt::beside) return QRect(whole.left(), cell.top(), whole.width(), cell.height());
+        return cell;
     }
 
-    QRect insideAnchor() const {
+    /// Of the cell, where it lies at one.
+    bool rowIsInView() {
+        if (!control_.anchorCell()) return true;
+        anchor();
+        return followed_ != nullptr &&
+               anchorCellIn(*followed_, control_).intersects(followed_->viewport()->rect());
+    }
+
+    void followCells(QTableView* table) {
+        if (std::exchange(followed_, table) != table) whenCellsMove(table, this, [this] { lay(); });
+    }
+
+    QRect insideAnchor() {
         const QRect at = anchor();
         const int height = at.height() - 2;
         const auto* button = qobject_cast<QAbstractButton*>(part_);
@@ -78,10 +102,10 @@ class Floating : public QObject {
                      size);
     }
 
-    QRect below() const {
+    QRect below() {
         const QRect at = anchor();
         if (at.isNull()) return content_->rect().adjusted(0, content_->height() / 2, 0, 0);
-        const QSize size = this->size();
+        const QSize size = this->size().expandedTo({std::min(at.width(), content_->width()), 0});
         const int x = std::clamp(at.left(), 0, content_->width() - size.width());
         int y = at.bottom() + 1;
         // Where there is no room below it lies above.
@@ -93,6 +117,7 @@ class Floating : public QObject {
     Control& control_;
     QWidget* part_;
     FloatsAt place_;
+    QTableView* followed_ = nullptr;  ///< the grid whose cells it goes along with
 };
 
 }  // namespace

@@ -13,7 +13,8 @@ enum class FloatsAt {
     below,      ///< under it, as a list that drops down; without an anchor over the lower half
 };
 
-/// Lays `part`, which shows `control`, over `content`, beside the widget of the control's anchor.
+/// Lays `part`, which shows `control`, over `content`, beside the widget of the control's anchor. Where that
+/// is a cell, it lies under the cell, or beside the grid as high as the cell's row.
 void floatOver(QWidget* content, Control& control, QWidget* part, FloatsAt place);
 
 }  // namespace desk::desktop

@@ -10,6 +10,7 @@
 #include <QTimer>
 
 #include "desktop/binding.h"
+#include "desktop/cell_pictures.h"
 #include "desktop/column_fit.h"
 #include "desktop/copy_rows.h"
 #include "desktop/find_bar.h"
@@ -84,6 +85,11 @@ QVariant GridModel::cell(int row, int column, int role) const {
             return {};
         case ownColourRole:
             return grid_->cellColour(row, column).has_value();
+        case pictureRole:
+            return text(grid_->cellPicture(row, column));
+        case Qt::ToolTipRole:
+        case Qt::AccessibleDescriptionRole:
+            return wordsOfPicture(grid_->cellPicture(row, column));
         case Qt::ForegroundRole:
             if (const auto fore = grid_->cellTextColour(row, column)) return colour(*fore);
             return {};
@@ -115,26 +121,35 @@ QVariant GridModel::header(int section, int role) const {
 namespace {
 
 /// A cell with a colour of its own says something by it, and shows it also in the selected row. What merged
-/// cells say stands in the part of them that is in view.
+/// cells say stands in the part of them that is in view, and a picture in the middle of its cell.
 class CellPainter : public RowDelegate {
   public:
     using RowDelegate::RowDelegate;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
-        const auto* view = qobject_cast<const QTableView*>(option.widget);
-        if (view == nullptr || view->rowSpan(index.row(), index.column()) == 1)
-            return RowDelegate::paint(painter, option, index);
-        QStyleOptionViewItem inView = option;
-        inView.rect.setTop(std::max(option.rect.top(), 0));
-        inView.rect.setBottom(std::min(option.rect.bottom(), view->viewport()->height() - 1));
-        RowDelegate::paint(painter, inView, index);
+        RowDelegate::paint(painter, inView(option, index), index);
+        const QString picture = index.data(GridModel::pictureRole).toString();
+        if (picture.isEmpty()) return;
+        painter->setPen(option.palette.color(option.state & QStyle::State_Selected ? QPalette::HighlightedText
+                                                                                   : QPalette::Text));
+        drawPicture(*painter, option.rect, utf8(picture));
     }
 
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         RowDelegate::initStyleOption(option, index);
         if (index.data(GridModel::ownColourRole).toBool()) option->state &= ~QStyle::State_Selected;
+    }
+
+  private:
+    static QStyleOptionViewItem inView(const QStyleOptionViewItem& option, const QModelIndex& index) {
+        QStyleOptionViewItem shown = option;
+        const auto* view = qobject_cast<const QTableView*>(option.widget);
+        if (view == nullptr || view->rowSpan(index.row(), index.column()) == 1) return shown;
+        shown.rect.setTop(std::max(option.rect.top(), 0));
+        shown.rect.setBottom(std::min(option.rect.bottom(), view->viewport()->height() - 1));
+        return shown;
     }
 };
 

@@ -14,6 +14,8 @@ class GridModel : public QAbstractTableModel {
   public:
     /// Whether the cell has a colour that the screen gave it.
     static constexpr int ownColourRole = Qt::UserRole;
+    /// The name of the picture in the cell.
+    static constexpr int pictureRole = Qt::UserRole + 1;
 
     explicit GridModel(Grid& grid, QObject* parent = nullptr);
 

@@ -12,6 +12,7 @@
 #include <algorithm>
 
 #include "desktop/binding.h"
+#include "desktop/cell_place.h"
 
 namespace desk::desktop::layout {
 
@@ -117,6 +118,7 @@ void collect(QLayout* laid, std::vector<QWidget*>& found);
 void collect(QWidget* widget, std::vector<QWidget*>& found) {
     // Also what takes no Tab just now, as a locked field.
     if (widget->focusPolicy() != Qt::NoFocus) found.push_back(widget);
+    for (QWidget* part : partsInCells(widget)) found.push_back(part);
     const auto start = static_cast<std::ptrdiff_t>(found.size());
     // What a widget of Qt's own holds inside is its own business.
     if (widget->layout() != nullptr && !widget->inherits("QCalendarWidget")) collect(widget->layout(), found);

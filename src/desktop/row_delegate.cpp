@@ -17,8 +17,9 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
     if (event->type() != QEvent::ToolTip) return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QRect shown = option.rect & view->viewport()->rect();
     const bool isCut = sizeHint(option, index).width() > shown.width();
+    const QString words = isCut ? index.data().toString() : index.data(Qt::ToolTipRole).toString();
     // As rich text a long one is broken into lines.
-    const QString tip = isCut ? "<qt>" + index.data().toString().toHtmlEscaped() + "</qt>" : QString();
+    const QString tip = words.isEmpty() ? QString() : "<qt>" + words.toHtmlEscaped() + "</qt>";
     QToolTip::showText(event->globalPos(), tip, view);
     return true;
 }

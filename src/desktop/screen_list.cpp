@@ -8,6 +8,7 @@
 #include "desktop/layouts/approval.h"
 #include "desktop/layouts/intent.h"
 #include "desktop/layouts/letter.h"
+#include "desktop/layouts/money.h"
 #include "desktop/layouts/pipeline.h"
 #include "desktop/layouts/reference.h"
 #include "desktop/layouts/registration.h"
@@ -62,6 +63,8 @@ const std::vector<KnownScreen>& screenList() {
         screen<Frm意向书信息, layoutOfLetter>(),
         screen<Frm意向书审批, layoutOfApproval>(),
         screen<Frm房源一览表, layoutOfUnitMap>(),
+        screen<Frm意向金收取, layoutOfDeposits>(),
+        screen<Frm票据打印, layoutOfReceiptPrinting>(),
     };
     return list;
 }

@@ -15,14 +15,15 @@ std::string shownAmount(const Recordset::Field& amount) {
 
 收费列表::收费列表(Place place, std::string name)
     : Grid(place, std::move(name),
-           "<序|<收费项目        |<科目编号    |>数量    |>单价      |>金额        |<票据类型          "
-           "|^打印|<票据簿编号    |<票据编号      ||") {
+           "<序|<收费项目      |<科目编号|>数量  |>单价    |>金额      |<票据类型    |^打印|<票据簿编号|"
+           "<票据编号  ||") {
     setColumnWidth(退款标记, 0);
     setColumnWidth(记录ID, 0);
     reset();
 }
 
 void 收费列表::reset() {
+    setSelection(GridSelection::cell);
     setRows(fixedRows());
     const auto size = static_cast<std::size_t>(rows());
     行打印标记.assign(size, false);

@@ -21,23 +21,7 @@ using C = 收费列表;
 constexpr const char* taxScreen = "frm税控发票打印";
 constexpr const char* receiptScreen = "frm票据打印";
 
-const Item& itemAt(const 单元格列表& list, int line) {
-    return list.列表.items().at(static_cast<std::size_t>(line));
-}
-
 }  // namespace
-
-单元格列表::单元格列表(Screen& screen, const std::string& name)
-    : 按钮(screen, name + "按钮", "▼"), 面板(screen, name + "面板"), 列表(面板, name + "列表") {
-    按钮.setVisible(false);
-    面板.setAnchor(&按钮);
-    按钮.clicked += [this] { 面板.toggle(); };
-}
-
-void 单元格列表::hide() {
-    面板.close();
-    按钮.setVisible(false);
-}
 
 Frm意向金收取::Frm意向金收取(Application& app)
     : Screen(screenName, "意向金收取", WindowKind::child, 18000, 10200),
@@ -45,19 +29,23 @@ Frm意向金收取::Frm意向金收取(Application& app)
       app_(app) {
     意向书.hint = "请先选择管理项目";
     收费.hint = "请先选择意向书";
-    hidePopUps();
+    票据簿.list.hint = "没有可用的票据簿，请先选择票据类型";
+    票据.list.hint = "该票据簿没有空白票据";
     行操作.setVisible(false);
     管理项目.selected += [this] { chooseOffice(); };
     意向书.nodeClicked += [this](TreeNode& node) { chooseLetter(node); };
     收费.clicked += [this] { clickCell(); };
-    单元格编辑.enterMovesOn = false;
-    单元格编辑.changed += [this] { storeTyped(); };
+    // What lies over a cell serves that one only.
+    收费.currentChanged += [this] { hidePopUps(); };
     单元格编辑.entered += [this] { enterTyped(); };
-    收费项目.列表.clicked += [this](int line) { takeItem(line); };
-    票据类型.列表.clicked += [this](int line) { takeType(line); };
-    票据簿.列表.clicked += [this](int line) { takeBook(line); };
-    票据.列表.clicked += [this](int line) { takeTicket(line); };
+    收费项目.list.clicked += [this](int line) { takeItem(line); };
+    票据类型.list.clicked += [this](int line) { takeType(line); };
+    票据簿.list.clicked += [this](int line) { takeBook(line); };
+    票据.list.clicked += [this](int line) { takeTicket(line); };
     退款处理.clicked += [this] { 退款.open(toInt32(行操作.tag)); };
+    退款.refunded += [this](int row) {
+        if (toInt32(行操作.tag) == row) offerRefund(row);
+    };
     票据打印保存.clicked += [this] { printAndSave(); };
     退出.clicked += [this] { app_.screens.unload(*this); };
 }
@@ -71,20 +59,20 @@ void Frm意向金收取::load() {
 }
 
 void Frm意向金收取::fillTicketTypes() {
-    const Batch filling(票据类型.列表);
+    const Batch filling(票据类型.list);
     for (auto& type : Recordset(
              app_.主连接, "SELECT 票据类型代号, 票据类型, 税控, 定额 From 票据类型 ORDER BY 票据类型代号"))
-        票据类型.列表.addItem(type["票据类型代号"].text() + " " + type["票据类型"].text(),
+        票据类型.list.addItem(type["票据类型代号"].text() + " " + type["票据类型"].text(),
                               static_cast<long>(type["税控"].integer()));
 }
 
 void Frm意向金收取::fillChargeItems() {
-    const Batch filling(收费项目.列表);
+    const Batch filling(收费项目.list);
     for (auto& item : Recordset(
              app_.主连接,
              "Select SETUPSFXM.ID, DH, XM, 收费类别, 对应科目, 票据类型, 科目名称 From SETUPSFXM Inner Join "
              "财务科目 On SETUPSFXM.对应科目=财务科目.科目代号 Where (收费类别 = N'押金')")) {
-        收费项目.列表.addItem(item["XM"].text());
+        收费项目.list.addItem(item["XM"].text());
         items_.push_back({item["对应科目"].text(), item["DH"].text(), item["科目名称"].text()});
     }
 }
@@ -111,10 +99,16 @@ void Frm意向金收取::chooseLetter(const TreeNode& node) {
                          sql("Select YZ_意向书信息.*,设置管理处.GYD_Name  From YZ_意向书信息 Inner Join "
                              "设置管理处 ON YZ_意向书信息.管理处代号=设置管理处.GYD_DH  Where ID='{}'",
                              id));
-        if (letter.atEnd()) return;
+        if (letter.atEnd()) return forgetLetter();
         意向书信息.show(letter);
     }
     showCharges(id);
+}
+
+/// Another seat has deleted it.
+void Frm意向金收取::forgetLetter() {
+    清空文本框(*this);
+    意向书信息.登记编号.tag.clear();
 }
 
 void Frm意向金收取::showCharges(const std::string& 意向书ID) {
@@ -130,8 +124,8 @@ void Frm意向金收取::showCharges(const std::string& 意向书ID) {
 }
 
 void Frm意向金收取::hidePopUps() {
-    单元格编辑.setVisible(false);
-    for (单元格列表* list : {&收费项目, &票据类型, &票据簿, &票据}) list->hide();
+    for (CellList* list : {&收费项目, &票据类型, &票据簿, &票据}) list->close();
+    单元格编辑.close();
 }
 
 void Frm意向金收取::clickCell() {
@@ -144,22 +138,23 @@ void Frm意向金收取::clickCell() {
     const bool printed = 收费.行打印标记[static_cast<std::size_t>(row)];
     switch (收费.column()) {
         case C::收费项目:
-            收费项目.按钮.setVisible(true);
+            收费项目.offer();
             return openEditor();
         case C::数量:
         case C::单价:
         case C::金额:
             return openEditor();
         case C::票据类型:
-            return 票据类型.按钮.setVisible(true);
+            return 票据类型.offer();
         case C::打印:
             return 收费.togglePrinting(row);
         case C::票据簿编号:
-            return 票据簿.按钮.setVisible(!printed);
+            if (!printed) 票据簿.offer();
+            return;
         case C::票据编号:
             if (printed) return;
             if (收费.text(row, C::票据簿编号).empty()) return app_.tell("请选择票据簿编号");
-            return 票据.按钮.setVisible(true);
+            return 票据.offer();
         default:
             return;
     }
@@ -167,6 +162,7 @@ void Frm意向金收取::clickCell() {
 
 void Frm意向金收取::offerRefund(int row) {
     行操作.tag = std::to_string(row);
+    行操作.setAnchor(&收费, Cell{row, C::序});
     行操作.setVisible(true);
     const bool refundable = 收费.isSaved(row) && 收费.text(row, C::退款标记).empty();
     退款处理.setVisible(refundable);
@@ -179,19 +175,11 @@ void Frm意向金收取::moveTo(int row, int column) {
 }
 
 void Frm意向金收取::openEditor() {
-    // While it is hidden a new text is none that was typed.
-    单元格编辑.setText(收费.text(收费.row(), 收费.column()));
-    单元格编辑.setVisible(true);
-    单元格编辑.focus();
-    单元格编辑.selectAll();
-}
-
-void Frm意向金收取::storeTyped() {
-    if (单元格编辑.visible()) 收费.setText(收费.row(), 收费.column(), 单元格编辑.text());
+    单元格编辑.setNumeric(收费.column() != C::收费项目);
+    单元格编辑.open();
 }
 
 void Frm意向金收取::enterTyped() {
-    storeTyped();
     const int row = 收费.row();
     const int column = 收费.column();
     if (column == C::单价) 收费.computeAmount(row);
@@ -201,9 +189,9 @@ void Frm意向金收取::enterTyped() {
 void Frm意向金收取::takeItem(int line) {
     const int row = 收费.row();
     const auto& item = items_.at(static_cast<std::size_t>(line));
-    // The editor over the cell would hold the text before.
+    // The editor over the cell holds the text before.
     hidePopUps();
-    收费.setText(row, C::收费项目, itemAt(收费项目, line).text);
+    收费.setText(row, C::收费项目, 收费项目.item(line).text);
     收费.setText(row, C::科目编号, item.对应科目);
     收费.行收费项目代号[static_cast<std::size_t>(row)] = item.项目代号;
     moveTo(row, C::数量);
@@ -212,28 +200,28 @@ void Frm意向金收取::takeItem(int line) {
 void Frm意向金收取::takeType(int line) {
     const int row = 收费.row();
     const auto at = static_cast<std::size_t>(row);
-    const Item& type = itemAt(票据类型, line);
+    const Item& type = 票据类型.item(line);
     收费.setText(row, C::票据类型, type.text);
     收费.行税控标记[at] = type.data == 1;
-    票据类型.hide();
+    票据类型.close();
     if (row != 收费.lastRow()) return 收费.setRow(收费.lastRow());
     if (收费.行打印标记[at]) return 收费.setRowData(row, 1);
-    票据簿列表(app_, 收费, row, 票据簿.列表);
+    票据簿列表(app_, 收费, row, 票据簿.list);
     moveTo(row, C::票据簿编号);
 }
 
 void Frm意向金收取::takeBook(int line) {
-    const auto book = itemAt(票据簿, line).text;
-    票据簿.hide();
+    const auto book = 票据簿.item(line).text;
+    票据簿.close();
     收费.setText(收费.row(), C::票据簿编号, book);
-    填充空白票据(app_, book, 票据.列表);
+    填充空白票据(app_, book, 票据.list);
 }
 
 void Frm意向金收取::takeTicket(int line) {
     const int row = 收费.row();
-    const Item& ticket = itemAt(票据, line);
+    const Item& ticket = 票据.item(line);
     收费.takeTicket(row, 收费.text(row, C::票据簿编号), ticket.text, static_cast<std::int32_t>(ticket.data));
-    票据.hide();
+    票据.close();
     if (row == 收费.lastRow()) 收费.appendBlank();
 }
 

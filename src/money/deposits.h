@@ -9,21 +9,11 @@
 #include "money/refund.h"
 #include "session/application.h"
 #include "session/coded_combo.h"
-#include "ui/choices.h"
-#include "ui/panel.h"
+#include "ui/cell_editor.h"
+#include "ui/cell_list.h"
 #include "ui/tree.h"
 
 namespace desk {
-
-/// A list that drops down from a button beside the cell that it fills.
-struct 单元格列表 {
-    单元格列表(Screen& screen, const std::string& name);
-    void hide();
-
-    Button 按钮;
-    Panel 面板;
-    ListBox 列表;
-};
 
 /// Takes the deposit of a letter of intent that has passed: the charge lines, a ticket for each of them, and
 /// the refund of a line. A letter stays in the tree when its deposit has been taken, so that it can be paid
@@ -39,11 +29,11 @@ class Frm意向金收取 : public Screen {
     Tree 意向书{*this, "意向书"};
     意向书信息块 意向书信息{*this, 意向书信息块::Use::locked};
     收费列表 收费{*this, "收费"};
-    TextBox 单元格编辑{*this, "单元格编辑"};
-    单元格列表 收费项目{*this, "收费项目"};
-    单元格列表 票据类型{*this, "票据类型"};
-    单元格列表 票据簿{*this, "票据簿"};
-    单元格列表 票据{*this, "票据"};
+    CellEditor 单元格编辑{*this, "单元格编辑", 收费};
+    CellList 收费项目{*this, 收费, "收费项目"};
+    CellList 票据类型{*this, 收费, "票据类型"};
+    CellList 票据簿{*this, 收费, "票据簿"};
+    CellList 票据{*this, 收费, "票据"};
     /// Beside the clicked row, whose number its tag holds.
     Frame 行操作{*this, "行操作"};
     Button 退款处理{行操作, "退款处理", "退款处理"};
@@ -58,6 +48,7 @@ class Frm意向金收取 : public Screen {
     void fillChargeItems();
     void chooseOffice();
     void chooseLetter(const TreeNode& node);
+    void forgetLetter();
     void showCharges(const std::string& 意向书ID);
 
     void hidePopUps();
@@ -65,7 +56,6 @@ class Frm意向金收取 : public Screen {
     void offerRefund(int row);
     void moveTo(int row, int column);
     void openEditor();
-    void storeTyped();
     void enterTyped();
     void takeItem(int line);
     void takeType(int line);

@@ -14,7 +14,7 @@ using C = 收费列表;
 
 退款凭证::退款凭证(Screen& screen, Application& app, 收费列表& charges, const std::vector<收费项>& items)
     : 面板(screen, "退款凭证", "退款凭证"),
-      付款方式(面板, "付款方式", "付款方式：现金"),
+      付款方式(面板, "凭证.付款方式", "付款方式：现金"),
       凭证编号(面板, "凭证编号"),
       退款日期(面板, "凭证.退款日期"),
       摘要(面板, "摘要"),
@@ -89,10 +89,15 @@ void 退款凭证::prepare() {
 void 退款凭证::显示凭证(const std::string& number) {
     Recordset voucher(
         app_.主连接,
-        sql("Select  凭证编号, 报销类型,报销单明细.科目代号, 摘要,金额, 科目名称, 制单人, 报销人 From "
+        sql("SELECT  凭证编号, 报销类型,报销单明细.科目代号, 摘要,金额, 科目名称, 制单人, 报销人 From "
             "报销单表 Inner Join 报销单明细 On 报销单表.报销单ID=报销单明细.报销单ID Inner Join 财务科目 On "
             "报销单明细.科目代号=财务科目.科目代号 Where 凭证编号='{}'",
             number));
+    for (TextBox* box : {&摘要, &科目代号, &科目名称, &借方金额, &收款人}) box->setText("");
+    凭证编号.setCaption(number);
+    制单人.setCaption("制单人：");
+    // Its account may have gone since.
+    if (voucher.atEnd()) return;
     摘要.setText(voucher["摘要"].text());
     科目代号.setText(voucher["科目代号"].text());
     科目名称.setText(voucher["科目名称"].text());
@@ -116,6 +121,7 @@ void 退款凭证::refund() {
             isoDay(退款日期.value()), numeral(借方金额.text()), voucher, literalOrNull(相关情况说明.text()),
             numeral(cell(C::记录ID))));
     charges_.setText(row_, C::退款标记, "OK");
+    refunded(row_);
 }
 
 namespace {

@@ -33,6 +33,8 @@ class 退款凭证 {
     /// Shows a voucher that has been saved.
     void 显示凭证(const std::string& 凭证编号);
 
+    Signal<int> refunded;  ///< the charge line of that row has been paid back
+
     Panel 面板;
     Label 付款方式;
     Label 凭证编号;

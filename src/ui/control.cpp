@@ -23,6 +23,13 @@ Control::~Control() {
     gone();
 }
 
+void Control::setAnchor(const Control* anchor, std::optional<Cell> cell) {
+    if (anchor_ == anchor && anchorCell_ == cell) return;
+    anchor_ = anchor;
+    anchorCell_ = cell;
+    touched();
+}
+
 bool Control::usable() const {
     for (const Control* control = this; control != nullptr; control = control->holder_)
         if (!control->enabled_ || !control->visible_) return false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -17,6 +18,14 @@ struct Place {
 
     Screen& screen;
     const Control* holder = nullptr;
+};
+
+/// A place in a grid, its fixed rows and columns counted.
+struct Cell {
+    int row = 0;
+    int column = 0;
+
+    bool operator==(const Cell&) const = default;
 };
 
 /// What every control has. Controls are plain objects without a toolkit: screens read and write their
@@ -46,7 +55,9 @@ class Control {
     /// The control at whose lower edge a floating control (a panel, a button inside a field) lies; null for a
     /// control with a place of its own.
     const Control* anchor() const { return anchor_; }
-    void setAnchor(const Control* anchor) { set(anchor_, anchor); }
+    /// The cell of the anchor, a grid, that it lies at; nothing where it lies at the anchor as a whole.
+    const std::optional<Cell>& anchorCell() const { return anchorCell_; }
+    void setAnchor(const Control* anchor, std::optional<Cell> cell = {});
 
     /// Whether a save refuses to go without it; shown as a mark at its caption.
     bool demanded() const { return demanded_; }
@@ -80,6 +91,7 @@ class Control {
     bool demanded_ = false;
     const Control* holder_;
     const Control* anchor_ = nullptr;
+    std::optional<Cell> anchorCell_;
 };
 
 }  // namespace desk

@@ -18,12 +18,9 @@
 namespace desk::desktop {
 namespace {
 
-/// In the menu, but still to be built: leave one out as soon as it has its line in the list.
-const std::set<std::string> toBeBuilt = {
-    "frm意向金收取",
-};
 /// Opened by another screen, or by the program itself.
-const std::set<std::string> withoutMenu = {"frmLogin", "MDIForm1", "Frmtu", "frmToExcel", "frm房源一览表"};
+const std::set<std::string> withoutMenu = {"frmLogin",   "MDIForm1",      "Frmtu",
+                                           "frmToExcel", "frm房源一览表", "frm票据打印"};
 /// Holds a number that nobody sees.
 const std::set<std::string> neverShown = {"Text2"};
 
@@ -62,8 +59,7 @@ TEST_F(ScreenList, EveryMenuEntryOpensAScreenOfTheListAndEveryScreenCanBeReached
     std::set<std::string> reached = withoutMenu;
     for (const MenuEntry& entry : program.app.screens.get<MDIForm1>().entries()) {
         if (entry.tag.empty()) continue;
-        EXPECT_NE(known.contains(entry.tag), toBeBuilt.contains(entry.tag))
-            << entry.caption() << " opens " << entry.tag;
+        EXPECT_TRUE(known.contains(entry.tag)) << entry.caption() << " opens " << entry.tag;
         EXPECT_TRUE(reached.insert(entry.tag).second) << entry.tag << " is in the menu twice";
     }
     for (const auto& name : known) EXPECT_TRUE(reached.contains(name)) << name << " cannot be reached";

@@ -599,6 +599,7 @@ const std::vector<Walk>& walks() {
         unitMap(),
         weekly(),
         classification(),
+        deposits(),
     };
     return all;
 }

@@ -25,7 +25,8 @@ struct Step {
     std::string name;
     std::function<void(Scene&)> act;
     /// What becomes of the failure of each of its statements, in their order: "E" the program ends with its
-    /// number and text, "B" a box with its text, "S" silence. Empty: all of them end the program.
+    /// number and text, "B" a box with its text, "S" silence, "G" silence behind which the handler goes on to
+    /// write. Empty: all of them end the program.
     std::string whenFailing{};
 };
 
@@ -42,6 +43,7 @@ const std::vector<Walk>& walks();
 /// Some of them, each in a file of its own.
 Walk letters();
 Walk classification();
+Walk deposits();
 
 /// A program that stands before the first step of the walk.
 std::unique_ptr<Scene> sceneOf(const Walk& walk, std::string text);

@@ -42,10 +42,4 @@ class 税控替身 : public 打印替身 {
     explicit 税控替身(Application& app) : 打印替身(app, screenName) {}
 };
 
-class 票据替身 : public 打印替身 {
-  public:
-    static constexpr const char* screenName = "frm票据打印";
-    explicit 票据替身(Application& app) : 打印替身(app, screenName) {}
-};
-
 }  // namespace desk

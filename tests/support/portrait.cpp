@@ -52,6 +52,7 @@ class Painter {
         if (!control.enabled()) shown += " disabled";
         if (!control.visible()) shown += " hidden";
         if (control.anchor() != nullptr) shown += " at " + control.anchor()->name();
+        if (const auto& cell = control.anchorCell()) shown += fmt::format(" {} {}", cell->row, cell->column);
         if (!control.tag.empty()) shown += " tag=" + control.tag;
         add(control.name(), shown);
         if (const auto* combo = dynamic_cast<const ComboBox*>(&control)) items(control.name(), *combo);
@@ -139,6 +140,7 @@ class Painter {
             for (int c = 0; c < grid.columns(); ++c) {
                 cells += (c == 0 ? "" : "|") + grid.text(r, c);
                 if (const auto colour = grid.cellColour(r, c)) cells += "(" + shownColour(*colour) + ")";
+                cells += grid.cellPicture(r, c);
             }
             add(fmt::format("{}.{}", grid.name(), r), quoted(cells));
         }

@@ -1,56 +1,18 @@
 #include "desktop/layouts/approval.h"
 
 #include "desktop/layout.h"
+#include "desktop/layouts/letter_fields.h"
 #include "desktop/panel.h"
 #include "desktop/tree_count.h"
 
 namespace desk::desktop {
 
-namespace {
-
 using namespace layout;
 
-QWidget* withUnit(Control& field, std::string_view unit) {
-    return columns({plain(field), caption(unit)}, {1, 0});
-}
-
-QWidget* fromTo(Control& from, Control& to) {
-    return columns({plain(from), caption("至"), plain(to)}, {1, 0, 1});
-}
-
-QWidget* letterFields(Frm意向书审批& screen) {
-    意向书信息块& letter = screen.信息;
-    auto* lease = fromTo(letter["租赁起始日期"], letter["租赁结束日期"]);
-    auto* rent = withUnit(letter["租金单价"], "元/天/平方米");
-    auto* fee = withUnit(letter["物业管理费单价"], "元/平方米/月");
-    auto* works = fromTo(letter["装修起始日期"], letter["装修结束日期"]);
-    auto* lines = fields({{"登记编号", letter.登记编号},
-                          {"对应管理项目", screen.对应管理项目},
-                          {"承租方", letter["承租方"]},
-                          {"租赁单元", letter["租赁单元"]},
-                          {"租赁面积", letter["租赁面积"]},
-                          {"租赁期限", lease},
-                          {"租金单价", rent},
-                          {"月租金", letter["月租金"]},
-                          {"物管费单价", fee},
-                          {"月物管费", letter["月物业管理费"]},
-                          {"付款方式", letter["付款方式"]},
-                          {"递延方式", letter["递延方式"]},
-                          {"物管费意向金", letter["物业管理费意向金"]},
-                          {"租金意向金", letter["租金意向金"]},
-                          {"意向金", letter["意向金合计"]},
-                          {"免租期限", letter["免租期"]},
-                          {"装修期限", works}},
-                         3);
-    auto* texts = fields({{"承租方背景", letter["承租方背景"]}, {"申请说明", letter["申请说明"]}}, 2);
-    return rows({lines, texts}, {0, 1});
-}
-
-}  // namespace
-
 QWidget* layoutOfApproval(Frm意向书审批& screen) {
+    auto* lines = letterLines(screen.信息, {{"对应管理项目", screen.对应管理项目}});
     auto* right = rows(
-        {group("意向书信息", letterFields(screen)),
+        {group("意向书信息", rows({lines, letterTexts(screen.信息)}, {0, 1})),
          group("您的审批意见", plain(screen.您的审批意见, "您的审批意见")),
          buttons({&screen.他人审批情况, &screen.保存审批意见, &screen.同意, &screen.不同意, &screen.退出})},
         {3, 1, 0});

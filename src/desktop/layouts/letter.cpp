@@ -2,6 +2,7 @@
 
 #include "desktop/floating.h"
 #include "desktop/layout.h"
+#include "desktop/layouts/letter_fields.h"
 #include "desktop/panel.h"
 #include "desktop/tree_count.h"
 
@@ -10,14 +11,6 @@ namespace desk::desktop {
 namespace {
 
 using namespace layout;
-
-QWidget* withUnit(Control& field, std::string_view unit) {
-    return columns({plain(field), caption(unit)}, {1, 0});
-}
-
-QWidget* fromTo(Control& from, Control& to) {
-    return columns({plain(from), caption("至"), plain(to)}, {1, 0, 1});
-}
 
 /// In the order in which a letter is read.
 QWidget* letterFields(Frm意向书信息& screen) {

@@ -1,0 +1,36 @@
+#include "desktop/layouts/letter_fields.h"
+
+namespace desk::desktop::layout {
+
+QWidget* withUnit(Control& field, std::string_view unit) {
+    return columns({plain(field), caption(unit)}, {1, 0});
+}
+
+QWidget* fromTo(Control& from, Control& to) {
+    return columns({plain(from), caption("至"), plain(to)}, {1, 0, 1});
+}
+
+QWidget* letterLines(意向书信息块& letter, std::vector<Field> more) {
+    std::vector<Field> lines{{"登记编号", letter.登记编号}};
+    for (Field& field : more) lines.push_back(std::move(field));
+    auto* lease = fromTo(letter["租赁起始日期"], letter["租赁结束日期"]);
+    auto* rent = withUnit(letter["租金单价"], "元/天/平方米");
+    auto* fee = withUnit(letter["物业管理费单价"], "元/平方米/月");
+    auto* works = fromTo(letter["装修起始日期"], letter["装修结束日期"]);
+    for (const Field& field :
+         {Field("承租方", letter["承租方"]), Field("租赁单元", letter["租赁单元"]),
+          Field("租赁面积", letter["租赁面积"]), Field("租赁期限", lease), Field("租金单价", rent),
+          Field("月租金", letter["月租金"]), Field("物管费单价", fee),
+          Field("月物管费", letter["月物业管理费"]), Field("付款方式", letter["付款方式"]),
+          Field("递延方式", letter["递延方式"]), Field("物管费意向金", letter["物业管理费意向金"]),
+          Field("租金意向金", letter["租金意向金"]), Field("意向金", letter["意向金合计"]),
+          Field("免租期限", letter["免租期"]), Field("装修期限", works)})
+        lines.push_back(field);
+    return fields(std::move(lines), 3);
+}
+
+QWidget* letterTexts(意向书信息块& letter) {
+    return fields({{"承租方背景", letter["承租方背景"]}, {"申请说明", letter["申请说明"]}}, 2);
+}
+
+}  // namespace desk::desktop::layout

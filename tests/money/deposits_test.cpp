@@ -1,0 +1,330 @@
+#include "money/deposits.h"
+
+#include <gtest/gtest.h>
+
+#include "base/failure.h"
+#include "base/text.h"
+#include "support/test_program.h"
+#include "support/transcripts_of_room.h"
+
+namespace desk {
+namespace {
+
+using C = 收费列表;
+
+/// A print screen that notes what it was asked for, and hands back what `tickets` holds next: an empty one is
+/// a ticket that did not come out.
+struct Invoices {
+    std::vector<std::string> asked;
+    std::vector<std::string> tickets;
+};
+
+class InvoiceStandIn : public 打印窗体 {
+  public:
+    InvoiceStandIn(const char* name, Invoices& invoices)
+        : 打印窗体(name, name, WindowKind::dialog, 100, 100), invoices_(invoices) {}
+    void 填写(const 开票内容& content) override {
+        std::string all = tag + ":" + content.付款人;
+        for (const auto& item : content.项目)
+            all += "|" + join({item.名称, item.收费项目代号, item.单价, item.数量, item.金额}, ",");
+        invoices_.asked.push_back(all);
+    }
+
+  private:
+    Invoices& invoices_;
+};
+
+/// A letter of office 01 without any charges, a tax type and two others, with a book of ten blank tickets
+/// each.
+class Deposits : public testing::Test {
+  protected:
+    Deposits() {
+        program.openDatabase();
+        addOfficesAndDictionaries(program);
+        program.run(
+            {"Insert Into YZ_意向书信息 (意向书编号,管理处代号,承租方,流转通过) Values ('1','01','甲公司',1)",
+             "Insert Into YZ_意向书信息 (意向书编号,管理处代号,承租方,流转通过) Values ('2','01','乙公司',1)",
+             "Insert Into 财务科目 (科目代号,科目名称) Values ('2181','其他应付款')",
+             "Insert Into SETUPSFXM (DH,XM,收费类别,对应科目) Values ('D1','租金意向金','押金','2181')",
+             "Insert Into 票据领用记录 (票据领用记录编号,领用部门代号) Values ('L1','01')"});
+        for (const std::string type : {"1", "2", "3"}) {
+            program.db().execute("Insert Into 票据类型 (票据类型代号,票据类型,税控,定额) Values ('" + type +
+                                 "','" + (type == "1" ? "税控',1,0)" : "收据',Null,0)"));
+            program.db().execute("Insert Into 票据入库单 (入库单编号,票据类型编号) Values ('B" + type +
+                                 "','" + type + "')");
+            program.db().execute("Insert Into 票据领用清单 (领用记录编号,入库单编号) Values ('L1','B" + type +
+                                 "')");
+            for (int ticket = 0; ticket < 10; ++ticket)
+                program.db().execute("Insert Into 票据 (入库单编号,票据编号) Values ('B" + type + "','" +
+                                     type + "00" + std::to_string(ticket) + "')");
+        }
+        program.enter();
+        offerScreens<Frm意向金收取>(program);
+        for (const char* name : {"frm税控发票打印", "frm票据打印"})
+            program.app.screens.offer(
+                name, [this, name] { return std::make_unique<InvoiceStandIn>(name, invoices); });
+        program.desktop.modalPerson = [this](Screen& form) {
+            const std::string ticket = invoices.tickets.empty() ? "" : invoices.tickets.front();
+            if (!invoices.tickets.empty()) invoices.tickets.erase(invoices.tickets.begin());
+            if (!ticket.empty()) screen().票据打印保存.tag = ticket;
+            program.app.screens.unload(form);
+        };
+        screen().管理项目.pick("01 东塔");
+        click("YM1");
+    }
+
+    Frm意向金收取& screen() { return program.app.screens.get<Frm意向金收取>(); }
+    void click(const char* letter) { screen().意向书.click(*screen().意向书.find(letter)); }
+    void type(int column, const std::string& text) {
+        screen().收费.click(screen().收费.lastRow(), column);
+        screen().单元格编辑.type(text);
+    }
+    /// Fills the last row with an item and a type, the amount standing for the line.
+    void fill(const std::string& amount, int type) {
+        auto& s = screen();
+        s.收费.click(s.收费.lastRow(), C::收费项目);
+        s.收费项目.button.click();
+        s.收费项目.list.click(0);
+        for (const int column : {C::数量, C::单价}) this->type(column, "1");
+        this->type(C::金额, amount);
+        s.收费.click(s.收费.lastRow(), C::票据类型);
+        s.票据类型.button.click();
+        s.票据类型.list.click(type - 1);
+    }
+    /// The same with the `ticket`th blank ticket of its book, which makes room for another row.
+    void fillByHand(const std::string& amount, int type, int ticket) {
+        auto& s = screen();
+        fill(amount, type);
+        s.票据簿.button.click();
+        s.票据簿.list.click(0);
+        s.收费.click(s.收费.lastRow(), C::票据编号);
+        s.票据.button.click();
+        s.票据.list.click(ticket);
+    }
+    void tick(std::initializer_list<int> rows) {
+        for (const int row : rows) screen().收费.click(row, C::打印);
+    }
+    void press() { screen().票据打印保存.click(); }
+    std::string cells(int row, std::initializer_list<int> columns) {
+        std::vector<std::string> texts;
+        for (const int column : columns) texts.push_back(screen().收费.text(row, column));
+        return join(texts, " ");
+    }
+    std::vector<std::string> payments() {
+        return program.rows("Select 金额,票据入库单编号,票据编号,票据打印 From YZ_意向金收款 Order By ID");
+    }
+    std::string pictures() {
+        std::string all;
+        for (int row = 1; row < screen().收费.rows(); ++row) all += screen().收费.picture(row).back();
+        return all;
+    }
+
+    TestProgram program;
+    Invoices invoices;
+};
+
+TEST_F(Deposits, FourTaxLinesGiveTwoInvoices) {
+    for (int line = 0; line < 4; ++line) fillByHand(std::to_string(line + 1), 1, line);
+    EXPECT_EQ(pictures(), "11111");
+    tick({1, 2, 3, 4});
+    EXPECT_EQ(cells(2, {C::票据簿编号, C::票据编号}), " ");
+    invoices.tickets = {"B1,1007,71", "B1,1008,81"};
+    press();
+    EXPECT_EQ(invoices.asked,
+              (std::vector<std::string>{
+                  "意向金收取:甲公司|租金意向金,D1,1,1,1|租金意向金,D1,1,1,2|租金意向金,D1,1,1,3",
+                  "意向金收取:甲公司|租金意向金,D1,1,1,4"}));
+    EXPECT_EQ(payments(),
+              (std::vector<std::string>{"1|B1|1007|1", "2|B1|1007|1", "3|B1|1007|1", "4|B1|1008|1"}));
+    // The ticket of the last line takes the sum of all, and no other is used up.
+    EXPECT_EQ(program.rows("Select 票据编号,金额 From 票据 Where 开票日期 Is Not Null"),
+              std::vector<std::string>{"1008|10"});
+    EXPECT_EQ(program.rows("Select 票据编号,票据ID,金额 From 票据开票数据 Order By ID"),
+              (std::vector<std::string>{"1007|71|1", "1007|71|2", "1007|71|3", "1008|81|4"}));
+    EXPECT_EQ(pictures(), "33331");
+}
+
+TEST_F(Deposits, AnInvoiceThatDidNotComeOutStopsTheSavingOfAll) {
+    for (int line = 0; line < 4; ++line) fillByHand(std::to_string(line + 1), 1, line);
+    tick({1, 2, 3, 4});
+    invoices.tickets = {"B1,1007,71", ""};
+    press();
+    EXPECT_EQ(invoices.asked.size(), 2U);
+    EXPECT_TRUE(payments().empty());
+    EXPECT_TRUE(program.rows("Select ID From 票据开票数据").empty());
+    // The first has been printed, and its lines say so.
+    EXPECT_EQ(cells(3, {C::票据簿编号, C::票据编号}), "B1 1007");
+    EXPECT_EQ(cells(4, {C::票据簿编号, C::票据编号}), " ");
+    EXPECT_EQ(pictures(), "22221");
+    // What an earlier press handed back does not count.
+    press();
+    EXPECT_TRUE(payments().empty());
+}
+
+TEST_F(Deposits, GroupsGoTaxFirstAndThenByTypeInTheOrderOfRows) {
+    std::vector<收费行票据信息> lines(8);
+    const auto wait = [&](std::int16_t row, bool tax, const char* type) {
+        lines[static_cast<std::size_t>(row)].行号 = row;
+        lines[static_cast<std::size_t>(row)].税控 = tax;
+        lines[static_cast<std::size_t>(row)].票据类型 = type;
+    };
+    wait(1, false, "3 收据");
+    wait(2, true, "1 税控");
+    wait(4, false, "2 收据");
+    wait(5, false, "3 收据");
+    wait(7, true, "1 税控");
+    std::string all;
+    for (const auto& group : 打印分组(lines)) {
+        all += group.名称 + ":";
+        for (const int row : group.行) all += std::to_string(row);
+        all += " ";
+    }
+    EXPECT_EQ(all, "税控:27 3 收据:15 2 收据:4 ");
+
+    // The screen goes by them: a receipt is asked for behind the invoices, and stops it all.
+    fillByHand("1", 3, 0);
+    fillByHand("2", 1, 0);
+    tick({1, 2});
+    invoices.tickets = {"B1,1000,1"};
+    press();
+    EXPECT_EQ(program.desktop.shown.back(), "frm票据打印");
+    EXPECT_EQ(invoices.asked.size(), 2U);
+    EXPECT_TRUE(payments().empty());
+}
+
+TEST_F(Deposits, OnlyTheLastRowMakesRoomForAnother) {
+    fillByHand("1", 2, 0);
+    ASSERT_EQ(screen().收费.lastRow(), 2);
+    // Another ticket for the first line adds none, and another type leads to the last row without new books.
+    screen().收费.click(1, C::票据编号);
+    screen().票据.button.click();
+    screen().票据.list.click(3);
+    EXPECT_EQ(cells(1, {C::票据编号}), "2003");
+    EXPECT_EQ(screen().收费.lastRow(), 2);
+    screen().收费.click(1, C::票据类型);
+    screen().票据类型.button.click();
+    const auto statements = program.fault.statements.size();
+    screen().票据类型.list.click(0);
+    EXPECT_EQ(program.fault.statements.size(), statements);
+    EXPECT_EQ(screen().收费.row(), 2);
+    EXPECT_EQ(screen().收费.column(), C::票据类型);
+    EXPECT_FALSE(screen().票据类型.button.visible());
+    // A ticked line offers neither books nor tickets, and adds no row.
+    fill("2", 2);
+    tick({2});
+    screen().收费.click(2, C::票据类型);
+    screen().票据类型.button.click();
+    screen().票据类型.list.click(2);
+    EXPECT_EQ(screen().收费.rowData(2), 1);
+    EXPECT_EQ(cells(2, {C::票据类型}), "3 收据");
+    for (const int column : {C::票据簿编号, C::票据编号, C::科目编号, C::序}) {
+        screen().收费.click(2, column);
+        EXPECT_FALSE(screen().票据簿.button.visible() || screen().票据.button.visible()) << column;
+    }
+    EXPECT_TRUE(program.desktop.messages.empty());
+    EXPECT_EQ(screen().收费.lastRow(), 2);
+}
+
+TEST_F(Deposits, EnterStoresAndMovesOneCellToTheRight) {
+    type(C::收费项目, "手写");
+    screen().单元格编辑.pressEnter();
+    EXPECT_EQ(screen().收费.column(), C::科目编号);
+    EXPECT_FALSE(screen().单元格编辑.visible());
+    type(C::数量, "2.5");
+    screen().单元格编辑.pressEnter();
+    EXPECT_EQ(screen().收费.column(), C::单价);
+    screen().单元格编辑.type("1.01");
+    EXPECT_EQ(cells(1, {C::金额}), "") << "only Enter reckons";
+    screen().单元格编辑.pressEnter();
+    EXPECT_EQ(cells(1, {C::收费项目, C::数量, C::单价, C::金额}), "手写 2.5 1.01 2.53");
+    EXPECT_EQ(screen().单元格编辑.text(), "2.53");
+    screen().单元格编辑.pressEnter();
+    EXPECT_TRUE(screen().票据类型.button.visible());
+    EXPECT_FALSE(screen().单元格编辑.visible());
+}
+
+TEST_F(Deposits, ASavedLineIsLeftAlone) {
+    fillByHand("8", 2, 0);
+    press();
+    EXPECT_EQ(payments(), std::vector<std::string>{"8|B2|2000|0"});
+    EXPECT_FALSE(screen().单元格编辑.visible());
+    for (int column = C::序; column <= C::票据编号; ++column) {
+        screen().收费.click(1, column);
+        EXPECT_EQ(screen().收费.selection(), GridSelection::row);
+        EXPECT_FALSE(screen().单元格编辑.visible());
+        for (const CellList* list :
+             {&screen().收费项目, &screen().票据类型, &screen().票据簿, &screen().票据})
+            EXPECT_FALSE(list->button.visible());
+    }
+    EXPECT_EQ(pictures(), "41");
+    screen().收费.click(2, C::数量);
+    EXPECT_EQ(screen().收费.selection(), GridSelection::cell);
+}
+
+TEST_F(Deposits, TheMoneyIsSavedWhateverBecomesOfThePaper) {
+    fillByHand("8", 2, 0);
+    screen().收费.click(1, C::数量);
+    // No number for the paper, none for the money.
+    screen().单元格编辑.type("两");
+    press();
+    EXPECT_TRUE(program.rows("Select ID From 票据开票数据").empty());
+    EXPECT_TRUE(program.rows("Select ID From 票据 Where 开票日期 Is Not Null").empty());
+    EXPECT_EQ(program.rows("Select 数量,金额 From YZ_意向金收款"), std::vector<std::string>{"0|8"});
+}
+
+TEST_F(Deposits, ALineToBePrintedNeedsNumbers) {
+    fill("8", 1);
+    tick({1});
+    screen().收费.click(1, C::单价);
+    screen().单元格编辑.type("一元");
+    try {
+        press();
+        FAIL();
+    } catch (const RuntimeFailure& failure) {
+        EXPECT_EQ(failure.number(), failure::typeMismatch);
+    }
+    EXPECT_TRUE(invoices.asked.empty());
+    EXPECT_TRUE(payments().empty());
+}
+
+TEST_F(Deposits, ALetterThatAnotherSeatHasDeletedLeavesNothingBehind) {
+    fill("8", 2);
+    program.run({"Delete From YZ_意向书信息 Where ID=2"});
+    click("YM2");
+    EXPECT_EQ(screen().意向书信息["承租方"].text() + screen().意向书信息.id(), "");
+    EXPECT_EQ(screen().收费.rows(), 1);
+    press();
+    EXPECT_TRUE(payments().empty());
+}
+
+TEST_F(Deposits, TheVoucherSaysWhichBudgetItIsFrom) {
+    fillByHand("8", 2, 0);
+    fillByHand("9", 2, 1);
+    press();
+    const auto refund = [&](int row, OptionButton& kind) {
+        screen().收费.click(row, C::金额);
+        screen().退款处理.click();
+        EXPECT_TRUE(screen().退款.预算.chosen());
+        kind.click();
+        screen().退款.确定.click();
+        EXPECT_FALSE(screen().退款处理.usable()) << "once is enough";
+        screen().退款.关闭.click();
+    };
+    refund(1, screen().退款.非预算);
+    refund(2, screen().退款.预算);
+    EXPECT_EQ(program.rows("Select 报销类型 From 报销单表 Order By 报销单ID"),
+              (std::vector<std::string>{"非预算", "预算"}));
+    // Shown again each says it, whatever was shown before.
+    program.run({"Update YZ_意向金收款 Set 处理结束=0"});
+    click("YM1");
+    for (const int row : {2, 1}) {
+        screen().收费.click(row, C::金额);
+        screen().退款处理.click();
+        EXPECT_EQ(screen().退款.非预算.chosen(), row == 1);
+        EXPECT_EQ(screen().退款.借方金额.text(), row == 1 ? "8.00" : "9.00");
+        screen().退款.关闭.click();
+    }
+}
+
+}  // namespace
+}  // namespace desk
