@@ -7,6 +7,7 @@
 
 #include "base/failure.h"
 #include "base/text.h"
+#include "platform/key_string.h"
 
 namespace desk {
 
@@ -59,6 +60,7 @@ bool RecordingPrograms::openForUser(const std::string& what) {
 }
 
 void RecordingKeyboard::send(std::string_view keyString) {
+    readKeyString(keyString);
     journal_.add(fmt::format("send {}", keyString));
 }
 

@@ -55,6 +55,7 @@ class RecordingPrograms : public Programs {
     std::int64_t startedSoFar_ = 0;
 };
 
+/// Refuses wrong key strings, of which it then notes nothing.
 class RecordingKeyboard : public Keyboard {
   public:
     explicit RecordingKeyboard(MachineJournal& journal) : journal_(journal) {}
