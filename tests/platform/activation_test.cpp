@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "base/failure.h"
+#include "platform/eventually.h"
 #include "platform/virtual_display.h"
 #include "platform/x11/x11_programs.h"
 
@@ -17,16 +18,6 @@ namespace desk {
 namespace {
 
 using namespace std::chrono_literals;
-
-/// Looks again until it is so, for as long as a loaded machine may take.
-template <class Question>
-bool becomesTrue(Question question) {
-    for (int i = 0; i < 500; ++i) {
-        if (question()) return true;
-        std::this_thread::sleep_for(20ms);
-    }
-    return false;
-}
 
 enum class TitleKind { modern, oldStyle };
 
@@ -87,16 +78,7 @@ bool isManaged(Window window) {
 
 class WithWindowManager : public testing::Test {
   protected:
-    void SetUp() override {
-        ASSERT_TRUE(display.isUp());
-        // A window that is mapped while the window manager starts may never get managed, so one goes ahead of
-        // the test's own windows until one is.
-        ASSERT_TRUE(becomesTrue([] {
-            const OtherProgram pilot("pilot");
-            std::this_thread::sleep_for(100ms);
-            return isManaged(pilot.window);
-        }));
-    }
+    void SetUp() override { ASSERT_TRUE(display.isUp()); }
     VirtualDisplay display{VirtualDisplay::Manager::openbox};
 };
 

@@ -9,6 +9,9 @@
 #include <array>
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
+
+#include "platform/eventually.h"
 
 namespace desk {
 
@@ -32,7 +35,8 @@ VirtualDisplay::VirtualDisplay(Manager manager) {
     if (const char* display = std::getenv("DISPLAY")) former_ = display;
     std::array<int, 2> ends{};
     if (::pipe(ends.data()) != 0) return;
-    run({"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0", "800x600x24", "-nolisten", "tcp"});
+    run({"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0", "800x600x24", "-nolisten", "tcp",
+         "-noreset"});
     ::close(ends[1]);
     // The number comes only when the server takes connections.
     const std::string number = lineFrom(ends[0]);
@@ -40,7 +44,18 @@ VirtualDisplay::VirtualDisplay(Manager manager) {
     if (number.empty()) return;
     name_ = ":" + number;
     ::setenv("DISPLAY", name_.c_str(), 1);
-    if (manager == Manager::openbox) run({"openbox", "--sm-disable"});
+    if (manager == Manager::openbox) startManager();
+}
+
+/// A window that is mapped while the window manager starts may never get managed, so its word is awaited that
+/// it has started.
+void VirtualDisplay::startManager() {
+    namespace fs = std::filesystem;
+    std::string folder = (fs::temp_directory_path() / "desk-XXXXXX").string();
+    if (::mkdtemp(folder.data()) == nullptr) return;
+    run({"openbox", "--sm-disable", "--startup", "touch " + folder + "/started"});
+    becomesTrue([&] { return fs::exists(folder + "/started"); });
+    fs::remove_all(folder);
 }
 
 VirtualDisplay::~VirtualDisplay() {

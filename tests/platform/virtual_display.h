@@ -22,6 +22,7 @@ class VirtualDisplay {
     bool isUp() const { return !name_.empty(); }
 
   private:
+    void startManager();
     pid_t run(const std::vector<std::string>& command);
 
     std::string name_;

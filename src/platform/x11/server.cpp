@@ -4,6 +4,7 @@
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 #include <poll.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -107,13 +108,21 @@ std::string Server::title(Window window) {
 }
 
 std::vector<Window> Server::children(Window window) {
+    return relatives(window).second;
+}
+
+Window Server::parent(Window window) {
+    return relatives(window).first;
+}
+
+std::pair<Window, std::vector<Window>> Server::relatives(Window window) {
     Window ofRoot = None;
-    Window parent = None;
+    Window above = None;
     Window* list = nullptr;
     unsigned count = 0;
-    if (XQueryTree(display_, window, &ofRoot, &parent, &list, &count) == 0) return {};
+    if (XQueryTree(display_, window, &ofRoot, &above, &list, &count) == 0) return {None, {}};
     const std::unique_ptr<Window, FreedByX> owner(list);
-    return {list, list + count};
+    return {above, {list, list + count}};
 }
 
 std::vector<Window> Server::topLevelWindows() {
@@ -139,8 +148,12 @@ bool Server::hasWindowManager() {
     if (check.empty()) return false;
     // One that has died leaves its mark on the root window, but not the window that the mark names.
     const auto itself = numbers(check.front(), "_NET_SUPPORTING_WM_CHECK", XA_WINDOW);
+    return itself == check && supports("_NET_ACTIVE_WINDOW");
+}
+
+bool Server::supports(const char* feature) {
     const auto can = numbers(root(), "_NET_SUPPORTED", XA_ATOM);
-    return itself == check && std::find(can.begin(), can.end(), atom("_NET_ACTIVE_WINDOW")) != can.end();
+    return std::find(can.begin(), can.end(), atom(feature)) != can.end();
 }
 
 std::optional<Window> Server::activeWindow() {
@@ -149,20 +162,27 @@ std::optional<Window> Server::activeWindow() {
     return active.front();
 }
 
+void Server::send(Window window, Window about, const char* type, long first, long second, long third,
+                  long mask) {
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = about;
+    event.xclient.message_type = atom(type);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = first;
+    event.xclient.data.l[1] = second;
+    event.xclient.data.l[2] = third;
+    XSendEvent(display_, window, False, mask, &event);
+    XSync(display_, False);
+}
+
 void Server::requestActivation(Window window) {
     // A window manager may refuse a program that pushes itself to the front, but not a tool that the user
     // handles.
     constexpr long fromTool = 2;
-    XEvent event{};
-    event.xclient.type = ClientMessage;
-    event.xclient.window = window;
-    event.xclient.message_type = atom("_NET_ACTIVE_WINDOW");
-    event.xclient.format = 32;
-    event.xclient.data.l[0] = fromTool;
-    event.xclient.data.l[1] = CurrentTime;
     XSelectInput(display_, root(), PropertyChangeMask);
-    XSendEvent(display_, root(), False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
-    XSync(display_, False);
+    send(root(), window, "_NET_ACTIVE_WINDOW", fromTool, CurrentTime, None,
+         SubstructureRedirectMask | SubstructureNotifyMask);
 }
 
 void Server::raise(Window window) {
@@ -171,22 +191,93 @@ void Server::raise(Window window) {
     XSync(display_, False);
 }
 
-bool Server::awaitActive(Window window, std::chrono::milliseconds patience) {
-    using std::chrono::steady_clock;
-    const auto deadline = steady_clock::now() + patience;
-    while (activeWindow() != window) {
-        const auto left =
-            std::chrono::duration_cast<std::chrono::milliseconds>(deadline - steady_clock::now());
+bool Server::awaitEvents(Clock::time_point deadline) {
+    while (XPending(display_) == 0) {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
         if (left.count() <= 0) return false;
+        pollfd waiting{ConnectionNumber(display_), POLLIN, 0};
+        ::poll(&waiting, 1, static_cast<int>(left.count()));
+    }
+    return true;
+}
+
+template <class Question>
+bool Server::awaitAnswer(Clock::time_point deadline, Question answers) {
+    while (awaitEvents(deadline)) {
+        XEvent event;
+        XNextEvent(display_, &event);
+        if (answers(event)) return true;
+    }
+    return false;
+}
+
+bool Server::awaitActive(Window window, std::chrono::milliseconds patience) {
+    const auto deadline = Clock::now() + patience;
+    while (activeWindow() != window) {
         // Only a change of the root window's properties can be the one waited for.
-        if (XPending(display_) == 0) {
-            pollfd waiting{ConnectionNumber(display_), POLLIN, 0};
-            ::poll(&waiting, 1, static_cast<int>(left.count()));
-        }
+        if (!awaitEvents(deadline)) return false;
         XEvent event;
         while (XPending(display_) > 0) XNextEvent(display_, &event);
     }
     return true;
+}
+
+Window Server::focus() {
+    Window focused = None;
+    int revertsTo = 0;
+    XGetInputFocus(display_, &focused, &revertsTo);
+    return focused;
+}
+
+Window Server::topLevelOf(Window part) {
+    if (part == None || part == PointerRoot) return part;
+    while (true) {
+        // The window manager's mark is on what it put into a frame, which is a window too.
+        if (!numbers(part, "WM_STATE", atom("WM_STATE")).empty()) return part;
+        const Window above = parent(part);
+        if (above == None || above == root()) return part;
+        part = above;
+    }
+}
+
+bool Server::isOwn(Window window) {
+    const auto process = numbers(window, "_NET_WM_PID", XA_CARDINAL);
+    return process == std::vector{static_cast<unsigned long>(::getpid())};
+}
+
+bool Server::answersPings(Window window) {
+    const auto protocols = numbers(window, "WM_PROTOCOLS", XA_ATOM);
+    return std::find(protocols.begin(), protocols.end(), atom("_NET_WM_PING")) != protocols.end();
+}
+
+bool Server::ping(Window window, std::chrono::milliseconds patience) {
+    const auto now = Clock::now();
+    const auto deadline = now + patience;
+    // The answer goes to the root window, with the stamp that tells it from those to the window manager. Some
+    // toolkits send it for the one mask, some for the other.
+    const long stamp = static_cast<long>(now.time_since_epoch().count() & 0x7FFFFFFF);
+    XSelectInput(display_, root(), StructureNotifyMask | SubstructureNotifyMask);
+    send(window, window, "WM_PROTOCOLS", static_cast<long>(atom("_NET_WM_PING")), stamp,
+         static_cast<long>(window), NoEventMask);
+    return awaitAnswer(deadline, [&](const XEvent& event) {
+        return event.type == ClientMessage && event.xclient.window == root() &&
+               event.xclient.data.l[1] == stamp && event.xclient.data.l[2] == static_cast<long>(window);
+    });
+}
+
+bool Server::pingWindowManager(std::chrono::milliseconds patience) {
+    if (!hasWindowManager() || !supports("_NET_REQUEST_FRAME_EXTENTS")) return false;
+    const auto deadline = Clock::now() + patience;
+    // It answers the question what frame a window would get, behind all that it was asked before.
+    const Window asking = XCreateSimpleWindow(display_, root(), 0, 0, 1, 1, 0, 0, 0);
+    XSelectInput(display_, asking, PropertyChangeMask);
+    send(root(), asking, "_NET_REQUEST_FRAME_EXTENTS", 0, 0, 0,
+         SubstructureRedirectMask | SubstructureNotifyMask);
+    const bool answered = awaitAnswer(deadline, [&](const XEvent& event) {
+        return event.type == PropertyNotify && event.xproperty.window == asking;
+    });
+    XDestroyWindow(display_, asking);
+    return answered;
 }
 
 void Server::movePointer(int x, int y) {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace desk::x11 {
@@ -44,6 +45,22 @@ class Server {
     /// Waits until the window is the active one; false when `patience` ran out.
     bool awaitActive(Window window, std::chrono::milliseconds patience);
 
+    Display* display() const { return display_; }
+
+    /// What keys go to now: a window or a part of one, or None or PointerRoot.
+    Window focus();
+    /// The program's window that the part belongs to; itself where it is none.
+    Window topLevelOf(Window part);
+    /// Whether this very process made the window.
+    bool isOwn(Window window);
+    /// Whether the window's program says when it has dealt with all that it was told.
+    bool answersPings(Window window);
+    /// Waits until it does; false when `patience` ran out.
+    bool ping(Window window, std::chrono::milliseconds patience);
+    /// Waits until the window manager has dealt with all that programs have asked of it so far; false when
+    /// `patience` ran out, or nobody there says so.
+    bool pingWindowManager(std::chrono::milliseconds patience);
+
     /// In pixels of the screen; the server keeps it inside.
     void movePointer(int x, int y);
     void movePointerBy(int dx, int dy);
@@ -51,11 +68,23 @@ class Server {
     void pressButton(unsigned button, bool down);
 
   private:
+    using Clock = std::chrono::steady_clock;
+
+    /// Waits for the server to tell something; false when the time is up.
+    bool awaitEvents(Clock::time_point deadline);
+    /// Waits for an event that answers; false when the time is up.
+    template <class Question>
+    bool awaitAnswer(Clock::time_point deadline, Question answers);
+    bool supports(const char* feature);
+    void send(Window window, Window about, const char* type, long first, long second, long third, long mask);
     Atom atom(const char* name);
     std::vector<unsigned long> numbers(Window window, const char* property, Atom type);
     std::string utf8(Window window, const char* property);
     std::string oldStyleTitle(Window window);
     std::vector<Window> children(Window window);
+    Window parent(Window window);
+    /// The one above and those below.
+    std::pair<Window, std::vector<Window>> relatives(Window window);
 
     Display* display_ = nullptr;
     XErrorHandler formerHandler_ = nullptr;

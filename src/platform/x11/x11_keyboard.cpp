@@ -1,11 +1,15 @@
 #include "platform/x11/x11_keyboard.h"
 
-#include "base/failure.h"
+#include "platform/key_string.h"
+#include "platform/x11/typist.h"
 
 namespace desk {
 
-void X11Keyboard::send(std::string_view) {
-    throw RuntimeFailure(failure::permissionDenied, "本机不能代替键盘输入");
+void X11Keyboard::send(std::string_view keyString) {
+    const auto actions = readKeyString(keyString);
+    x11::Server server;
+    server.requireInput();
+    if (!actions.empty()) x11::Typist(server).type(actions);
 }
 
 }  // namespace desk

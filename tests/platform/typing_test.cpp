@@ -1,0 +1,371 @@
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+#include "base/failure.h"
+#include "base/text.h"
+#include "platform/eventually.h"
+#include "platform/virtual_display.h"
+#include "platform/x11/x11_keyboard.h"
+#include "platform/x11/x11_programs.h"
+
+// Behind all others: its macros have the commonest of names.
+#include <X11/XKBlib.h>
+#include <X11/extensions/XInput.h>
+#include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
+
+#include "platform/x11/held_modifiers.h"
+#include "platform/x11/server.h"
+
+namespace desk {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A person's hand on a keyboard of flesh and plugs, and what the desktop makes of it.
+class Hand {
+  public:
+    Hand() : display_(XOpenDisplay(nullptr)) {
+        const auto keyboards = x11::Keyboards::of(display_);
+        device_ = XOpenDevice(display_, static_cast<XID>(keyboards.physical.front()));
+    }
+    ~Hand() {
+        XCloseDevice(display_, device_);
+        XCloseDisplay(display_);
+    }
+    Hand(const Hand&) = delete;
+    Hand& operator=(const Hand&) = delete;
+
+    void hold(KeySym symbol) { key(symbol, True); }
+    void letGo(KeySym symbol) { key(symbol, False); }
+    void tap(KeySym symbol) {
+        hold(symbol);
+        letGo(symbol);
+    }
+    void chooseLayout(unsigned layout) {
+        XkbLockGroup(display_, XkbUseCoreKbd, layout);
+        XSync(display_, False);
+    }
+    /// "held locked", the server's bits.
+    std::string modifiers() {
+        XkbStateRec state{};
+        XkbGetState(display_, XkbUseCoreKbd, &state);
+        return fmt::format("{} {}", state.base_mods, state.locked_mods);
+    }
+    /// All symbols of all keys of all keyboards.
+    std::vector<std::vector<KeySym>> symbols() {
+        std::vector<std::vector<KeySym>> all;
+        for (const int keyboard : x11::Keyboards::of(display_).all()) {
+            const auto map = x11::readMap(display_, keyboard);
+            for (int code = map->min_key_code; code <= map->max_key_code; ++code) {
+                const KeySym* first = XkbKeySymsPtr(map, code);
+                all.emplace_back(first, first + XkbKeyNumSyms(map, code));
+            }
+        }
+        return all;
+    }
+    Display* display() { return display_; }
+
+  private:
+    void key(KeySym symbol, Bool down) {
+        XTestFakeDeviceKeyEvent(display_, device_, XKeysymToKeycode(display_, symbol), down, nullptr, 0,
+                                CurrentTime);
+        XSync(display_, False);
+    }
+
+    Display* display_;
+    XDevice* device_;
+};
+
+/// The program tests/platform/form in front of a person.
+class Typing : public testing::Test {
+  protected:
+    explicit Typing(VirtualDisplay::Manager manager = VirtualDisplay::Manager::openbox) : display(manager) {}
+
+    void SetUp() override {
+        ASSERT_TRUE(display.isUp());
+        ASSERT_NE(::mkdtemp(folder.data()), nullptr);
+        ::setenv("FORM_JOURNAL", journal().c_str(), 1);
+        layout("us");
+        form = programs.startMinimised(FORM_PROGRAM);
+        ASSERT_TRUE(becomesTrue([&] { return programs.hasWindow("表单"); }));
+        bring();
+    }
+    void TearDown() override {
+        ::kill(static_cast<pid_t>(form), SIGTERM);
+        EXPECT_TRUE(becomesTrue([&] { return !programs.isRunning(form); }));
+        fs::remove_all(folder);
+    }
+
+    std::string journal() const { return folder + "/journal"; }
+    void layout(const std::string& names) {
+        ASSERT_EQ(std::system(("setxkbmap " + names).c_str()), 0) << names;
+    }
+    /// Brings the form to the front, until it has the keyboard.
+    void bring() {
+        programs.activate("表单");
+        ASSERT_TRUE(becomesTrue([] {
+            x11::Server server;
+            return server.title(server.topLevelOf(server.focus())) == "表单";
+        }));
+        send("{F12}");
+    }
+    void send(std::string_view keys) { X11Keyboard().send(keys); }
+    long failureOf(std::string_view keys) {
+        try {
+            send(keys);
+            return 0;
+        } catch (const RuntimeFailure& failure) {
+            said = failure.description();
+            return failure.number();
+        }
+    }
+    /// All that the form has written down, once there are `count` lines of it.
+    std::vector<std::string> lines(std::size_t count) {
+        std::vector<std::string> all;
+        EXPECT_TRUE(becomesTrue([&] {
+            all.clear();
+            std::ifstream file(journal());
+            for (std::string line; std::getline(file, line);) all.push_back(line);
+            return all.size() >= count;
+        }));
+        return all;
+    }
+    /// What the form gets to read for these keys in its first field.
+    std::string typed(std::string_view keys) {
+        fs::remove(journal());
+        send(keys);
+        send("{F9}");
+        return lines(1).front();
+    }
+
+    VirtualDisplay display;
+    std::string folder = (fs::temp_directory_path() / "desk-XXXXXX").string();
+    X11Programs programs;
+    std::int64_t form = 0;
+    std::string said;
+};
+
+/// The same every time, and as good as any.
+class Dice {
+  public:
+    std::uint32_t upTo(std::uint32_t count) {
+        state_ = state_ * 1664525 + 1013904223;
+        return (state_ >> 8) % count;
+    }
+
+  private:
+    std::uint32_t state_ = 2011;
+};
+
+std::string escaped(const std::string& text) {
+    std::string keys;
+    for (const char c : text)
+        keys += std::string_view("+^%~(){}[]").find(c) == std::string_view::npos ? std::string(1, c)
+                                                                                 : fmt::format("{{{}}}", c);
+    return keys;
+}
+
+struct Invoice {
+    std::vector<std::string> fields;
+
+    static Invoice thrown(Dice& dice) {
+        std::string payer = "上海";
+        constexpr std::uint32_t firstHan = 0x4E00;
+        constexpr std::uint32_t countOfHan = 0x51A5;
+        const std::string signs = "+^%~(){}[]@#&*_-=|\\/<>?!;:'\",.`$ AZaz09";
+        for (std::uint32_t i = dice.upTo(30) + 1; i > 0; --i) {
+            const auto han = static_cast<char16_t>(firstHan + dice.upTo(countOfHan));
+            if (dice.upTo(3) > 0)
+                payer += toUtf8(std::u16string(1 + dice.upTo(2), han));
+            else
+                payer += signs[dice.upTo(static_cast<std::uint32_t>(signs.size()))];
+        }
+        const auto amount = [&] { return fmt::format("{}.{:02}", dice.upTo(200000), dice.upTo(100)); };
+        return {{payer + "有限公司", amount(), amount(), amount(), "备注：（€ß）😀 " + amount()}};
+    }
+
+    std::string keys() const {
+        std::vector<std::string> each;
+        for (const auto& field : fields) each.push_back(escaped(field));
+        return join(each, "{TAB}");
+    }
+};
+
+class Layouts : public Typing, public testing::WithParamInterface<const char*> {};
+
+TEST_P(Layouts, NotACharacterIsLostOrSwapped) {
+    layout(GetParam());
+    const char* asked = std::getenv("TYPED_INVOICES");
+    const int count = asked == nullptr ? 20 : std::atoi(asked);
+    Dice dice;
+    std::vector<std::string> expected;
+    for (int i = 0; i < count; ++i) {
+        const Invoice invoice = Invoice::thrown(dice);
+        expected.push_back(join(invoice.fields, "|"));
+        // As the script of an invoice does it: text by text, or all at once.
+        if (i % 2 == 0) {
+            send(invoice.keys());
+            send("{F9}");
+        } else {
+            for (const auto& field : invoice.fields) {
+                if (&field != &invoice.fields.front()) send("{TAB}");
+                send(escaped(field));
+            }
+            send("{F9}");
+        }
+    }
+    EXPECT_EQ(lines(expected.size()), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, Layouts, testing::Values("us", "de", "cn"));
+
+TEST_F(Typing, TypesWhatTheLayoutHasByItsKeysInEachOfItsLayouts) {
+    layout("us,de,fr,ru");
+    Hand hand;
+    const auto before = hand.symbols();
+    for (unsigned each = 0; each < 4; ++each) {
+        hand.chooseLayout(each);
+        EXPECT_EQ(typed("yYzZ19{[}@\\{}}äÄßéЖ中ж{~}|"), "yYzZ19[@\\}äÄßéЖ中ж~|||||") << each;
+    }
+    EXPECT_EQ(hand.symbols(), before);
+}
+
+TEST_F(Typing, ALayoutOfOnePluggedKeyboardIsNotThatOfTypedKeys) {
+    Hand hand;
+    const auto physical = x11::Keyboards::of(hand.display()).physical.front();
+    layout(fmt::format("-device {} de", physical));
+    hand.tap(XK_Shift_L);
+    const auto before = hand.symbols();
+    EXPECT_EQ(typed("zy{[}中z"), "zy[中z||||");
+    hand.tap(XK_Shift_L);
+    EXPECT_EQ(hand.symbols(), before);
+}
+
+TEST_F(Typing, LocksAndHeldKeysAreTakenOffAndPutBack) {
+    Hand hand;
+    hand.tap(XK_Caps_Lock);
+    hand.tap(XK_Num_Lock);
+    hand.hold(XK_Shift_R);
+    hand.hold(XK_Control_L);
+    const std::string before = hand.modifiers();
+    ASSERT_NE(before, "0 0");
+    send("aB3中");
+    EXPECT_EQ(hand.modifiers(), before);
+    hand.letGo(XK_Control_L);
+    hand.letGo(XK_Shift_R);
+    EXPECT_EQ(hand.modifiers(), "0" + before.substr(before.find(' '))) << "none is stuck";
+    send("z{F9}");
+    EXPECT_EQ(lines(1).front(), "aB3中z||||");
+    EXPECT_EQ(typed("{CAPSLOCK}a{CAPSLOCK}b"), "Ab||||") << "its own locks do count";
+    send("{CAPSLOCK}");
+    EXPECT_NE(hand.modifiers(), "0" + before.substr(before.find(' '))) << "and stay";
+}
+
+TEST_F(Typing, AKeyThatIsLetGoWhileTypingIsNotPutBack) {
+    Hand hand;
+    const auto keyboards = x11::Keyboards::of(hand.display());
+    const x11::KeyMap map(hand.display(), keyboards.synthetic, 0);
+    hand.hold(XK_Shift_L);
+    hand.hold(XK_Control_L);
+    {
+        x11::ModifiersOff off(hand.display(), keyboards, map);
+        EXPECT_EQ(hand.modifiers(), "0 0");
+        hand.letGo(XK_Shift_L);
+        hand.hold(XK_Alt_L);
+        off.keepOff(0);
+        EXPECT_EQ(hand.modifiers(), "0 0");
+    }
+    EXPECT_EQ(hand.modifiers(), fmt::format("{} 0", ControlMask | Mod1Mask));
+    // Another program's keys are put back, too, and what is down nowhere else is no obstacle.
+    XTestFakeKeyEvent(hand.display(), XKeysymToKeycode(hand.display(), XK_Shift_L), True, CurrentTime);
+    hand.letGo(XK_Control_L);
+    hand.letGo(XK_Alt_L);
+    send("a");
+    EXPECT_EQ(hand.modifiers(), fmt::format("{} 0", ShiftMask));
+    hand.hold(XK_Shift_L);
+    hand.letGo(XK_Shift_L);
+    EXPECT_EQ(hand.modifiers(), "0 0");
+    send("B");
+    EXPECT_EQ(hand.modifiers(), "0 0");
+    send("{F9}");
+    EXPECT_EQ(lines(1).front(), "aB||||");
+}
+
+class TypingWithoutManager : public Typing {
+  protected:
+    // One that has keys of its own does not pass them on.
+    TypingWithoutManager() : Typing(VirtualDisplay::Manager::none) {}
+};
+
+TEST_F(TypingWithoutManager, PressesEachNamedKey) {
+    send("+{TAB}");
+    send("{BS}{BREAK}{DEL}{DOWN}{END}{ENTER}~{ESC}{HELP}{HOME}{INS}{LEFT}{PGDN}{PGUP}{PRTSC}{RIGHT}");
+    send("{SCROLLLOCK}{TAB}{UP}{NUMLOCK 2}");
+    send("{F1}{F2}{F11}{F13}{F16}^C^({C})%F+a+^{F4}{x 3}");
+    const std::vector<std::string> expected = {
+        "Backspace", "symbol ff6b", "Del",           "Down", "End",  "Return",  "Return",
+        "Esc",       "Help",        "Home",          "Ins",  "Left", "PgDown",  "PgUp",
+        "Print",     "Right",       "ScrollLock",    "Tab",  "Up",   "NumLock", "NumLock",
+        "F1",        "F2",          "F11",           "F13",  "F16",  "Ctrl+C",  "Ctrl+C",
+        "Alt+F",     "Shift+A",     "Ctrl+Shift+F4", "X",    "X",    "X"};
+    EXPECT_EQ(lines(expected.size()), expected);
+}
+
+TEST_F(Typing, AnotherWindowThatComesBetweenGetsNothing) {
+    Hand hand;
+    const auto before = hand.symbols();
+    EXPECT_EQ(failureOf("{F8 30}密码secret"), failure::permissionDenied);
+    EXPECT_EQ(said, "输入中途键盘转到了另一个窗口，其余按键没有输入");
+    EXPECT_EQ(hand.symbols(), before);
+    EXPECT_EQ(hand.modifiers(), "0 0");
+    // Between two sends nobody asks.
+    send("x");
+    EXPECT_EQ(lines(1), std::vector<std::string>{"other x"});
+}
+
+TEST_F(Typing, TheLastKeyMayChangeTheWindow) {
+    EXPECT_EQ(failureOf("a中{F8}"), 0);
+}
+
+TEST_F(Typing, AProgramThatDoesNotAnswerIsReported) {
+    Hand hand;
+    const auto before = hand.symbols();
+    send("{F7}");
+    EXPECT_EQ(failureOf("+(ab)中"), failure::permissionDenied);
+    EXPECT_EQ(said, "接收按键的程序没有响应");
+    EXPECT_EQ(hand.symbols(), before);
+    EXPECT_EQ(hand.modifiers(), "0 0");
+}
+
+TEST_F(Typing, OfAWrongTextNothingIsTyped) {
+    EXPECT_EQ(failureOf("abc{"), failure::invalidCall);
+    EXPECT_EQ(typed("x"), "x||||");
+    EXPECT_EQ(failureOf(""), 0);
+}
+
+TEST(TypingNowhere, FailsWith70) {
+    const auto textOf = [] {
+        try {
+            X11Keyboard().send("a");
+            return std::string();
+        } catch (const RuntimeFailure& failure) {
+            EXPECT_EQ(failure.number(), failure::permissionDenied);
+            return failure.description();
+        }
+    };
+    ::unsetenv("DISPLAY");
+    EXPECT_EQ(textOf(), "没有 X11 桌面，程序不能代替键盘和鼠标");
+    ::setenv("WAYLAND_DISPLAY", "wayland-0", 1);
+    EXPECT_EQ(textOf(), "Wayland 桌面不允许程序代替键盘和鼠标，请用 X11 会话登录系统");
+    ::unsetenv("WAYLAND_DISPLAY");
+}
+
+}  // namespace
+}  // namespace desk
