@@ -90,6 +90,9 @@ TEST_F(WithWindowManager, BringsTheWindowWithExactlyThatTitleToTheFront) {
         ASSERT_TRUE(becomesTrue([&] { return isManaged(program->window); }));
 
     X11Programs programs;
+    EXPECT_TRUE(programs.hasWindow("鸿序楼台") && programs.hasWindow("Invoice 2011"));
+    EXPECT_FALSE(programs.hasWindow("鸿序楼") || programs.hasWindow("INVOICE 2011") ||
+                 programs.hasWindow(""));
     programs.activate("鸿序楼台");
     EXPECT_TRUE(becomesTrue([&] { return launcher.hasKeyboard(); }));
     programs.activate("鸿序楼台 zhuxiao");
@@ -104,6 +107,7 @@ TEST_F(WithWindowManager, BringsAMinimisedWindowBack) {
     ASSERT_TRUE(becomesTrue([&] { return isManaged(launcher.window) && isManaged(other.window); }));
     launcher.minimise();
     ASSERT_TRUE(becomesTrue([&] { return x11::Server().activeWindow() != launcher.window; }));
+    EXPECT_TRUE(X11Programs().hasWindow("鸿序楼台"));
 
     X11Programs().activate("鸿序楼台");
     EXPECT_TRUE(becomesTrue([&] { return launcher.hasKeyboard(); }));
@@ -129,8 +133,9 @@ TEST(WithoutWindowManager, GivesTheWindowTheKeyboardDirectly) {
     EXPECT_EQ(failureOf("鸿序楼台"), failure::invalidCall);
 }
 
-TEST(WithoutDisplay, FailsWith5) {
+TEST(WithoutDisplay, ThereIsNoWindowAndBringingOneFailsWith5) {
     ::setenv("DISPLAY", ":9999", 1);
+    EXPECT_FALSE(X11Programs().hasWindow("鸿序楼台"));
     EXPECT_EQ(failureOf("鸿序楼台"), failure::invalidCall);
     ::unsetenv("DISPLAY");
     EXPECT_EQ(failureOf("鸿序楼台"), failure::invalidCall);

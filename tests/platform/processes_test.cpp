@@ -8,6 +8,8 @@
 #include <fstream>
 #include <thread>
 
+#include "base/failure.h"
+#include "platform/eventually.h"
 #include "platform/processes.h"
 #include "platform/x11/x11_programs.h"
 
@@ -64,6 +66,41 @@ TEST(StartedProcess, IsWatchedAlsoWhereEndsOfChildrenAreIgnored) {
     EXPECT_TRUE(startProcess("true", {}, 10s));
     EXPECT_TRUE(startProcess("sh", {"-c", "(exit 7) & wait $!; test $? = 7"}, 10s)) << "it inherits that";
     std::signal(SIGCHLD, before);
+}
+
+TEST(ProgramStartedMinimised, IsKnownToRunUntilItEnds) {
+    std::string folder = (fs::temp_directory_path() / "desk-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(folder.data()), nullptr);
+    const std::string program = folder + "/税控 软件";
+    // It runs for as long as the file is there.
+    std::ofstream(program) << "#!/bin/sh\n: >\"$0.$$\"\nwhile [ -e \"$0\" ]; do sleep 0.02; done\n";
+    fs::permissions(program, fs::perms::owner_all);
+
+    X11Programs programs;
+    const auto first = programs.startMinimised(program);
+    const auto second = programs.startMinimised(program);
+    EXPECT_NE(first, second);
+    for (const auto process : {first, second})
+        EXPECT_TRUE(becomesTrue([&] { return fs::exists(program + "." + std::to_string(process)); }));
+    EXPECT_TRUE(programs.isRunning(first) && programs.isRunning(second));
+    EXPECT_FALSE(programs.isRunning(::getpid())) << "this one was not started so";
+    fs::remove(program);
+    EXPECT_TRUE(becomesTrue([&] { return !programs.isRunning(first) && !programs.isRunning(second); }));
+    EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1) << "a child is left over";
+    fs::remove_all(folder);
+}
+
+TEST(ProgramStartedMinimised, FailsWith53WhenItCannotBe) {
+    for (const char* program : {"", "/no/such/program", "/tmp", "/etc/passwd"}) {
+        try {
+            X11Programs().startMinimised(program);
+            ADD_FAILURE() << program;
+        } catch (const RuntimeFailure& failure) {
+            EXPECT_EQ(failure.number(), failure::fileNotFound);
+            EXPECT_EQ(failure.description(), std::string("文件未找到：") + program);
+        }
+    }
+    EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1) << "a child is left over";
 }
 
 TEST(OpenedForUser, IsFalseWithoutAProgramForIt) {

@@ -233,6 +233,7 @@ TEST_F(Typing, TypesWhatTheLayoutHasByItsKeysInEachOfItsLayouts) {
     for (unsigned each = 0; each < 4; ++each) {
         hand.chooseLayout(each);
         EXPECT_EQ(typed("yYzZ19{[}@\\{}}äÄßéЖ中ж{~}|"), "yYzZ19[@\\}äÄßéЖ中ж~|||||") << each;
+        EXPECT_EQ(typed("abc^(a)x"), "x||||") << each;
     }
     EXPECT_EQ(hand.symbols(), before);
 }

@@ -281,12 +281,17 @@ bool Server::pingWindowManager(std::chrono::milliseconds patience) {
 }
 
 void Server::movePointer(int x, int y) {
-    XTestFakeMotionEvent(display_, DefaultScreen(display_), x, y, CurrentTime);
+    // What goes over the wire has sixteen bits.
+    const int screen = DefaultScreen(display_);
+    XTestFakeMotionEvent(display_, screen, std::clamp(x, 0, DisplayWidth(display_, screen) - 1),
+                         std::clamp(y, 0, DisplayHeight(display_, screen) - 1), CurrentTime);
     XSync(display_, False);
 }
 
 void Server::movePointerBy(int dx, int dy) {
-    XTestFakeRelativeMotionEvent(display_, dx, dy, CurrentTime);
+    constexpr int farthest = 32767;
+    XTestFakeRelativeMotionEvent(display_, std::clamp(dx, -farthest, farthest),
+                                 std::clamp(dy, -farthest, farthest), CurrentTime);
     XSync(display_, False);
 }
 

@@ -61,7 +61,7 @@ class Server {
     /// `patience` ran out, or nobody there says so.
     bool pingWindowManager(std::chrono::milliseconds patience);
 
-    /// In pixels of the screen; the server keeps it inside.
+    /// In pixels of the screen; the pointer stays inside.
     void movePointer(int x, int y);
     void movePointerBy(int dx, int dy);
     /// 1 left, 2 middle, 3 right.
