@@ -9,9 +9,9 @@ namespace desk {
 template <class Question>
 bool becomesTrue(Question question) {
     using namespace std::chrono_literals;
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < 10'000; ++i) {
         if (question()) return true;
-        std::this_thread::sleep_for(20ms);
+        std::this_thread::sleep_for(2ms);
     }
     return false;
 }

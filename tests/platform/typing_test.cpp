@@ -1,18 +1,14 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <thread>
+#include <optional>
 
 #include "base/failure.h"
 #include "base/text.h"
-#include "platform/eventually.h"
+#include "platform/form_in_front.h"
 #include "platform/virtual_display.h"
 #include "platform/x11/x11_keyboard.h"
-#include "platform/x11/x11_programs.h"
 
 // Behind all others: its macros have the commonest of names.
 #include <X11/XKBlib.h>
@@ -25,8 +21,6 @@
 
 namespace desk {
 namespace {
-
-namespace fs = std::filesystem;
 
 /// A person's hand on a keyboard of flesh and plugs, and what the desktop makes of it.
 class Hand {
@@ -90,31 +84,13 @@ class Typing : public testing::Test {
 
     void SetUp() override {
         ASSERT_TRUE(display.isUp());
-        ASSERT_NE(::mkdtemp(folder.data()), nullptr);
-        ::setenv("FORM_JOURNAL", journal().c_str(), 1);
         layout("us");
-        form = programs.startMinimised(FORM_PROGRAM);
-        ASSERT_TRUE(becomesTrue([&] { return programs.hasWindow("表单"); }));
-        bring();
-    }
-    void TearDown() override {
-        ::kill(static_cast<pid_t>(form), SIGTERM);
-        EXPECT_TRUE(becomesTrue([&] { return !programs.isRunning(form); }));
-        fs::remove_all(folder);
+        form.emplace();
+        ASSERT_TRUE(form->isUp());
     }
 
-    std::string journal() const { return folder + "/journal"; }
     void layout(const std::string& names) {
         ASSERT_EQ(std::system(("setxkbmap " + names).c_str()), 0) << names;
-    }
-    /// Brings the form to the front, until it has the keyboard.
-    void bring() {
-        programs.activate("表单");
-        ASSERT_TRUE(becomesTrue([] {
-            x11::Server server;
-            return server.title(server.topLevelOf(server.focus())) == "表单";
-        }));
-        send("{F12}");
     }
     void send(std::string_view keys) { X11Keyboard().send(keys); }
     long failureOf(std::string_view keys) {
@@ -126,29 +102,16 @@ class Typing : public testing::Test {
             return failure.number();
         }
     }
-    /// All that the form has written down, once there are `count` lines of it.
-    std::vector<std::string> lines(std::size_t count) {
-        std::vector<std::string> all;
-        EXPECT_TRUE(becomesTrue([&] {
-            all.clear();
-            std::ifstream file(journal());
-            for (std::string line; std::getline(file, line);) all.push_back(line);
-            return all.size() >= count;
-        }));
-        return all;
-    }
     /// What the form gets to read for these keys in its first field.
     std::string typed(std::string_view keys) {
-        fs::remove(journal());
+        form->forgetLines();
         send(keys);
         send("{F9}");
-        return lines(1).front();
+        return join(form->lines(1), "\n");
     }
 
     VirtualDisplay display;
-    std::string folder = (fs::temp_directory_path() / "desk-XXXXXX").string();
-    X11Programs programs;
-    std::int64_t form = 0;
+    std::optional<FormInFront> form;
     std::string said;
 };
 
@@ -221,7 +184,7 @@ TEST_P(Layouts, NotACharacterIsLostOrSwapped) {
             send("{F9}");
         }
     }
-    EXPECT_EQ(lines(expected.size()), expected);
+    EXPECT_EQ(form->lines(expected.size()), expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, Layouts, testing::Values("us", "de", "cn"));
@@ -263,7 +226,7 @@ TEST_F(Typing, LocksAndHeldKeysAreTakenOffAndPutBack) {
     hand.letGo(XK_Shift_R);
     EXPECT_EQ(hand.modifiers(), "0" + before.substr(before.find(' '))) << "none is stuck";
     send("z{F9}");
-    EXPECT_EQ(lines(1).front(), "aB3中z||||");
+    EXPECT_EQ(join(form->lines(1), "\n"), "aB3中z||||");
     EXPECT_EQ(typed("{CAPSLOCK}a{CAPSLOCK}b"), "Ab||||") << "its own locks do count";
     send("{CAPSLOCK}");
     EXPECT_NE(hand.modifiers(), "0" + before.substr(before.find(' '))) << "and stay";
@@ -296,7 +259,7 @@ TEST_F(Typing, AKeyThatIsLetGoWhileTypingIsNotPutBack) {
     send("B");
     EXPECT_EQ(hand.modifiers(), "0 0");
     send("{F9}");
-    EXPECT_EQ(lines(1).front(), "aB||||");
+    EXPECT_EQ(join(form->lines(1), "\n"), "aB||||");
 }
 
 class TypingWithoutManager : public Typing {
@@ -316,7 +279,7 @@ TEST_F(TypingWithoutManager, PressesEachNamedKey) {
         "Print",     "Right",       "ScrollLock",    "Tab",  "Up",   "NumLock", "NumLock",
         "F1",        "F2",          "F11",           "F13",  "F16",  "Ctrl+C",  "Ctrl+C",
         "Alt+F",     "Shift+A",     "Ctrl+Shift+F4", "X",    "X",    "X"};
-    EXPECT_EQ(lines(expected.size()), expected);
+    EXPECT_EQ(form->lines(expected.size()), expected);
 }
 
 TEST_F(Typing, AnotherWindowThatComesBetweenGetsNothing) {
@@ -328,7 +291,7 @@ TEST_F(Typing, AnotherWindowThatComesBetweenGetsNothing) {
     EXPECT_EQ(hand.modifiers(), "0 0");
     // Between two sends nobody asks.
     send("x");
-    EXPECT_EQ(lines(1), std::vector<std::string>{"other x"});
+    EXPECT_EQ(form->lines(1), std::vector<std::string>{"other x"});
 }
 
 TEST_F(Typing, TheLastKeyMayChangeTheWindow) {
