@@ -39,10 +39,7 @@ class Months : public QCalendarWidget {
 
   protected:
     void showEvent(QShowEvent* event) override {
-        if (isBound(this)) {
-            showDay();
-            showSelectedDate();
-        }
+        if (isBound(this)) showDay();
         QCalendarWidget::showEvent(event);
     }
 

@@ -27,7 +27,7 @@ void FloatingCalendar::serve(TextBox& field, Button& button, int number) {
 
 void FloatingCalendar::toggleBelow(TextBox& field) {
     面板.setAnchor(&field);
-    if (const auto day = parseDate(field.text()); day && !面板.isOpen()) 日历.setValue(*day);
+    if (const auto day = parseDate(field.text()); day) 日历.setValue(*day);
     面板.toggle();
 }
 

@@ -217,6 +217,11 @@ TEST_F(Letter, ActsOnTheLetterOnTheScreenAlone) {
     screen().信息.登记编号.type("7");
     screen().管理项目.pick("01 东塔");
     screen().确定.click();
+    screen().管理项目.pick("02 西塔");
+    screen().信息.登记编号.type("8");
+    program.desktop.notices.clear();
+    screen().确定.click();
+    EXPECT_EQ(program.desktop.notices, std::vector<std::string>{"已保存 8"});
     screen().新增.click();
     program.desktop.answers = {Answer::yes};
     screen().提交.click();
