@@ -259,6 +259,12 @@ QWidget* atLeast(QWidget* part, double width, double height) {
     return part;
 }
 
+QWidget* wideEnoughFor(std::string_view text, QWidget* part) {
+    constexpr int frameAndMargins = 12;
+    part->setMinimumWidth(part->fontMetrics().horizontalAdvance(desktop::text(text)) + frameAndMargins);
+    return part;
+}
+
 QWidget* atMost(QWidget* part, double width) {
     part->setMaximumWidth(pixels(width));
     return part;

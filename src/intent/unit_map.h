@@ -33,8 +33,8 @@ class Frm房源一览表 : public Screen {
     Button 房源选择确定{*this, "房源选择确定", "房源选择确定", ButtonRole::main};
     Button 统计信息{*this, "统计信息", "统计信息"};
     Button 关闭{*this, "关闭", "关闭"};
-    Label 提示{*this, "提示", "【提示】鼠标单击选择，再次鼠标单击取消选择。鼠标右键单击可查看面积。"};
     Frame 地图框{*this, "地图框"};
+    Label 提示{地图框, "提示", "【提示】鼠标单击选择，再次鼠标单击取消选择。鼠标右键单击可查看面积。"};
     Grid 地图{地图框, "地图"};
     房源标记 突出显示{地图框, "突出显示", rgb(0, 0, 192)};  ///< the one unit that is looked at
     房源信息 信息{*this};

@@ -8,6 +8,7 @@
 #include "db/connection_string.h"
 #include "db/embedded/embedded.h"
 #include "filled_database.h"
+#include "odd_files.h"
 #include "temporary_folder.h"
 
 namespace desk {
@@ -216,6 +217,13 @@ TEST_F(OpeningFile, TellsThatItsFileHasBeenCutShort) {
         connection = Connection();
         writeBytes(path_, whole);
     }
+}
+
+TEST_F(OpeningFile, TellsThatItsDiskKnowsNoLocks) {
+    embedded::createDatabase(path_);
+    const UnlockableFiles disk;
+    const auto told = failureText();
+    EXPECT_TRUE(told.ends_with("无法锁定数据库文件：文件已被其他程序锁定，或所在的磁盘不支持锁定。")) << told;
 }
 
 TEST_F(OpeningFile, GivesUpAfterItsTimeWhenAnotherSeatHoldsTheFile) {

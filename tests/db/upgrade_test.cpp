@@ -9,7 +9,7 @@
 #include "db/embedded/bring_up.h"
 #include "db/embedded/embedded.h"
 #include "db/embedded/sqlite.h"
-#include "dying_files.h"
+#include "odd_files.h"
 #include "filled_database.h"
 #include "schema/definition.h"
 #include "seat_process.h"

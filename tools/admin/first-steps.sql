@@ -10,7 +10,7 @@ Insert Into 职能部门对应管理项目设置 (职能部门编号,管理处�
 
 -- A position in it, and who holds it.
 Insert Into 岗位类别 (岗位类别编号,岗位类别名称) Values ('1','主管')
-Insert Into 岗位信息new (岗位代号,岗位名称,职能部门代号,岗位类别代号) Values ('0101','招商主管','01','1')
+Insert Into 岗位信息new (岗位代号,岗位名称,职能部门代号,岗位类别代号,工号) Values ('0101','招商主管','01','1','1001')
 Insert Into 员工档案 (工号,姓名,帐号密码) Values ('1001','管理员','please-change')
 Insert Into 岗位员工new (员工代号,岗位代号,主要岗位) Values ('1001','0101',1)
 
@@ -20,6 +20,9 @@ Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('01','引驻�
 Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('01','客户信息登记',1,'引驻台账')
 Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('01','客户跟进分配',1,'引驻台账')
 Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('01','客户跟进管理',1,'引驻台账')
+Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('01','意向客户管理',1,'引驻台账')
+Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('01','意向客户登记',1,'引驻台账')
+Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('01','意向客户审批',1,'引驻台账')
 Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('01','统计报表',1,'引驻台账')
 Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('01','跟进状态分析',1,'引驻台账')
 Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('01','基础信息设置',1,'引驻台账')
@@ -27,7 +30,15 @@ Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('01','人员�
 Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('01','中介公司设置',1,'引驻台账')
 Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('01','客户设置',1,'引驻台账')
 Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('01','引驻设置',1,'引驻台账')
+Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('01','意向书审批流程设置',1,'引驻台账')
 Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('01','关于我们',1,'引驻台账')
 
--- Numbers of registered customers begin with the year.
+-- Numbers of registered customers begin with the year, those of letters of intent with YX and the year.
 Insert Into Temp_Type (TypeName,Value,Character) Values ('引驻登记','年份',Null)
+Insert Into Temp_Type (TypeName,Value,Character) Values ('意向书登记','年份','YX')
+
+-- One section of the property with two units, which this member of staff may see on the map of units.
+Insert Into 楼表 (L_ID,楼编号,地址1,字1,管理处,开始日期) Values (1,'1','东塔','座','01','2020-1-1')
+Insert Into 室表 (S_ID,L_ID,室,层次,建筑面积,开始日期) Values (1,1,'101','1',100,'2020-1-1')
+Insert Into 室表 (S_ID,L_ID,室,层次,建筑面积,开始日期) Values (2,1,'102','1',120,'2020-1-1')
+Insert Into 楼域范围设置 (工号,L_ID) Values ('1001',1)

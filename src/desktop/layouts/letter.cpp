@@ -5,6 +5,7 @@
 #include "desktop/layouts/letter_fields.h"
 #include "desktop/panel.h"
 #include "desktop/tree_count.h"
+#include "session/document_number.h"
 
 namespace desk::desktop {
 
@@ -15,7 +16,8 @@ using namespace layout;
 /// In the order in which a letter is read.
 QWidget* letterFields(Frm意向书信息& screen) {
     意向书信息块& letter = screen.信息;
-    auto* number = columns({plain(letter.登记编号), plain(screen.Check5)}, {1, 0});
+    auto* number =
+        columns({wideEnoughFor(自动编号提示, plain(letter.登记编号)), plain(screen.Check5)}, {1, 0});
     auto* tenant = columns({plain(letter["承租方"]), plain(screen.选择承租方)}, {1, 0});
     auto* lease = fromTo(letter["租赁起始日期"], letter["租赁结束日期"]);
     auto* rent = withUnit(letter["租金单价"], "元/天/平方米");

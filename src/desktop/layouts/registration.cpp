@@ -3,6 +3,7 @@
 #include "desktop/layout.h"
 #include "desktop/panel.h"
 #include "desktop/tree_count.h"
+#include "session/document_number.h"
 
 namespace desk::desktop {
 
@@ -22,7 +23,7 @@ QWidget* listWithOther(多选项目& part) {
 }
 
 QWidget* numberField(登记页& page) {
-    return columns({plain(page.登记编号), plain(page.采用自动编号)}, {1, 0});
+    return columns({wideEnoughFor(自动编号提示, plain(page.登记编号)), plain(page.采用自动编号)}, {1, 0});
 }
 
 QWidget* agencyField(中介公司选择& agency) {

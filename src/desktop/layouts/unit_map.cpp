@@ -45,7 +45,7 @@ QWidget* mapOf(Frm房源一览表& screen) {
     auto* view = qobject_cast<QAbstractScrollArea*>(map);
     markerOver(view, screen.突出显示);
     showEach(view, screen.选中.标记, [view](房源标记& marker) { markerOver(view, marker); });
-    return framed(screen.地图框, map);
+    return framed(screen.地图框, rows({hintOf(screen.提示), map}, {0, 1}));
 }
 
 QWidget* infoOf(房源信息& info) {
@@ -106,9 +106,7 @@ QWidget* layoutOfUnitMap(Frm房源一览表& screen) {
     auto* head = columns({atMost(fields({{"区域", screen.区域}}), 6000), legendOf(screen.图例),
                           buttons({&screen.选择房源, &screen.房源选择确定, &screen.统计信息, &screen.关闭})},
                          {2, 3, 0});
-    auto* whole =
-        rows({head, hintOf(screen.提示), mapOf(screen), statisticsOf(screen.统计), plain(screen.状态栏)},
-             {0, 0, 1, 1, 0});
+    auto* whole = rows({head, mapOf(screen), statisticsOf(screen.统计), plain(screen.状态栏)}, {0, 1, 1, 0});
     whole->setContentsMargins(6, 6, 6, 4);
     panelOver(whole, screen.信息.面板, infoOf(screen.信息), FloatsAt::beside);
     return whole;

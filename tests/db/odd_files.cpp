@@ -1,4 +1,4 @@
-#include "dying_files.h"
+#include "odd_files.h"
 
 #include <signal.h>
 #include <sqlite3.h>
@@ -18,6 +18,7 @@ struct Watched {
 int stepsLeft = 0;
 int writesInARow = 0;
 sqlite3_vfs* realFiles = nullptr;
+void (*changeMethods)(sqlite3_io_methods& methods) = nullptr;
 
 void step() {
     if (--stepsLeft <= 0) raise(SIGKILL);
@@ -60,24 +61,45 @@ int open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* out
     auto& watched = known[file->pMethods];
     watched.real = file->pMethods;
     watched.methods = *file->pMethods;
-    watched.methods.xWrite = write;
-    watched.methods.xSync = sync;
-    watched.methods.xTruncate = truncate;
+    changeMethods(watched.methods);
     file->pMethods = &watched.methods;
     return result;
 }
+
+/// Puts `odd` between SQLite and the real files; whoever opens one from then on meets the changed methods.
+void install(sqlite3_vfs& odd, const char* name, void (*change)(sqlite3_io_methods& methods)) {
+    realFiles = sqlite3_vfs_find(nullptr);
+    changeMethods = change;
+    odd = *realFiles;
+    odd.zName = name;
+    odd.xOpen = open;
+    sqlite3_vfs_register(&odd, 1);
+}
+
+sqlite3_vfs unlockable;
 
 }  // namespace
 
 void dieBeforeStep(int last) {
     static sqlite3_vfs dying;
-    realFiles = sqlite3_vfs_find(nullptr);
     stepsLeft = last;
-    dying = *realFiles;
-    dying.zName = "dying";
-    dying.xOpen = open;
+    install(dying, "dying", [](sqlite3_io_methods& methods) {
+        methods.xWrite = write;
+        methods.xSync = sync;
+        methods.xTruncate = truncate;
+    });
     dying.xDelete = remove;
-    sqlite3_vfs_register(&dying, 1);
+}
+
+UnlockableFiles::UnlockableFiles() {
+    install(unlockable, "unlockable", [](sqlite3_io_methods& methods) {
+        methods.xLock = [](sqlite3_file*, int) { return SQLITE_IOERR_LOCK; };
+    });
+}
+
+UnlockableFiles::~UnlockableFiles() {
+    sqlite3_vfs_unregister(&unlockable);
+    sqlite3_vfs_register(realFiles, 1);
 }
 
 }  // namespace desk
