@@ -11,7 +11,7 @@ namespace desk {
 class RuntimeFailure : public std::runtime_error {
   public:
     RuntimeFailure(long number, const std::string& description)
-        : std::runtime_error(withoutNul(description)), number_(number) {}
+        : std::runtime_error(description), number_(number) {}
 
     long number() const { return number_; }
     std::string description() const { return what(); }
@@ -24,12 +24,6 @@ class RuntimeFailure : public std::runtime_error {
     }
 
   private:
-    /// A description may hold what a person has pasted: a NUL in it must not end it for whoever reads it.
-    static std::string withoutNul(std::string text) {
-        for (std::size_t at; (at = text.find('\0')) != std::string::npos;) text.replace(at, 1, "␀");
-        return text;
-    }
-
     long number_;
     std::string statement_;
 };

@@ -260,7 +260,8 @@ QWidget* atLeast(QWidget* part, double width, double height) {
 }
 
 QWidget* wideEnoughFor(std::string_view text, QWidget* part) {
-    constexpr int frameAndMargins = 12;
+    constexpr int frameAndMargins = 20;
+    part->ensurePolished();
     part->setMinimumWidth(part->fontMetrics().horizontalAdvance(desktop::text(text)) + frameAndMargins);
     return part;
 }

@@ -19,13 +19,6 @@ long failureOf(const std::function<void()>& action) {
     return 0;
 }
 
-TEST(Failure, IsToldToItsEndWhateverWasPasted) {
-    using namespace std::string_literals;
-    const RuntimeFailure failure(7, "将文本 '\0a\0' 转换为数值时失败。"s);
-    EXPECT_EQ(failure.description(), "将文本 '␀a␀' 转换为数值时失败。");
-    EXPECT_STREQ(failure.what(), failure.description().c_str());
-}
-
 TEST(Text, CodedEntriesSplitAtTheFirstBlankOnly) {
     EXPECT_EQ(codeBeforeBlank("01 东 塔"), "01");
     EXPECT_EQ(nameAfterBlank("01 东 塔"), "东 塔");

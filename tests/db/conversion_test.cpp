@@ -113,5 +113,19 @@ TEST_F(Conversion, GivesValuesOfTheColumnsKind) {
     EXPECT_FALSE(letter[3].flag());
 }
 
+TEST_F(Conversion, TellsATextToItsEndWhateverWasPastedIntoIt) {
+    using namespace std::string_literals;
+    const auto told = [&](const std::string& statement) {
+        return failureTextOf([&] { connection.execute(statement); });
+    };
+    const auto pasted = "a\0b"s;
+    EXPECT_EQ(told(sql("Update YZ_引驻客户信息 Set 需求面积='{}'", pasted)),
+              "将文本 'a␀b' 转换为数值时失败。");
+    EXPECT_EQ(told(sql("Update YZ_引驻客户信息 Set 登记日期='{}'", pasted)),
+              "将文本 'a␀b' 转换为日期时失败。");
+    connection.execute(sql("Update YZ_引驻客户信息 Set 公司名称='{}'", pasted));
+    EXPECT_NE(told("Update YZ_引驻客户信息 Set 备注='x' Where 公司名称=1").find("'a␀b'"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace desk

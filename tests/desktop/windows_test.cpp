@@ -12,11 +12,13 @@
 #include <QTimer>
 
 #include "base/failure.h"
+#include "customers/registration.h"
 #include "desktop/binding.h"
 #include "desktop/layout.h"
 #include "desktop/panel.h"
 #include "desktop/qt_desktop.h"
 #include "desktop/screen_list.h"
+#include "intent/unit_map.h"
 #include "session/main_window.h"
 #include "support/test_program.h"
 #include "ui/batch.h"
@@ -356,6 +358,32 @@ TEST_F(Windows, EveryScreenShowsEachOfItsButtonsOnASmallScreen) {
                 }
         enter([&] { app->screens.unload(screen); });
     }
+}
+
+/// A screen of 1280 × 800 has room for all that is measured out to fit it.
+TEST_F(Windows, WhatMustBeReadIsWholeAtTheUsualSize) {
+    main->showNormal();
+    main->resize(1280, 760);
+    enter([&] { app->screens.open(Frm引驻客户信息登记::screenName); });
+    QApplication::processEvents();
+    auto& registration = app->screens.get<Frm引驻客户信息登记>();
+    for (int page = 0; page < 3; ++page) {
+        registration.页签.click(page);
+        QApplication::processEvents();
+        const Control& number = registration.pages()[static_cast<std::size_t>(page)]->登记编号;
+        const QWidget* line = widget(child(Frm引驻客户信息登记::screenName), number.name().c_str());
+        constexpr int frameAndMargins = 12;
+        EXPECT_LE(line->fontMetrics().horizontalAdvance("<保存时自动生成编号>"),
+                  line->width() - frameAndMargins)
+            << page;
+    }
+    enter([&] { app->screens.open(Frm房源一览表::screenName); });
+    auto& map = app->screens.get<Frm房源一览表>();
+    map.统计.show(std::vector<楼域统计>(5));
+    map.地图框.setVisible(false);
+    QApplication::processEvents();
+    const QWidget* last = widget(child(Frm房源一览表::screenName), "统计块(4)");
+    EXPECT_EQ(last->visibleRegion().boundingRect(), last->rect());
 }
 
 }  // namespace

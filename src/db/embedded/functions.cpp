@@ -10,6 +10,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "db/embedded/renderer.h"
+#include "db/tsql/sql_failure.h"
 
 namespace desk::embedded {
 
@@ -82,8 +83,7 @@ void numberCall(sqlite3_context* context, int, sqlite3_value** values) {
     const std::string_view text = textOf(values[0]);
     if (trimmed(text).empty()) return sqlite3_result_double(context, 0);
     if (const auto number = wholeNumber(text)) return sqlite3_result_double(context, *number);
-    const auto message = "将文本 '" + std::string(text) + "' 转换为数值时失败。";
-    sqlite3_result_error(context, message.c_str(), -1);
+    sqlite3_result_error(context, tsql::noConversion(text, "数值").c_str(), -1);
     sqlite3_result_error_code(context, SQLITE_MISMATCH);
 }
 

@@ -18,9 +18,16 @@ int Patience::busy(void* patience, int attempts) {
     const auto left =
         self.timeout_ - std::chrono::duration_cast<std::chrono::milliseconds>(now - self.start_);
     if (left <= std::chrono::milliseconds::zero()) return 0;
-    const std::chrono::milliseconds pause(std::uniform_int_distribution<int>(1, 10)(self.random_));
-    std::this_thread::sleep_for(std::min(pause, left));
+    std::this_thread::sleep_for(
+        std::min<std::chrono::microseconds>(self.pauseAfter(self.timeout_ - left), left));
     return 1;
+}
+
+std::chrono::microseconds Patience::pauseAfter(std::chrono::milliseconds waited) {
+    constexpr long firstPause = 10'000;  // µs
+    constexpr long halvedAfter = 250;    // ms
+    const long longest = firstPause * halvedAfter / (halvedAfter + static_cast<long>(waited.count()));
+    return std::chrono::microseconds(std::uniform_int_distribution<long>(longest / 10, longest)(random_));
 }
 
 }  // namespace desk::embedded

@@ -7,9 +7,10 @@ struct sqlite3;
 
 namespace desk::embedded {
 
-/// How a connection waits while another seat holds the file: it looks again after a random 1 to 10 ms, until
-/// the time-out is over. SQLite's own waiting sleeps longer and longer, so that of several seats that write
-/// without a pause those that came last always win, and the first may wait for its whole time-out.
+/// How a connection waits while another seat holds the file: it looks again after a random pause, until the
+/// time-out is over. The longer it has waited, the shorter are the pauses, so that of several seats that
+/// write without a pause the one that came first finds the next gap. SQLite's own waiting sleeps longer and
+/// longer: those that came last always win, and the first may wait for its whole time-out.
 class Patience {
   public:
     explicit Patience(std::chrono::milliseconds timeout) : timeout_(timeout) {}
@@ -19,6 +20,7 @@ class Patience {
 
   private:
     static int busy(void* patience, int attempts);
+    std::chrono::microseconds pauseAfter(std::chrono::milliseconds waited);
 
     std::chrono::milliseconds timeout_;
     std::chrono::steady_clock::time_point start_{};  ///< of the wait that goes on

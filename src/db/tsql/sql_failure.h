@@ -17,12 +17,20 @@ namespace desk::tsql {
     wrongStatement(fmt::format("'{}' 附近有语法错误。", token));
 }
 
+/// What cannot be converted to a number or a date, as it is told. Whoever reads a failure stops at a NUL, so
+/// that one in a pasted text is shown by a sign.
+inline std::string noConversion(std::string_view text, std::string_view wanted) {
+    std::string shown(text);
+    for (std::size_t at; (at = shown.find('\0')) != std::string::npos;) shown.replace(at, 1, "␀");
+    return fmt::format("将文本 '{}' 转换为{}时失败。", shown, wanted);
+}
+
 [[noreturn]] inline void noNumber(std::string_view text) {
-    throw RuntimeFailure(failure::badConversion, fmt::format("将文本 '{}' 转换为数值时失败。", text));
+    throw RuntimeFailure(failure::badConversion, noConversion(text, "数值"));
 }
 
 [[noreturn]] inline void noDate(std::string_view text) {
-    throw RuntimeFailure(failure::badConversion, fmt::format("将文本 '{}' 转换为日期时失败。", text));
+    throw RuntimeFailure(failure::badConversion, noConversion(text, "日期"));
 }
 
 }  // namespace desk::tsql

@@ -7,7 +7,10 @@ QWidget* withUnit(Control& field, std::string_view unit) {
 }
 
 QWidget* fromTo(Control& from, Control& to) {
-    return columns({plain(from), caption("至"), plain(to)}, {1, 0, 1});
+    constexpr std::string_view longest = "2026-12-31";
+    return layout::columns({layout::wideEnoughFor(longest, layout::plain(from)), layout::caption("至"),
+                            layout::wideEnoughFor(longest, layout::plain(to))},
+                           {1, 0, 1});
 }
 
 QWidget* letterLines(意向书信息块& letter, std::vector<Field> more) {

@@ -1,0 +1,163 @@
+#include "intent/approval.h"
+
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include "desktop/person.h"
+#include "desktop/screen_list.h"
+#include "intent/approval_path.h"
+#include "support/test_program.h"
+
+namespace desk::desktop {
+namespace {
+
+/// Two departments with a position each, and a path of one step for office 01 by which letter 1 is asked.
+class ApprovalByHand : public testing::Test {
+  protected:
+    ApprovalByHand() {
+        program.openDatabase();
+        addOfficesAndDictionaries(program);
+        program.run(
+            {"Insert Into 职能部门new (职能部门编号,职能部门名称) Values ('01','招商部'),('02','财务部')",
+             "Insert Into 岗位信息new (岗位代号,岗位名称,职能部门代号) Values "
+             "('0101','主管','01'),('0201','会计','02')",
+             "Insert Into YZ_意向书审批路径设置 (审批路径代号,审批路径名称,管理处代号) Values "
+             "('L1','东塔路径','01')",
+             "Insert Into YZ_意向书审批路径 (意向书审批ID,审批环节序号,部门代号,岗位代号) Values "
+             "(1,1,'01','0101')",
+             "Insert Into YZ_意向书信息 (意向书编号,管理处代号,承租方) Values ('7','01','甲公司')",
+             "Insert Into YZ_意向书审批情况 (意向书ID,环节序号,部门代号,岗位代号) Values (1,1,'01','0101')"});
+        offerScreens(program.app);
+        program.enter();
+    }
+
+    template <class S>
+    S& loaded() {
+        return program.app.screens.get<S>();
+    }
+    static void clickLine(const Person& person, const Control& control, std::initializer_list<int> rows,
+                          int column = 0) {
+        QWidget& view = person.at(control);
+        Person::click(viewportOf(view), lineOf(view, rows, column));
+    }
+    /// The names of what Tab comes to, beginning where the focus is.
+    static std::string wayByTab(const Person& person, int steps) {
+        std::string way;
+        for (int i = 0; i < steps; ++i) {
+            way += Person::focused() + " ";
+            person.press({Qt::Key_Tab});
+        }
+        return way;
+    }
+
+    TestProgram program;
+};
+
+TEST_F(ApprovalByHand, TabAndEnterGoThroughAPathAndItsSteps) {
+    auto& screen = loaded<Frm意向书审批路径设置>();
+    const Person person(layoutOf(screen));
+    clickLine(person, screen.路径列表, {0}, 1);
+    EXPECT_EQ(screen.路径代号.text(), "L1");
+    screen.路径代号.focus();
+    person.press({Qt::Key_Return, Qt::Key_Return, Qt::Key_Return});
+    EXPECT_EQ(Person::focused(), "备注");
+    screen.路径代号.focus();
+    EXPECT_EQ(wayByTab(person, 15),
+              "路径代号 路径名称 管理项目 备注 单级流转 确定 新增 删除 环节列表 上移 下移 环节序号 选择部门 "
+              "岗位 环节.确定 ");
+    // Behind the last field Enter comes to 确定, which it presses.
+    screen.环节.环节序号.focus();
+    person.press({Qt::Key_A, Qt::Key_Return, Qt::Key_Tab, Qt::Key_Return});
+    EXPECT_EQ(Person::focused(), "环节.确定");
+    person.press({Qt::Key_Return});
+    EXPECT_NE(program.desktop.takeMessage().find("错误号"), std::string::npos);
+    person.click(screen.新增);
+    EXPECT_EQ(Person::focused(), "路径代号");
+    EXPECT_EQ(person.at<QLineEdit>(screen.路径代号).text(), "");
+    // A path that has been taken away leaves its steps grey.
+    person.click(screen.新增);
+    clickLine(person, screen.路径列表, {0}, 1);
+    EXPECT_TRUE(person.at(screen.环节.框).isEnabled());
+    program.desktop.answers = {Answer::yes, Answer::yes};
+    person.click(screen.环节.删除);
+    person.click(screen.删除);
+    EXPECT_FALSE(person.at(screen.环节.框).isEnabled());
+}
+
+TEST_F(ApprovalByHand, ADepartmentIsPickedFromATreeThatEscapeCloses) {
+    auto& screen = loaded<Frm意向书审批路径设置>();
+    const Person person(layoutOf(screen));
+    person.window().resize(1000, 640);
+    clickLine(person, screen.路径列表, {0}, 1);
+    EXPECT_TRUE(person.at<QLineEdit>(screen.环节.部门).isReadOnly());
+    const QWidget& panel = person.at(screen.环节.部门面板);
+    person.click(screen.环节.选择部门);
+    EXPECT_TRUE(panel.isVisible());
+    EXPECT_EQ(Person::focused(), "部门树");
+    EXPECT_EQ(screen.环节.部门.text(), "01 招商部") << "the focus has picked";
+    person.press({Qt::Key_Escape});
+    EXPECT_FALSE(panel.isVisible());
+    EXPECT_EQ(Person::focused(), "选择部门");
+    EXPECT_EQ(screen.环节.部门.text(), "01 招商部");
+    person.click(screen.环节.选择部门);
+    clickLine(person, screen.环节.部门树, {1});
+    EXPECT_FALSE(panel.isVisible());
+    EXPECT_EQ(person.at<QLineEdit>(screen.环节.部门).text(), "02 财务部");
+    ASSERT_EQ(screen.环节.岗位.count(), 1);
+    EXPECT_EQ(screen.环节.岗位.index(), -1);
+    // Another row takes the tree away, and shows the department as it is stored.
+    person.click(screen.环节.选择部门);
+    clickLine(person, screen.路径列表, {0}, 1);
+    EXPECT_FALSE(panel.isVisible());
+    EXPECT_EQ(screen.环节.部门.text(), "01 招商部");
+    EXPECT_EQ(screen.环节.岗位.text(), "0101 主管");
+}
+
+TEST_F(ApprovalByHand, TheDeskIsReadAndDecidedOnByKeys) {
+    auto& screen = loaded<Frm意向书审批>();
+    const Person person(layoutOf(screen));
+    person.window().resize(1100, 640);
+    person.at(screen.待审批).setFocus();
+    EXPECT_EQ(screen.信息.id(), "") << "the focus has selected";
+    person.press({Qt::Key_Down, Qt::Key_Down});
+    EXPECT_EQ(person.at<QLineEdit>(screen.信息["承租方"]).text(), "甲公司");
+    EXPECT_TRUE(person.at<QLineEdit>(screen.信息["承租方"]).isReadOnly());
+    // Nothing of the letter can be typed in: Tab passes it by.
+    EXPECT_EQ(wayByTab(person, 7), "待审批 您的审批意见 同意 他人审批情况 保存审批意见 不同意 退出 ");
+    screen.您的审批意见.focus();
+    person.type("ok");
+    person.press({Qt::Key_Return});
+    EXPECT_EQ(Person::focused(), "您的审批意见") << "a text of several lines keeps Enter";
+    person.press({Qt::Key_Tab, Qt::Key_Return});
+    EXPECT_EQ(program.rows("Select 审批内容,同意 From YZ_意向书审批情况"),
+              std::vector<std::string>{"ok\r\n|1"});
+}
+
+TEST_F(ApprovalByHand, TheOpinionsOfOthersLieOverTheLetterAndGoAgain) {
+    auto& screen = loaded<Frm意向书审批>();
+    const Person person(layoutOf(screen));
+    person.window().resize(1100, 640);
+    person.click(screen.他人审批情况);
+    EXPECT_FALSE(screen.他人面板.isOpen()) << "no letter is on the desk";
+    clickLine(person, screen.待审批, {0, 0});
+    person.click(screen.他人审批情况);
+    const QWidget& panel = person.at(screen.他人面板);
+    EXPECT_TRUE(panel.isVisible());
+    EXPECT_TRUE(panel.isAncestorOf(QApplication::focusWidget())) << Person::focused();
+    EXPECT_EQ(screen.他人意见.列表.rows(), 2);
+    // The list of letters stays in view.
+    EXPECT_GE(panel.mapTo(&person.window(), QPoint()).x(), person.at(screen.待审批).geometry().right());
+    person.press({Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab});
+    EXPECT_TRUE(panel.isAncestorOf(QApplication::focusWidget())) << Person::focused();
+    person.press({Qt::Key_Escape});
+    EXPECT_FALSE(panel.isVisible());
+    EXPECT_EQ(Person::focused(), "他人审批情况");
+    person.click(screen.他人审批情况);
+    person.click(screen.关闭);
+    EXPECT_FALSE(panel.isVisible());
+}
+
+}  // namespace
+}  // namespace desk::desktop
