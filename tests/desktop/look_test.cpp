@@ -213,7 +213,8 @@ TEST_F(Look, SpareWidthGoesToTextsAndNumbersHaveRoom) {
 TEST_F(Look, KeysPressTheButtonsOfTheScreen) {
     auto* panel =
         layout::framed(form.panel, layout::rows({widgetFor(form.inPanel), widgetFor(form.panelSure)}));
-    show(layout::rows({widgetFor(form.company), panel, widgetFor(form.sure), widgetFor(form.add)}));
+    // The button of the panel is the last of its caption, and the nearest to what is typed in it.
+    show(layout::rows({widgetFor(form.company), widgetFor(form.sure), widgetFor(form.add), panel}));
     std::string pressed;
     form.sure.clicked += [&] { pressed += "确定 "; };
     form.panelSure.clicked += [&] { pressed += "面板 "; };

@@ -18,6 +18,7 @@
 #include "desktop/panel.h"
 #include "desktop/qt_desktop.h"
 #include "desktop/screen_list.h"
+#include "intent/approval.h"
 #include "intent/unit_map.h"
 #include "session/main_window.h"
 #include "support/test_program.h"
@@ -237,6 +238,13 @@ TEST_F(Windows, AChildThatComesBackHasTheFocusWhereItWas) {
         EXPECT_EQ(sheet.first.text(), "half a word");
         EXPECT_EQ(told, 0) << "it comes back, and is not entered anew";
 
+        // By the keys that go from child to child, and when the one before it goes.
+        open("other");
+        child("sheet")->mdiArea()->activatePreviousSubWindow();
+        QApplication::processEvents();
+        EXPECT_EQ(QApplication::focusWidget(), first);
+        EXPECT_EQ(told, 0);
+
         // A click into another field of a window at the back goes there.
         if (sheet.tag.empty()) {
             open("other");
@@ -277,6 +285,28 @@ TEST_F(Windows, AMinimisedChildComesBackFromTheMenu) {
     static_cast<MDIForm1*>(app->screens.loaded(MDIForm1::screenName))->entry("关于我们")->click();
     EXPECT_FALSE(child("frmAbout")->isMinimized());
     EXPECT_TRUE(child("frmAbout")->widget()->isVisible());
+}
+
+TEST_F(Windows, AChildShrinksWithTheMainWindow) {
+    bring(Frm意向书审批::screenName);
+    QMdiSubWindow* shown = child(Frm意向书审批::screenName);
+    main->showNormal();
+    main->resize(800, 500);
+    QApplication::processEvents();
+    EXPECT_LE(shown->width(), shown->mdiArea()->viewport()->width());
+    EXPECT_LE(shown->height(), shown->mdiArea()->viewport()->height());
+}
+
+/// Nothing is asked, and what runs in a child cannot hold it up.
+TEST_F(Windows, ClosingTheMainWindowEndsTheProgram) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    open("sheet");
+    EXPECT_EXIT(
+        {
+            main->close();
+            QApplication::processEvents();
+        },
+        testing::ExitedWithCode(0), "");
 }
 
 TEST_F(Windows, ACentredChildStandsInTheMiddleWithItsFrame) {

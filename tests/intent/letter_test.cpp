@@ -244,5 +244,29 @@ TEST_F(Letter, TwoOfOneNumberAreTwoNodes) {
     EXPECT_EQ(screen().信息.登记编号.text(), "2");
 }
 
+/// In turn one is asked, also where a path has got two steps of the first number.
+TEST_F(Letter, OnlyOneIsAskedFirstAndThePersonIsToldThatItIsSent) {
+    program.run({"Insert Into YZ_意向书审批路径设置 (审批路径代号,管理处代号,单级流转) Values ('L','01',0)",
+                 "Insert Into YZ_意向书审批路径 (意向书审批ID,审批环节序号,部门代号,岗位代号) Values "
+                 "(1,1,'01','0101'),(1,1,'02','0201'),(1,2,'03','0301')"});
+    clickLetter("2");
+    program.desktop.answers = {Answer::yes};
+    screen().提交.click();
+    EXPECT_EQ(program.rows("Select 意向书ID,环节序号,部门代号 From YZ_意向书审批情况"),
+              std::vector<std::string>{"2|1|01"});
+    EXPECT_EQ(program.desktop.notices, std::vector<std::string>{"已提交 2"});
+}
+
+TEST_F(Letter, ASavedOneIsBroughtIntoViewUnselected) {
+    std::string revealed;
+    screen().意向书.revealAsked += [&](const TreeNode& node) { revealed = node.text(); };
+    screen().新增.click();
+    screen().信息.登记编号.type(" 31 ");
+    field("承租方").type("丁");
+    screen().确定.click();
+    EXPECT_EQ(revealed, "31 丁");
+    EXPECT_EQ(screen().意向书.selected(), nullptr);
+}
+
 }  // namespace
 }  // namespace desk
