@@ -8,9 +8,8 @@ QWidget* withUnit(Control& field, std::string_view unit) {
 
 QWidget* fromTo(Control& from, Control& to) {
     constexpr std::string_view longest = "2026-12-31";
-    return layout::columns({layout::wideEnoughFor(longest, layout::plain(from)), layout::caption("至"),
-                            layout::wideEnoughFor(longest, layout::plain(to))},
-                           {1, 0, 1});
+    return columns({wideEnoughFor(longest, plain(from)), caption("至"), wideEnoughFor(longest, plain(to))},
+                   {1, 0, 1});
 }
 
 QWidget* letterLines(意向书信息块& letter, std::vector<Field> more) {
