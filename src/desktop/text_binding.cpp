@@ -38,11 +38,7 @@ class LineEdit : public QLineEdit {
         }
         // A flat field keeps the height of its framed neighbours.
         setMinimumHeight(sizeHint().height());
-        if (box.style() == TextStyle::line) {
-            doubt_ = new QAction(this);
-            doubt_->setVisible(false);
-            addAction(doubt_, TrailingPosition);
-        }
+        if (box.style() == TextStyle::line) doubt_ = new QAction(this);
         connect(this, &QLineEdit::textEdited, this,
                 [this](const QString& typed) { enter([&] { box_.type(utf8(typed)); }); });
         follow(this, box.touched, [this] { showBox(); });
@@ -133,7 +129,11 @@ class LineEdit : public QLineEdit {
         // Looking for the icon in the system's themes is long work, and most fields never show it.
         if (!doubt.isEmpty() && doubt_->icon().isNull())
             doubt_->setIcon(style()->standardIcon(QStyle::SP_MessageBoxWarning));
-        doubt_->setVisible(!doubt.isEmpty());
+        // One that is only hidden keeps its room from the text.
+        if (doubt.isEmpty())
+            removeAction(doubt_);
+        else if (!actions().contains(doubt_))
+            addAction(doubt_, TrailingPosition);
         doubt_->setToolTip(doubt);
         setToolTip(doubt);
         setAccessibleDescription(doubt);

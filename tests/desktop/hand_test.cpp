@@ -384,11 +384,13 @@ TEST_F(Hand, ANumberThatReadsOtherwiseGetsACueAndStays) {
     for (const auto& each : texts) {
         form.first.setText(each.text);
         EXPECT_EQ(utf8(edit.toolTip()), each.cue) << each.text;
-        EXPECT_EQ(edit.actions().front()->isVisible(), *each.cue != 0) << each.text;
+        // Without a cue nothing stands behind the text that would take its room.
+        EXPECT_EQ(edit.actions().size(), *each.cue != 0 ? 1 : 0) << each.text;
         EXPECT_EQ(utf8(edit.text()), each.text);
     }
     form.first.setNumeric(false);
     EXPECT_TRUE(edit.toolTip().isEmpty());
+    EXPECT_TRUE(edit.actions().isEmpty());
 }
 
 TEST_F(Hand, ARefilledComboShowsItsNewColours) {
