@@ -118,7 +118,9 @@ void QtDesktop::dropClosed() {
 }
 
 Answer QtDesktop::messageBox(const Message& message) {
-    QMessageBox box(QApplication::activeWindow());
+    // While another program is in front, no window of ours is the active one.
+    QWidget* active = QApplication::activeWindow();
+    QMessageBox box(active != nullptr ? active : QApplication::activeModalWidget());
     box.setWindowTitle(message.title.empty() ? QString(模块名) : text(message.title));
     box.setTextFormat(Qt::PlainText);
     box.setText(text(message.text));
@@ -227,6 +229,10 @@ bool QtDesktop::showProgress(std::string_view what, long done, long total, Stopp
 
 void QtDesktop::letEventsRun() {
     QApplication::processEvents();
+}
+
+void QtDesktop::awaitEvents() {
+    QApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 void QtDesktop::endProcess() {

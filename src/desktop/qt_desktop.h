@@ -44,6 +44,7 @@ class QtDesktop : public Desktop {
     void notify(std::string_view text) override;
     bool showProgress(std::string_view what, long done, long total, Stopping stopping) override;
     void letEventsRun() override;
+    void awaitEvents() override;
     [[noreturn]] void endProcess() override;
 
   private:

@@ -13,6 +13,7 @@
 #include "desktop/layouts/reference.h"
 #include "desktop/layouts/registration.h"
 #include "desktop/layouts/session.h"
+#include "desktop/layouts/tax_invoice.h"
 #include "desktop/layouts/unit_map.h"
 #include "desktop/screen_keys.h"
 #include "session/background.h"
@@ -65,6 +66,7 @@ const std::vector<KnownScreen>& screenList() {
         screen<Frm房源一览表, layoutOfUnitMap>(),
         screen<Frm意向金收取, layoutOfDeposits>(),
         screen<Frm票据打印, layoutOfReceiptPrinting>(),
+        screen<Frm税控发票打印, layoutOfTaxInvoice>(),
     };
     return list;
 }

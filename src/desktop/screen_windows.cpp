@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QMenu>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QScrollArea>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -156,9 +157,11 @@ DialogWindow::DialogWindow(Screens& screens, Screen& screen, QWidget* content)
     setWindowTitle(text(screen.caption()));
     auto* box = new QVBoxLayout(this);
     box->setContentsMargins(0, 0, 0, 0);
-    box->addWidget(content);
+    box->addWidget(scrollable(content));
     runTimers(screen, this);
-    resize(pixels(screen.width()), pixels(screen.height()));
+    const QSize title(0, style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    resize(QSize(pixels(screen.width()), pixels(screen.height()))
+               .boundedTo(QWidget::screen()->availableSize() - title));
     follow(this, screen.touched, [this] { setWindowTitle(text(screen_.caption())); });
 }
 

@@ -45,7 +45,7 @@ class ChildWindow : public QMdiSubWindow {
     QObject listening_;  ///< to other objects, which outlive this part of the window
 };
 
-/// A screen in a window of its own.
+/// A screen in a window of its own, no larger than the display. One that needs more room can be scrolled.
 class DialogWindow : public QWidget {
   public:
     DialogWindow(Screens& screens, Screen& screen, QWidget* content);

@@ -21,6 +21,13 @@ void ItemHolder::addItem(std::string_view text, long data, std::optional<Colour>
     tellItemsChanged();
 }
 
+void ItemHolder::removeItem(int line) {
+    if (!has(items_, line)) throw RuntimeFailure(invalidProperty, "无效的属性值");
+    items_.erase(items_.begin() + line);
+    forgetSelection();
+    tellItemsChanged();
+}
+
 void ItemHolder::clear() {
     items_.clear();
     forgetSelection();

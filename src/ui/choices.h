@@ -26,6 +26,8 @@ class ItemHolder : public Control {
     const std::vector<Item>& items() const { return items_; }
     int count() const { return static_cast<int>(items_.size()); }
     void addItem(std::string_view text, long data = 0, std::optional<Colour> colour = {});
+    /// Nothing is selected afterwards. Fails with 380 when there is no such line.
+    void removeItem(int line);
     void clear();
     /// The line that reads exactly `text`, -1 when there is none.
     int find(std::string_view text) const;

@@ -78,6 +78,8 @@ class Desktop {
     /// False when the person has asked it to stop, which is offered where that is possible.
     virtual bool showProgress(std::string_view what, long done, long total, Stopping stopping) = 0;
     virtual void letEventsRun() = 0;
+    /// The same, and waits for one where there is none. The tick of a running timer is one.
+    virtual void awaitEvents() = 0;
 
     /// Ends the process at once.
     [[noreturn]] virtual void endProcess() = 0;

@@ -20,7 +20,7 @@ void Panel::close() {
 }
 
 void Panel::escape() {
-    if (usable()) close();
+    if (usable() && closesOnEscape) close();
 }
 
 }  // namespace desk

@@ -18,6 +18,8 @@ class Panel : public Frame {
     void close();
     void toggle() { isOpen() ? close() : open(); }
 
+    bool closesOnEscape = true;  ///< not where a person has to decide in it
+
     /// What people do: the Escape key; nothing while it is closed or disabled.
     void escape();
 

@@ -19,8 +19,8 @@ namespace desk::desktop {
 namespace {
 
 /// Opened by another screen, or by the program itself.
-const std::set<std::string> withoutMenu = {"frmLogin",   "MDIForm1",      "Frmtu",
-                                           "frmToExcel", "frm房源一览表", "frm票据打印"};
+const std::set<std::string> withoutMenu = {"frmLogin",      "MDIForm1",    "Frmtu",          "frmToExcel",
+                                           "frm房源一览表", "frm票据打印", "frm税控发票打印"};
 /// Holds a number that nobody sees.
 const std::set<std::string> neverShown = {"Text2"};
 

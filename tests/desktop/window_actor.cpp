@@ -117,6 +117,10 @@ void WindowActor::tick(CheckBox& box) {
     if (auto* widget = reached<QWidget>(box)) Person::click(*widget, {8, widget->height() / 2});
 }
 
+void WindowActor::tick(OptionButton& option) {
+    if (auto* widget = reached<QWidget>(option)) Person::click(*widget, {8, widget->height() / 2});
+}
+
 void WindowActor::pick(ComboBox& combo, const std::string& wanted) {
     auto* box = reached<QComboBox>(combo);
     const int line = box != nullptr ? box->findText(text(wanted)) : -1;

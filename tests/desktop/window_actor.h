@@ -20,6 +20,7 @@ class WindowActor : public Actor {
     void press(Button& button) override;
     void click(Label& label) override;
     void tick(CheckBox& box) override;
+    void tick(OptionButton& option) override;
     void pick(ComboBox& combo, const std::string& text) override;
     void pick(DatePicker& picker, const DateTime& day) override;
     void click(ListBox& list, int line) override;

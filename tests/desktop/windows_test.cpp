@@ -362,8 +362,9 @@ TEST_F(Windows, EveryScreenShowsEachOfItsButtonsOnASmallScreen) {
     main->resize(1093, 554);
     QApplication::processEvents();
     for (const KnownScreen& known : screenList()) {
+        // A dialog may have something to say as it opens.
+        if (known.make(*app)->kind() != WindowKind::child) continue;
         Screen& screen = app->screens.get(known.name);
-        if (screen.kind() != WindowKind::child) continue;
         SCOPED_TRACE(known.name);
         enter([&] { app->screens.open(known.name); });
         QApplication::processEvents();

@@ -71,9 +71,10 @@ TEST_P(EveryScreen, LosesAStatementAndKeepsItsOrder) {
                 EXPECT_EQ(everyRow(scene->program), rowsBefore[n]) << statements[n];
             }
             // What the person sees can still be read, and closed.
-            while (Screen* child = scene->program.app.screens.activeChild()) {
-                EXPECT_FALSE(shownBy(*child).empty());
-                scene->program.app.screens.unload(*child);
+            for (auto front = screensInFront(scene->program); !front.empty();
+                 front = screensInFront(scene->program)) {
+                EXPECT_FALSE(shownBy(*front.front()).empty());
+                scene->program.app.screens.unload(*front.front());
             }
         }
         EXPECT_EQ(fates, step.whenFailing.empty() ? std::string(statements.size(), 'E') : step.whenFailing)

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "base/text.h"
@@ -62,6 +63,17 @@ std::string shownBy(const Screen& screen) {
         if (const auto* tree = dynamic_cast<const Tree*>(control)) show(all, tree->roots());
     }
     return all;
+}
+
+std::vector<Screen*> screensInFront(TestProgram& program) {
+    std::vector<Screen*> front;
+    if (Screen* child = program.app.screens.activeChild()) front.push_back(child);
+    const auto& shown = program.desktop.shown;
+    for (const std::string& name : std::set<std::string>(shown.begin(), shown.end()))
+        if (Screen* screen = program.app.screens.loaded(name);
+            screen != nullptr && screen->kind() == WindowKind::dialog)
+            front.push_back(screen);
+    return front;
 }
 
 }  // namespace desk

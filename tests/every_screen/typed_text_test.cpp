@@ -59,7 +59,7 @@ std::vector<std::string> traceOf(const Walk& walk, const std::string& text) {
         step.act(*scene);
         std::string state = join(everyRow(scene->program), "\n");
         for (const Message& message : scene->program.desktop.messages) state += "\n" + message.text;
-        if (const Screen* child = scene->program.app.screens.activeChild()) state += "\n" + shownBy(*child);
+        for (const Screen* screen : screensInFront(scene->program)) state += "\n" + shownBy(*screen);
         trace.push_back(std::move(state));
     }
     return trace;

@@ -600,6 +600,7 @@ const std::vector<Walk>& walks() {
         weekly(),
         classification(),
         deposits(),
+        taxInvoices(),
     };
     return all;
 }

@@ -44,6 +44,7 @@ const std::vector<Walk>& walks();
 Walk letters();
 Walk classification();
 Walk deposits();
+Walk taxInvoices();
 
 /// A program that stands before the first step of the walk.
 std::unique_ptr<Scene> sceneOf(const Walk& walk, std::string text);
@@ -53,5 +54,8 @@ std::vector<std::string> everyRow(TestProgram& program);
 
 /// All that a screen shows: texts, captions, entries, cells, nodes.
 std::string shownBy(const Screen& screen);
+
+/// The child in front and the dialogs that are up.
+std::vector<Screen*> screensInFront(TestProgram& program);
 
 }  // namespace desk

@@ -27,6 +27,10 @@ void ControlActor::tick(CheckBox& box) {
     focus(box);
     box.click();
 }
+void ControlActor::tick(OptionButton& option) {
+    focus(option);
+    option.click();
+}
 void ControlActor::pick(ComboBox& combo, const std::string& text) {
     focus(combo);
     combo.pick(text);

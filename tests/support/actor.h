@@ -27,6 +27,7 @@ class Actor {
     virtual void press(Button& button) = 0;
     virtual void click(Label& label) = 0;
     virtual void tick(CheckBox& box) = 0;
+    virtual void tick(OptionButton& option) = 0;
     virtual void pick(ComboBox& combo, const std::string& text) = 0;
     virtual void pick(DatePicker& picker, const DateTime& day) = 0;
     virtual void click(ListBox& list, int line) = 0;
@@ -48,6 +49,7 @@ class ControlActor : public Actor {
     void press(Button& button) override;
     void click(Label& label) override;
     void tick(CheckBox& box) override;
+    void tick(OptionButton& option) override;
     void pick(ComboBox& combo, const std::string& text) override;
     void pick(DatePicker& picker, const DateTime& day) override;
     void click(ListBox& list, int line) override;

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "base/text.h"
+#include "ui/fields.h"
 
 namespace desk {
 
@@ -85,6 +88,22 @@ bool ScriptedDesktop::showProgress(std::string_view what, long done, long total,
     showsProgress = total != 0;
     const bool goesOn = !showsProgress || watcher(what, done, total);
     return goesOn || stopping == Stopping::impossible;
+}
+
+void ScriptedDesktop::awaitEvents() {
+    events();
+    bool ticked = false;
+    for (const auto& name : std::set<std::string>(shown.begin(), shown.end())) {
+        const Screen* screen = screens->loaded(name);
+        if (screen == nullptr) continue;
+        for (Control* control : screen->controls()) {
+            auto* timer = dynamic_cast<Timer*>(control);
+            if (timer == nullptr || !timer->enabled()) continue;
+            ticked = true;
+            timer->tick();
+        }
+    }
+    if (ticked) note("waits");
 }
 
 std::optional<Picture> ScriptedDesktop::loadPicture(std::string_view) {

@@ -33,6 +33,9 @@ class ScriptedDesktop : public Desktop {
     /// Told at once of what screens ask for, in words.
     std::function<void(const std::string&)> note = [](const std::string&) {};
 
+    /// What comes in whenever a screen lets events run, a box aside.
+    std::function<void()> events = [] {};
+
     std::vector<Message> messages;            ///< all boxes so far
     std::vector<std::string> notices;         ///< all that was told in passing
     std::vector<FileQuestion> fileQuestions;  ///< all files asked for
@@ -58,7 +61,9 @@ class ScriptedDesktop : public Desktop {
     void setBusy(bool busy) override { busyDepth += busy ? 1 : -1; }
     void notify(std::string_view text) override { notices.emplace_back(text); }
     bool showProgress(std::string_view what, long done, long total, Stopping stopping) override;
-    void letEventsRun() override {}
+    void letEventsRun() override { events(); }
+    /// Each timer that runs ticks once.
+    void awaitEvents() override;
     [[noreturn]] void endProcess() override { throw ProcessEnded(); }
 };
 

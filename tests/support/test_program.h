@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -37,9 +38,12 @@ class MemorySettings : public SettingsStore {
 class RecordingFiles : public Files {
   public:
     std::map<std::string, std::string, std::less<>> written;
+    std::set<std::string, std::less<>> present;  ///< others that are there
     bool broken = false;
     std::string programDirectory() const override { return "/program"; }
-    bool exists(std::string_view path) const override { return written.contains(path); }
+    bool exists(std::string_view path) const override {
+        return written.contains(path) || present.contains(path);
+    }
     void write(std::string_view path, std::string_view bytes) override;
 };
 

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <utility>
 
 #include "base/failure.h"
 #include "base/text.h"
@@ -80,6 +81,10 @@ Transcript::Transcript(std::string path, const std::function<void(TestProgram&)>
         for (const auto& statement : given_) engine.execute(statement);
     };
     program.desktop.note = [this](const std::string& words) {
+        if (words == "waits") {
+            ++ticks_;
+            return;
+        }
         say(words);
         const auto [what, rest] = firstWord(words);
         const std::string screen = firstWord(rest).first;
@@ -136,6 +141,11 @@ void Transcript::step(const std::string& line) {
         if (verb == "include") return include(rest);
         if (verb == "given") return given_.push_back(rest);
         if (verb == "window") return program.programs.windows.push_back(rest);
+        if (verb == "file") return void(program.files.present.insert(rest));
+        if (verb == "copies")
+            program.machine.hook = [this, rest](const std::string& call) {
+                if (call.starts_with("send ^")) program.clipboard.held = rest;
+            };
         if (verb == "watch")
             for (const auto& table : split(rest, ' ')) tables_[table] = {};
         return;
@@ -206,6 +216,7 @@ void Transcript::actOn(Control& control, const std::string& verb, const std::str
     Button* button;
     Label* label;
     CheckBox* check;
+    OptionButton* option;
     ComboBox* combo;
     DatePicker* picker;
     ListBox* list;
@@ -220,6 +231,7 @@ void Transcript::actOn(Control& control, const std::string& verb, const std::str
     if (as(button)) return actor_->press(*button);
     if (as(label)) return actor_->click(*label);
     if (as(check)) return actor_->tick(*check);
+    if (as(option)) return actor_->tick(*option);
     if (as(combo)) return actor_->pick(*combo, rest);
     if (as(picker)) return actor_->pick(*picker, parseDate(rest).value());
     if (as(list))
@@ -262,12 +274,18 @@ Control& Transcript::control(const std::string& name) const {
 }
 
 void Transcript::say(const std::string& line) {
+    tellWaiting();
     std::string shown = line;
     for (std::size_t at = 0; (at = shown.find("\r\n", at)) != std::string::npos;) shown.replace(at, 2, "\\n");
     played_ += indent + shown + "\n";
 }
 
+void Transcript::tellWaiting() {
+    if (const int ticks = std::exchange(ticks_, 0); ticks > 0) say(fmt::format("waits {} ticks", ticks));
+}
+
 void Transcript::settle() {
+    tellWaiting();
     settleTables();
     settleScreens();
     settleMachine();

@@ -21,6 +21,8 @@ namespace desk {
 ///     include rows.given           lines of another file of the folder
 ///     watch YZ_引驻客户信息          rows of these tables that come, change or go are told
 ///     window 鸿序楼台                another program's window that can be brought to the front
+///     file c:\税控\开票.exe          a file that is on the machine
+///     copies 9001                  what the clipboard holds once a program was asked to copy
 ///     > open frm中介公司设置         what the person does
 ///         select …                 what the program did
 ///
@@ -56,6 +58,7 @@ class Transcript {
     void settleTables();
     void settleMachine();
     void say(const std::string& line);
+    void tellWaiting();
     Screen& current() const;
     Control& control(const std::string& name) const;
     std::vector<std::string> rowsOf(const std::string& table);
@@ -75,6 +78,7 @@ class Transcript {
     std::map<std::string, std::vector<std::string>> tables_;
     std::string scope_;
     std::string session_;
+    int ticks_ = 0;  ///< waited since the last line
 };
 
 /// The names of the transcripts of a folder without their ".txt".

@@ -1,0 +1,287 @@
+#include "money/tax_desk.h"
+
+namespace desk {
+namespace {
+
+const std::string unreadable = "未能获取税控机上的发票号码，请重新按[打印发票]按钮";
+const std::string unknown =
+    "税控机上的发票号码与数据库内发票号码不匹配！\r\n可能选择票据簿有无，请重新选择票据簿";
+
+/// How the buttons of the screen stand: 打印发票, 关 闭.
+std::string buttonsOf(const Frm税控发票打印& screen) {
+    return std::string(screen.打印发票.enabled() ? "打印" : "-") + " " +
+           (screen.关闭.enabled() ? "关闭" : "-");
+}
+
+class TaxRun : public testing::Test {
+  protected:
+    /// The texts of all boxes since the last time.
+    Journal told() {
+        Journal texts;
+        for (const auto& message : desk.desktop.messages) texts.push_back(message.text);
+        desk.desktop.messages.clear();
+        return texts;
+    }
+    void logsIn() {
+        desk.types("{TAB}", 税控台::login);
+        desk.step(税控台::login, "鼠标双击", "1", "2");
+        desk.types("{F2}");
+        desk.step("开票", "鼠标双击", "3", "4");
+    }
+
+    税控台 desk;
+};
+
+TEST_F(TaxRun, StartsTheProgramLogsInAndGoesOnBehindTheLogin) {
+    logsIn();
+    auto& screen = desk.open();
+    EXPECT_EQ(desk.print(screen), Journal({"has window 税控软件",
+                                           "start minimised c:\\税控\\开票.exe",
+                                           "is running 1",
+                                           "waits",
+                                           "waits",
+                                           "waits",
+                                           "waits",
+                                           "waits",
+                                           "waits",
+                                           "waits",
+                                           "waits",
+                                           "send {TAB}",
+                                           "pointer 1 2",
+                                           "mouse 0 0 0",
+                                           "mouse 0 0 0",
+                                           "send {F2}",
+                                           "pointer 3 4",
+                                           "mouse 0 0 0",
+                                           "mouse 0 0 0",
+                                           "waits",
+                                           "waits",
+                                           "waits",
+                                           "waits",
+                                           "waits",
+                                           "activate 税控发票打印"}));
+    EXPECT_EQ(told(), Journal({"税控发票是否正确打印了？"}));
+}
+
+TEST_F(TaxRun, LeavesTheLoginOutWhereTheProgramRuns) {
+    logsIn();
+    desk.types("{TAB}", 税控台::login);
+    desk.isRunning();
+    EXPECT_EQ(desk.doneBySteps(desk.open()),
+              Journal({"send {F2}", "pointer 3 4", "mouse 0 0 0", "mouse 0 0 0", "waits", "send {TAB}"}));
+}
+
+TEST_F(TaxRun, ReplaysAScriptThatOnlyLogsInAndSkipsItWhereTheProgramRuns) {
+    desk.types("{TAB}", 税控台::login);
+    auto& screen = desk.open();
+    const auto first = desk.print(screen);
+    EXPECT_EQ(std::count(first.begin(), first.end(), "send {TAB}"), 2);
+    desk.app.screens.unload(screen);
+    desk.isRunning();
+    EXPECT_EQ(desk.doneBySteps(desk.open()), Journal());
+}
+
+TEST_F(TaxRun, WithoutAScriptComesToTheQuestion) {
+    desk.isRunning();
+    EXPECT_EQ(desk.doneBySteps(desk.open()), Journal());
+    EXPECT_EQ(told(), Journal({"税控发票是否正确打印了？"}));
+}
+
+TEST_F(TaxRun, NeedsABook) {
+    auto& screen = desk.open();
+    screen.样张.票据本.setIndex(-1);
+    screen.打印发票.click();
+    EXPECT_EQ(told(), Journal({"未选择票据簿"}));
+    EXPECT_EQ(desk.machine.take(), Journal());
+    EXPECT_EQ(buttonsOf(screen), "打印 关闭");
+}
+
+TEST_F(TaxRun, NeedsTheProgram) {
+    auto& screen = desk.open();
+    desk.files.present.clear();
+    screen.打印发票.click();
+    EXPECT_EQ(told(), Journal({"未找到税控软件，请确认是否安装了税控发票打印软件"}));
+    EXPECT_EQ(desk.machine.take(), Journal({"has window 税控软件"}));
+    EXPECT_EQ(buttonsOf(screen), "- -");
+}
+
+TEST_F(TaxRun, FindsThePlaceOfTheProgramByEitherSeparator) {
+    const auto parted = [](std::string_view path) {
+        const auto place = 软件位置::分解(path);
+        return place.目录 + "|" + place.文件名;
+    };
+    EXPECT_EQ(parted("c:\\税控\\开票.exe"), "c:\\税控\\|开票.exe");
+    EXPECT_EQ(parted("/opt/税控/开票"), "/opt/税控/|开票");
+    EXPECT_EQ(parted("c:\\a/b"), "c:\\a/|b");
+    EXPECT_EQ(parted("/a\\"), "/a\\|");
+    EXPECT_EQ(parted("开票.exe"), "|");
+    EXPECT_EQ(parted(""), "|");
+}
+
+TEST_F(TaxRun, EndsSilentlyWhereTheProgramCannotBeStartedOrTheScreenNotFound) {
+    logsIn();
+    auto& screen = desk.open();
+    desk.programs.canStart = false;
+    screen.打印发票.click();
+    EXPECT_EQ(desk.machine.take(), Journal({"has window 税控软件", "start minimised c:\\税控\\开票.exe"}));
+    EXPECT_EQ(buttonsOf(screen), "- -");
+
+    desk.app.screens.unload(screen);
+    desk.programs.windows = {"税控软件"};
+    auto& second = desk.open();
+    second.打印发票.click();
+    EXPECT_EQ(desk.machine.take().back(), "activate 税控发票打印");
+    EXPECT_EQ(told(), Journal());
+    EXPECT_EQ(buttonsOf(second), "- -");
+    EXPECT_FALSE(second.恢复.面板.isOpen());
+}
+
+TEST_F(TaxRun, WithoutADeviceFindsNoProgram) {
+    desk.run({"Update 票据税控机 Set 终止日期='2011-1-1'"});
+    auto& screen = desk.open();
+    EXPECT_EQ(told(), Journal({"税控软件的路径及文件名未设置，请设置这些参数"}));
+    screen.打印发票.click();
+    EXPECT_EQ(told(), Journal({"未找到税控软件，请确认是否安装了税控发票打印软件"}));
+    // Not even a window without a title gets anything typed.
+    desk.app.screens.unload(screen);
+    desk.programs.windows.push_back("");
+    auto& second = desk.open();
+    desk.machine.take();
+    second.打印发票.click();
+    EXPECT_EQ(desk.machine.take(), Journal({"has window ", "activate ", "waits", "waits", "waits"}));
+}
+
+/// Where the number comes: in the login or behind it, of which script.
+struct NumberCase {
+    const char* name;
+    bool login;
+    bool refund;
+    const char* number;
+    const char* buttons;
+};
+
+class TaxNumber : public TaxRun, public testing::WithParamInterface<NumberCase> {};
+
+TEST_P(TaxNumber, ThatCannotBeUsedEndsTheRun) {
+    const auto& with = GetParam();
+    const auto stage = with.login ? 税控台::login : "开票";
+    const Name table = with.refund ? Name("SKTPStep") : Name("SKStep");
+    desk.step(stage, "获取发票编号", "", "", "", "", table);
+    desk.step(stage, "键盘操作", "", "", "{TAB}", "", table);
+    desk.number = with.number;
+    if (!with.login) desk.isRunning();
+    auto& screen = desk.open();
+    with.refund ? screen.税控退票处理() : screen.打印发票.click();
+    Journal expected =
+        with.login ? Journal({"mouse 0 0 0", "mouse 0 90 0", "mouse 0 0 0", "waits", "waits",
+                              "clipboard clear", "send ^({C})", "waits", "waits", "waits", "clipboard text"})
+                   : Journal({"clipboard clear", "send ^C", "waits", "waits", "waits", "clipboard text"});
+    auto journal = desk.machine.take();
+    journal.erase(journal.begin(), journal.begin() + (with.login ? 11 : 5));
+    EXPECT_EQ(journal, expected);
+    EXPECT_EQ(told(), Journal({*with.number == '\0' ? unreadable : unknown}));
+    EXPECT_EQ(buttonsOf(screen), with.buttons);
+    EXPECT_TRUE(screen.出现错误.visible());
+    EXPECT_EQ(screen.样张.空白票据.tag, with.number);
+    EXPECT_EQ(screen.样张.空白票据.hasSelection(), *with.number == '\0');
+    EXPECT_FALSE(screen.恢复.面板.isOpen());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, TaxNumber,
+    testing::Values(NumberCase{"MissingInTheLogin", true, false, "", "打印 关闭"},
+                    NumberCase{"WrongInTheLogin", true, false, "9003", "打印 关闭"},
+                    NumberCase{"MissingInTheRun", false, false, "", "打印 -"},
+                    NumberCase{"WrongInTheRun", false, false, "9001 ", "打印 关闭"},
+                    NumberCase{"MissingInTheLoginOfTheRefund", true, true, "", "打印 关闭"},
+                    NumberCase{"WrongInTheLoginOfTheRefund", true, true, "09001", "打印 关闭"},
+                    NumberCase{"MissingInTheRefund", false, true, "", "打印 -"},
+                    NumberCase{"WrongInTheRefund", false, true, "x", "打印 关闭"}),
+    [](const auto& named) { return named.param.name; });
+
+TEST_F(TaxRun, IsGoneThroughAgainAfterANumberWasWrong) {
+    desk.step("开票", "获取发票编号");
+    desk.isRunning();
+    desk.number = "";
+    auto& screen = desk.open();
+    screen.打印发票.click();
+    desk.number = "9002";
+    told();
+    desk.print(screen, Answer::yes);
+    EXPECT_EQ(told(), Journal({"税控发票是否正确打印了？"}));
+    EXPECT_EQ(desk.handedBack(), "B1,9002,2");
+}
+
+TEST_F(TaxRun, OfTheRefundTakesItsOwnScriptAndLeavesTheScreenOpen) {
+    desk.types("{F2}");
+    desk.step("退票", "键盘操作", "", "", "{F5}", "", "SKTPStep");
+    desk.isRunning();
+    auto& screen = desk.open();
+    desk.desktop.answers = {Answer::no};
+    screen.税控退票处理();
+    EXPECT_EQ(desk.machine.take()[5], "send {F5}");
+    EXPECT_TRUE(screen.恢复.面板.isOpen());
+    EXPECT_EQ(buttonsOf(screen), "- -");
+
+    desk.desktop.answers = {Answer::yes};
+    screen.税控退票处理();
+    EXPECT_EQ(buttonsOf(screen), "- 关闭");
+    EXPECT_TRUE(desk.isOpen());
+    EXPECT_EQ(desk.handedBack(), "");
+}
+
+TEST_F(TaxRun, OfTheRefundLogsInByItsOwnScript) {
+    desk.step(税控台::login, "键盘操作", "", "", "{ESC}", "", "SKTPStep");
+    desk.step("退票", "键盘操作", "", "", "{F5}", "", "SKTPStep");
+    auto& screen = desk.open();
+    desk.desktop.answers = {Answer::no};
+    screen.税控退票处理();
+    const auto journal = desk.machine.take();
+    EXPECT_EQ(journal[11], "send {ESC}");
+    EXPECT_EQ(journal[12], "send {F5}");
+}
+
+TEST_F(TaxRun, GivesTheIndexBehindTheLogin) {
+    logsIn();
+    auto& screen = desk.open();
+    std::int16_t start = 7;
+    EXPECT_TRUE(screen.税控.未登录(start));
+    EXPECT_EQ(start, 2);
+    EXPECT_TRUE(screen.税控.退票未登录(start));
+    EXPECT_EQ(start, 0);
+    desk.machine.take();
+    screen.税控.延时(0);
+    screen.税控.延时(-3);
+    EXPECT_EQ(desk.machine.take(), Journal());
+    screen.税控.延时(3);
+    EXPECT_EQ(desk.machine.take(), Journal({"waits", "waits", "waits"}));
+    screen.税控.已登录();
+    EXPECT_EQ(desk.machine.take(),
+              Journal({"pointer 25 25", "mouse 0 0 0", "pointer 25 85", "mouse 0 0 0", "waits", "pointer 0 0",
+                       "pointer 462 70", "waits", "mouse 0 0 0", "mouse 0 35 0", "mouse 0 0 0", "waits",
+                       "clipboard clear", "send ^({C})", "waits"}));
+}
+
+TEST_F(TaxRun, AWaitInsideAWaitLeavesTheTimerToTheOuterOne) {
+    auto& screen = desk.open();
+    int waits = 0;
+    desk.meanwhile = [&](const std::string&) {
+        if (++waits > 50) throw ProcessEnded();
+        if (waits == 1) screen.税控.延时(1);
+    };
+    screen.税控.延时(3);
+    EXPECT_FALSE(screen.control("计时")->enabled());
+}
+
+TEST_F(TaxRun, ReadsTheScriptOnceAsTheScreenOpens) {
+    desk.types("{F2}");
+    desk.isRunning();
+    auto& screen = desk.open();
+    desk.run({"Update SKStep Set KeyString='{F3}'"});
+    EXPECT_EQ(desk.doneBySteps(screen), Journal({"send {F2}"}));
+    desk.app.screens.unload(screen);
+    EXPECT_EQ(desk.doneBySteps(desk.open()), Journal({"send {F3}"}));
+}
+
+}  // namespace
+}  // namespace desk
