@@ -42,6 +42,8 @@ void decideLast(Tour& tour, Witness& witness);
 void analyseStates(Tour& tour, Witness& witness, const QString& folder);
 /// The customers of all kinds, of one kind and trade, and of one agency, put out as a workbook into `folder`.
 void classifyCustomers(Tour& tour, Witness& witness, const QString& folder);
+/// Visits and calls of a year by all views, counted once more by the witness, and put out into `folder`.
+void countWeeks(Tour& tour, Witness& witness, const QString& folder);
 /// Out of the session and into that of another person, who has one position.
 void changeTo(Tour& tour, const QString& user);
 /// What a cashier may choose.

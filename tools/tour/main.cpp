@@ -67,6 +67,7 @@ int main(int argc, char** argv) {
     desk::tour::decideFirst(tour, witness);
     desk::tour::analyseStates(tour, witness, folder.path());
     desk::tour::classifyCustomers(tour, witness, folder.path());
+    desk::tour::countWeeks(tour, witness, folder.path());
     desk::tour::changeTo(tour, "1009");
     desk::tour::decideLast(tour, witness);
     desk::tour::changeTo(tour, "1010");

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QProgressDialog>
 #include <QScreen>
 #include <QTimer>
 #include <cstdio>
@@ -56,7 +57,9 @@ void Tour::start() {
 }
 
 void Tour::takeNext() {
-    if (person_.waits()) return QTimer::singleShot(betweenSteps, this, [this] { takeNext(); });
+    // While long work shows how far it is, a person waits.
+    const bool works = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget()) != nullptr;
+    if (person_.waits() || works) return QTimer::singleShot(betweenSteps, this, [this] { takeNext(); });
     if (next_ == steps_.size()) finish(0, QString("%1 pictures in %2").arg(pictureCount_).arg(pictures_));
     // The timer of the next step is set first: this step may wait for it.
     QTimer::singleShot(next_ + 1 < steps_.size() ? beforeAPicture : betweenSteps, this,
