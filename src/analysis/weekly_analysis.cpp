@@ -51,7 +51,7 @@ class Switched {
 void 每周统计分析::load() {
     状态栏.setPanel(0, app_.session.登录部门名称 + " ");
     状态栏.setPanel(1, app_.session.登录岗位名称 + " ");
-    选择区域.fill(Recordset(app_.主连接, 管理处语句(app_)), {"GYD_DH", "GYD_Name"});
+    填充管理处(app_, 选择区域);
 }
 
 std::vector<const 统计视图*> 每周统计分析::tickedViews() const {

@@ -61,7 +61,7 @@ Frm客户跟进信息分配::Frm客户跟进信息分配(Application& app)
 
 void Frm客户跟进信息分配::load() {
     日历.日历.setValue(app_.platform.clock.today());
-    填充管理处(app_, 管理项目);
+    尽量填充管理处(app_, 管理项目);
 }
 
 std::string Frm客户跟进信息分配::loadedNumber() {

@@ -77,7 +77,7 @@ Frm客户跟进记录::Frm客户跟进记录(Application& app)
 
 void Frm客户跟进记录::load() {
     日历.日历.setValue(app_.platform.clock.today());
-    填充管理处(app_, 管理项目);
+    尽量填充管理处(app_, 管理项目);
     fillPersons();
     fillStates();
 }

@@ -50,7 +50,7 @@ void Frm引驻客户信息登记::readDictionaries() {
 }
 
 void Frm引驻客户信息登记::readOffices() {
-    for (登记页* page : pages()) 填充管理处(app_, page->管理项目);
+    for (登记页* page : pages()) 尽量填充管理处(app_, page->管理项目);
 }
 
 void Frm引驻客户信息登记::showPage() {

@@ -71,7 +71,7 @@ void Frm意向书信息::serveDates() {
 
 void Frm意向书信息::load() {
     窗体居中(app_, *this);
-    管理项目.fill({app_.主连接, 管理处语句(app_)}, {"GYD_DH", "GYD_Name"});
+    填充管理处(app_, 管理项目);
     客户.load();
     日历.日历.setValue(app_.platform.clock.today());
 }

@@ -44,7 +44,7 @@ Frm房源一览表::Frm房源一览表(Application& app)
 void Frm房源一览表::load() {
     状态栏.setPanel(1, app_.session.登录部门名称);
     状态栏.setPanel(2, app_.session.登录姓名);
-    区域.fill({app_.主连接, 管理处语句(app_)}, {"GYD_DH", "GYD_Name"});
+    填充管理处(app_, 区域);
     for (auto& row :
          Recordset(app_.主连接, sql("Select L_ID From 楼域范围设置 Where 工号='{}'", app_.session.登录工号)))
         L_IDs_.push_back(row["L_ID"].text());

@@ -29,6 +29,15 @@ std::optional<int> fittingWidth(Application& app, const Grid& grid, int column, 
     return static_cast<int>(widestText(app, grid, column, form, margin));
 }
 
+std::string 管理处语句(const Application& app) {
+    return sql(
+        "Select * From 设置管理处 Inner Join 职能部门对应管理项目设置 On "
+        "设置管理处.GYD_DH=职能部门对应管理项目设置.管理处代号 Where "
+        "职能部门对应管理项目设置.职能部门编号='{}' AND "
+        "职能部门对应管理项目设置.终止日期 is Null  Order by len(GYD_DH),GYD_DH",
+        app.session.登录部门编号);
+}
+
 }  // namespace
 
 void 窗体居中(Application& app, Screen& screen) {
@@ -62,18 +71,13 @@ void 读取专项审核权限(Application& app) {
                         app.session.登录部门编号, app.session.登录岗位代号));
 }
 
-std::string 管理处语句(const Application& app) {
-    return sql(
-        "Select * From 设置管理处 Inner Join 职能部门对应管理项目设置 On "
-        "设置管理处.GYD_DH=职能部门对应管理项目设置.管理处代号 Where "
-        "职能部门对应管理项目设置.职能部门编号='{}' AND "
-        "职能部门对应管理项目设置.终止日期 is Null  Order by len(GYD_DH),GYD_DH",
-        app.session.登录部门编号);
+void 填充管理处(Application& app, CodedCombo& combo) {
+    combo.fill(Recordset(app.主连接, 管理处语句(app)), {"GYD_DH", "GYD_Name"});
 }
 
-void 填充管理处(Application& app, CodedCombo& combo) {
+void 尽量填充管理处(Application& app, CodedCombo& combo) {
     try {
-        combo.fill(Recordset(app.主连接, 管理处语句(app)), {"GYD_DH", "GYD_Name"});
+        填充管理处(app, combo);
     } catch (const RuntimeFailure&) {
         // The screen opens with what it has.
     }

@@ -29,13 +29,12 @@ void GridFit(Application& app, Grid& grid, const Screen& form);
 void 读取专项审核权限(Application& app);
 
 /// Fills a combo with the offices that the user's department may work for, each "{GYD_DH} {GYD_Name}", none
-/// selected. A failure ends the filling without a word.
+/// selected.
 void 填充管理处(Application& app, CodedCombo& combo);
+/// The same for a screen that opens with what it has: a failure ends the filling without a word.
+void 尽量填充管理处(Application& app, CodedCombo& combo);
 
 /// Adds the same offices as nodes with the key "G" and the code, under `parent` or as roots.
 void 添加管理处(Application& app, Tree& tree, TreeNode* parent);
-
-/// The statement behind both.
-std::string 管理处语句(const Application& app);
 
 }  // namespace desk

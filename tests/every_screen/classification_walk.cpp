@@ -26,7 +26,7 @@ Walk classification() {
             scene.program.enter();
             scene.program.app.screens.offer<Frm客户分类统计>(scene.program.app);
         },
-        {{"打开", [](Scene& scene) { scene.program.app.screens.open(Frm客户分类统计::screenName); }, "SEE"},
+        {{"打开", [](Scene& scene) { scene.program.app.screens.open(Frm客户分类统计::screenName); }},
          {"选管理处", [=](Scene& scene) { screen(scene).Combo1.pick("01 东塔"); }},
          {"统计",
           [=](Scene& scene) {

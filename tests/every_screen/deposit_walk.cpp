@@ -86,7 +86,7 @@ Walk deposits() {
     using C = 收费列表;
     return {"意向金收取",
             beforeDeposits,
-            {{"打开", [](Scene& scene) { scene.program.app.screens.open(Frm意向金收取::screenName); }, "SEE"},
+            {{"打开", [](Scene& scene) { scene.program.app.screens.open(Frm意向金收取::screenName); }},
              {"选管理处", [](Scene& scene) { deposits(scene).管理项目.pick("01 东塔"); }},
              {"选意向书", clickLetter},
              {"选票据类型", chooseItem},

@@ -362,7 +362,7 @@ Walk pipeline() {
               clickFirst(diary(scene).跟进列表);
               enter(scene, "2011-3-4");
           }},
-         opening<Frm客户跟进状态分析>("SE"),
+         opening<Frm客户跟进状态分析>("EE"),
          {"统计",
           [](Scene& scene) {
               auto& screen = scene.screen<Frm客户跟进状态分析>();
