@@ -30,8 +30,10 @@ class Connection {
     void open(std::string_view connectionString, std::chrono::seconds timeout);
 
     /// Runs one statement; gives the number of rows it changed, 0 for one that returns rows.
-    /// Fails with -2147217900 (wrong statement), -2147217873 (violated rule), -2147217913 (a text that cannot
-    /// be converted), -2147467259 (the rest).
+    /// Fails with -2147217900 (wrong statement), -2147217865 (unknown table), -2147217873 (violated rule),
+    /// -2147217913 (a text that cannot be converted), -2147217833 (a text longer than its column),
+    /// -2147217871 (another seat holds the rows for too long), -2147467259 (the rest, a lost server among
+    /// it).
     long execute(std::string_view statement);
 
     /// Everything from begin() to commit() is written together or not at all. Without it each write stands

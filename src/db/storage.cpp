@@ -1,9 +1,12 @@
 #include "db/storage.h"
 
+#include <fmt/format.h>
+
 #include <cmath>
 #include <limits>
 
 #include "base/number.h"
+#include "base/text.h"
 #include "db/tsql/sql_failure.h"
 
 namespace desk {
@@ -46,6 +49,14 @@ DateTime momentOf(const Value& value) {
     return *moment;
 }
 
+/// A text that a short column can hold. A server refuses a longer one, and so no engine takes it.
+std::string fitting(std::string text) {
+    if (text.size() > schema::textLength && toUtf16(text).size() > schema::textLength)
+        throw RuntimeFailure(failure::textTooLong,
+                             fmt::format("文本过长：最多可以保存 {} 个字符。", schema::textLength));
+    return text;
+}
+
 }  // namespace
 
 Value stored(schema::Kind kind, const Value& value) {
@@ -53,6 +64,7 @@ Value stored(schema::Kind kind, const Value& value) {
     if (value.isNull()) return {};
     switch (kind) {
         case Kind::text:
+            return fitting(value.text());
         case Kind::longText:
             return value.text();
         case Kind::integer:

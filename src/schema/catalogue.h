@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -8,7 +9,7 @@ namespace desk::schema {
 
 /// What a column holds. Both engines are told in their own words by schema/definition.h.
 enum class Kind {
-    text,      ///< short text, compared by the collation
+    text,      ///< of textLength at most, compared by the collation
     longText,  ///< text of any length
     integer,   ///< 32 bits
     number,    ///< floating point
@@ -18,6 +19,9 @@ enum class Kind {
     moment,    ///< a day and a time
     identity,  ///< an integer that the database gives
 };
+
+/// How many UTF-16 units a short text may have.
+inline constexpr std::size_t textLength = 200;
 
 struct Column {
     std::string_view name;

@@ -36,7 +36,7 @@ std::string sqliteType(Kind kind) {
 std::string sqlServerType(Kind kind) {
     switch (kind) {
         case Kind::text:
-            return "nvarchar(200) COLLATE Chinese_PRC_CI_AS";
+            return fmt::format("nvarchar({}) COLLATE Chinese_PRC_CI_AS", textLength);
         case Kind::longText:
             return "nvarchar(max) COLLATE Chinese_PRC_CI_AS";
         case Kind::integer:

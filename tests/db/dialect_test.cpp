@@ -1,3 +1,4 @@
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include "db/embedded/functions.h"
@@ -96,9 +97,19 @@ TEST_F(Dialect, GroupsAndOrders) {
         "01\n02");
 }
 
+TEST_F(Dialect, WritesSomeOfTheRowsThatAreMeantAndRowsOfDefaults) {
+    EXPECT_EQ(connection.execute("Update Top (1) 设置管理处 Set GYD_Name='改' Where GYD_DH>'01'"), 1);
+    EXPECT_EQ(row("Select Count(*) From 设置管理处 Where GYD_Name='改' And GYD_DH>'01'"), "1");
+    EXPECT_EQ(connection.execute("Update Top (5) 设置管理处 Set GYD_Name='全'"), 3);
+    EXPECT_EQ(connection.execute("Insert Into 岗位员工new Default Values"), 1);
+    EXPECT_EQ(failureOf([&] { connection.execute("Insert Into 设置管理处 Default Values"); }),
+              failure::violatedRule);
+    EXPECT_EQ(row("Select Len('a'+NChar(0)+'b')"), "3");
+    EXPECT_NE(failureText("Select NChar(65)"), "");
+}
+
 TEST_F(Dialect, TellsUnknownAndAmbiguousNames) {
     EXPECT_EQ(failureText("Select 区域名称 From YZ_企业性质设置"), "列名 '区域名称' 无效。");
-    EXPECT_EQ(failureText("Select * From 没有的表"), "对象名 '没有的表' 无效。");
     EXPECT_EQ(failureText("Select 终止日期 From YZ_组人员设置,YZ_组对应管理项目设置"),
               "列名 '终止日期' 不明确。");
     EXPECT_EQ(failureText("Select x.组代号 From YZ_组表"), "无法绑定由多个部分组成的标识符 \"x.组代号\"。");
@@ -111,7 +122,11 @@ TEST_F(Dialect, TellsUnknownAndAmbiguousNames) {
     EXPECT_NE(failureText("Select * From (Select Len(组代号) From YZ_组表) t"), "");
     EXPECT_NE(failureText("Select _row From YZ_组表"), "");
     EXPECT_NE(failureText("Select rowid From YZ_组表"), "");
-    EXPECT_NE(failureText("Select * From sqlite_schema"), "");
+    for (const auto* table : {"没有的表", "sqlite_schema"}) {
+        const auto statement = std::string("Select * From ") + table;
+        EXPECT_EQ(failureOf([&] { rows(statement); }), failure::unknownTable);
+        EXPECT_EQ(failureTextOf([&] { rows(statement); }), fmt::format("对象名 '{}' 无效。", table));
+    }
     // A name before the comma is not seen in a join behind it.
     EXPECT_NE(
         failureText("Select 1 From YZ_组表 a,YZ_主职表 b Inner Join YZ_区域设置 c On a.组代号=c.区域名称"),

@@ -92,6 +92,7 @@ TEST_F(StoredTexts, ComeBackAsTheyWere) {
     connection.execute("Delete From YZ_区域设置");
     connection.execute("Insert Into YZ_区域设置 (区域名称,说明) Values ('旁人','旁人')");
     for (const std::string& text : hostile) {
+        if (text.size() > schema::textLength) continue;
         connection.execute(sql("Insert Into YZ_区域设置 (区域名称,说明) Values ('*{}','{}')", text, text));
         const auto own = sql("Select * From YZ_区域设置 Where 区域名称='*{}'", text);
         {
@@ -106,6 +107,35 @@ TEST_F(StoredTexts, ComeBackAsTheyWere) {
         EXPECT_EQ(connection.execute(sql("Delete YZ_区域设置 Where 区域名称=N'*{}'", text)), 1) << text;
         EXPECT_EQ(row("Select * From YZ_区域设置"), "旁人|旁人");
     }
+}
+
+TEST_F(StoredTexts, OfAnyLengthComeBackFromALongColumn) {
+    for (const std::string& text : hostile) {
+        connection.execute(sql("Update YZ_引驻客户信息 Set 备注='{}' Where ID=1", text));
+        Recordset lead(connection, "Select * From YZ_引驻客户信息 Where ID=1", Rows::updatable);
+        EXPECT_EQ(lead["备注"].text(), text);
+        lead["备注"] = text + "x";
+        lead.update();
+        EXPECT_EQ(
+            Recordset(connection, sql("Select 备注 From YZ_引驻客户信息 Where 备注='{}x'", text))[0].text(),
+            text + "x");
+    }
+}
+
+/// A server refuses them, and so data that were made on a file fit an office.
+TEST_F(StoredTexts, LongerThanTheirColumnAreRefused) {
+    std::string longest;
+    while (toUtf16(longest).size() < schema::textLength) longest += "𠮷";
+    connection.execute(sql("Update YZ_区域设置 Set 说明='{}'", longest));
+    EXPECT_EQ(failureOf([&] { connection.execute(sql("Update YZ_区域设置 Set 说明='{}x'", longest)); }),
+              failure::textTooLong);
+    EXPECT_EQ(
+        failureOf([&] { connection.execute(sql("Insert Into YZ_区域设置 Values ('新','{}x')", longest)); }),
+        failure::textTooLong);
+    Recordset entry(connection, "Select * From YZ_区域设置", Rows::updatable);
+    EXPECT_EQ(entry["说明"].text(), longest);
+    EXPECT_EQ(failureOf([&] { entry["说明"] = longest + "x"; }), failure::textTooLong);
+    EXPECT_EQ(row(sql("Select Count(*) From YZ_区域设置 Where 说明='{}x'", longest)), "0");
 }
 
 }  // namespace

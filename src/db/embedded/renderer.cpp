@@ -101,7 +101,9 @@ class Renderer {
             sql += fmt::format("{}{}={}", i == 0 ? "" : ",", quotedName(assignment.column),
                                any(assignment.value));
         }
-        return sql + where(update.where);
+        if (!update.top) return sql + where(update.where);
+        return sql + fmt::format(" WHERE rowid IN (SELECT rowid FROM {}{} LIMIT {})",
+                                 quotedName(update.target.table), where(update.where), *update.top);
     }
 
     std::string operator()(const Delete& deletion) const {
@@ -109,6 +111,8 @@ class Renderer {
     }
 
     std::string operator()(const Insert& insert) const {
+        if (insert.rows.empty())
+            return fmt::format("INSERT INTO {} DEFAULT VALUES", quotedName(insert.target.table));
         std::string columns;
         for (const auto& column : insert.columns)
             columns += (columns.empty() ? "" : ",") + quotedName(column);

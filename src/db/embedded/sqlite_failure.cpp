@@ -48,9 +48,6 @@ const char* narrowerText(int extended) {
 /// Causes outside the statement; null for all others.
 const char* outerText(int primary) {
     switch (primary) {
-        case SQLITE_BUSY:
-        case SQLITE_LOCKED:
-            return "超时已过期：数据库文件正被其他工作站占用。";
         case SQLITE_NOTADB:
             return "该文件不是数据库，或者已经损坏。";
         case SQLITE_CORRUPT:
@@ -86,6 +83,8 @@ void fail(sqlite3* database) {
         throw RuntimeFailure(failure::unspecified, fmt::format("数据库文件已损坏：没有表 '{}'。", table));
     if (primary == SQLITE_ERROR)
         throw RuntimeFailure(failure::wrongStatement, fmt::format("语句无法执行：{}", message));
+    if (primary == SQLITE_BUSY || primary == SQLITE_LOCKED)
+        throw RuntimeFailure(failure::timedOut, "超时已过期：数据库文件正被其他工作站占用。");
     const char* known = narrowerText(extended);
     if (known == nullptr) known = outerText(primary);
     throw RuntimeFailure(failure::unspecified, known ? known : fmt::format("数据库错误：{}", message));

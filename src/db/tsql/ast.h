@@ -124,6 +124,7 @@ struct Assignment {
 };
 
 struct Update {
+    std::optional<std::int64_t> top;  ///< of any rows that meet the condition, no more than so many
     Source target;
     std::vector<Assignment> assignments;
     std::optional<Expression> where;
@@ -137,7 +138,7 @@ struct Delete {
 struct Insert {
     Source target;
     std::vector<std::string> columns;
-    std::vector<std::vector<Expression>> rows;
+    std::vector<std::vector<Expression>> rows;  ///< none: one of default values
 };
 
 using Statement = std::variant<Query, Update, Delete, Insert>;

@@ -176,6 +176,10 @@ Expression ExpressionParser::function() {
     Expression call;
     if (schema::sameName(name, "LEN")) {
         call = made(Form::length, expression());
+    } else if (schema::sameName(name, "NCHAR")) {
+        // Only what no literal can carry to every engine.
+        if (tokens_.take().text != "0") tokens_.fail();
+        call = literal(Form::text, std::string(1, '\0'));
     } else {
         constexpr std::array<std::string_view, 5> aggregates = {"COUNT", "MAX", "MIN", "SUM", "AVG"};
         const auto* known = std::find_if(aggregates.begin(), aggregates.end(),

@@ -19,8 +19,9 @@ struct Understood {
     bool givesRows() const { return std::holds_alternative<Query>(statement); }
 };
 
-/// Fails with -2147217900 at what is no statement of the dialect or names what the catalogue does not have,
-/// with -2147217913 at a literal that cannot be converted.
+/// Fails with -2147217900 at what is no statement of the dialect or names a column that the catalogue does
+/// not have, with -2147217865 at such a table, with -2147217913 at a literal that cannot be converted, with
+/// -2147217833 at one that is too long for its column.
 Understood understand(std::string_view statement);
 
 }  // namespace desk::tsql

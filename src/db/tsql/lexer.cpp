@@ -26,7 +26,7 @@ bool continuesName(UChar32 c) {
 
 class Lexer {
   public:
-    explicit Lexer(std::string_view statement) : rest_(statement) {}
+    explicit Lexer(std::string_view statement) : whole_(statement), rest_(statement) {}
 
     std::vector<Token> all() {
         std::vector<Token> found;
@@ -39,6 +39,14 @@ class Lexer {
   private:
     Token next() {
         skipBlanksAndComments();
+        const auto at = whole_.size() - rest_.size();
+        auto token = nextBehindBlanks();
+        token.at = at;
+        token.end = whole_.size() - rest_.size();
+        return token;
+    }
+
+    Token nextBehindBlanks() {
         if (rest_.empty()) return {};
         const char c = rest_.front();
         if (c == '\'') return closed(TokenKind::text, '\'');
@@ -137,6 +145,7 @@ class Lexer {
         return token;
     }
 
+    std::string_view whole_;
     std::string_view rest_;
 };
 

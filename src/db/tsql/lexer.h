@@ -17,7 +17,9 @@ enum class TokenKind {
 
 struct Token {
     TokenKind kind = TokenKind::end;
-    std::string text;
+    std::string text{};
+    std::size_t at = 0;   ///< where it begins in the statement
+    std::size_t end = 0;  ///< where it has ended
 };
 
 /// The tokens of a statement, an end token last. Fails with -2147217900 at a character that no statement has,

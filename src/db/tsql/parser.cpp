@@ -155,6 +155,7 @@ class Parser {
 
     Update update() {
         Update update;
+        if (tokens_.takeWord("TOP")) update.top = top();
         update.target.table = tokens_.expectName();
         tokens_.expectWord("SET");
         do {
@@ -180,6 +181,7 @@ class Parser {
         Insert insert;
         tokens_.takeWord("INTO");
         insert.target.table = tokens_.expectName();
+        if (tokens_.takeWords({"DEFAULT", "VALUES"})) return insert;
         if (tokens_.takeSymbol("(")) {
             do insert.columns.push_back(tokens_.expectName());
             while (tokens_.takeSymbol(","));

@@ -19,7 +19,7 @@ enum class Place {
 
 const schema::Table& knownTable(std::string_view name) {
     const auto* table = schema::table(name);
-    if (table == nullptr) wrongStatement(fmt::format("对象名 '{}' 无效。", name));
+    if (table == nullptr) unknownTable(name);
     return *table;
 }
 
@@ -73,7 +73,7 @@ class Resolver {
     void operator()(Insert& statement) {
         fillFromCatalogue(statement.target);
         const auto& table = *schema::table(statement.target.table);
-        if (statement.columns.empty())
+        if (statement.columns.empty() && !statement.rows.empty())
             for (const auto& column : table.columns)
                 if (column.kind != schema::Kind::identity && column.copyOf.empty())
                     statement.columns.emplace_back(column.name);

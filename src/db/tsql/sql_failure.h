@@ -25,6 +25,10 @@ inline std::string noConversion(std::string_view text, std::string_view wanted) 
     return fmt::format("将文本 '{}' 转换为{}时失败。", shown, wanted);
 }
 
+[[noreturn]] inline void unknownTable(std::string_view name) {
+    throw RuntimeFailure(failure::unknownTable, fmt::format("对象名 '{}' 无效。", name));
+}
+
 [[noreturn]] inline void noNumber(std::string_view text) {
     throw RuntimeFailure(failure::badConversion, noConversion(text, "数值"));
 }

@@ -128,7 +128,7 @@ void storeLiteral(Expression& literal, schema::Kind kind) {
         if (literal.form == Form::number) incompatible();
         becomeText(literal, stored(kind, Value(literal.text)).text(), type);
     } else if (type == Type::text) {
-        becomeText(literal, std::move(literal.text), Type::text);
+        becomeText(literal, stored(kind, Value(literal.text)).text(), Type::text);
     } else if (kind == Kind::flag) {
         const bool blank = trimmed(literal.text).empty();
         becomeNumber(literal, blank ? 0 : stored(kind, Value(literal.text)).number());
