@@ -1,9 +1,8 @@
 #include "db/engines.h"
 
-#include <fmt/format.h>
-
 #include "base/failure.h"
 #include "db/embedded/embedded.h"
+#include "db/odbc/odbc_engine.h"
 #include "schema/catalogue.h"
 
 namespace desk {
@@ -12,9 +11,7 @@ OpenedEngine openEngine(const ConnectionTarget& target, std::chrono::seconds tim
     if (target.dataSource.empty()) throw RuntimeFailure(failure::unspecified, "未指定数据库服务器。");
     if (schema::sameName(target.dataSource, embedded::dataSource))
         return embedded::open(target.initialCatalog, timeout);
-    throw RuntimeFailure(
-        failure::unspecified,
-        fmt::format("无法连接数据库服务器 '{}'：本程序未安装该服务器的驱动程序。", target.dataSource));
+    return odbc::open(target, timeout);
 }
 
 }  // namespace desk
