@@ -10,6 +10,7 @@
 #include "db/recordset.h"
 #include "db/statement.h"
 #include "schema/catalogue.h"
+#include "wire/engine_choice.h"
 
 namespace desk {
 
@@ -26,10 +27,10 @@ inline std::vector<std::string> linesOf(const std::string& name) {
     return lines;
 }
 
-/// An empty database in memory.
+/// An empty database of the engine that the run is for.
 struct EmptyDatabase {
     Connection connection;
-    EmptyDatabase() { connection.open(memory, std::chrono::seconds(1)); }
+    EmptyDatabase() { connection.open(emptyTestDatabase(), std::chrono::seconds(5)); }
 
     /// All rows of a statement, fields joined by "|".
     std::vector<std::string> rows(std::string_view statement) {

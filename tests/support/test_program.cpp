@@ -6,6 +6,7 @@
 #include "session/background.h"
 #include "session/login.h"
 #include "session/main_window.h"
+#include "wire/engine_choice.h"
 
 namespace desk {
 
@@ -46,11 +47,12 @@ TestProgram::TestProgram() : app(desktop, platform) {
         fault.opened(*engine);
         return std::make_unique<FailingEngine>(std::move(engine), fault);
     });
-    settings.keys = {{"Svr", "(embedded)"}, {"DBname", ":memory:"}};
+    settings.keys = {{"Svr", testDataSource()}, {"DBname", ":memory:"}};
+    if (testEngine() == TestEngine::server) settings.keys.merge(testCredentials());
 }
 
 void TestProgram::openDatabase() {
-    app.主连接.open("Initial Catalog=':memory:';Data Source='(embedded)'", std::chrono::seconds(5));
+    app.主连接.open(emptyTestDatabase(), std::chrono::seconds(5));
 }
 
 void TestProgram::enter() {

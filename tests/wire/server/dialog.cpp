@@ -1,0 +1,199 @@
+#include "wire/server/dialog.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "db/recordset.h"
+#include "db/tsql/front.h"
+#include "db/tsql/token_stream.h"
+#include "schema/definition.h"
+
+namespace desk::wire {
+
+namespace {
+
+/// The statements of a batch, with semicolons between them.
+std::vector<std::string_view> statementsOf(std::string_view batch) {
+    std::vector<std::string_view> found;
+    std::size_t from = 0;
+    bool quoted = false;
+    for (std::size_t i = 0; i <= batch.size(); ++i) {
+        if (i < batch.size() && batch[i] == '\'') quoted = !quoted;
+        if (i < batch.size() && (quoted || batch[i] != ';')) continue;
+        if (const auto text = trimmed(batch.substr(from, i - from)); !text.empty()) found.push_back(text);
+        from = i + 1;
+    }
+    return found;
+}
+
+const schema::Table* definedBy(std::string_view text) {
+    for (const auto& table : schema::tables())
+        if (schema::tableStatement(schema::Dialect::sqlServer, table) == text) return &table;
+    return nullptr;
+}
+
+bool contains(std::string_view text, std::string_view part) {
+    return text.find(part) != std::string_view::npos;
+}
+
+}  // namespace
+
+Failure serverFailure(const RuntimeFailure& failure) {
+    const auto text = failure.description();
+    const auto is = [&](std::string_view part) { return contains(text, part); };
+    switch (failure.number()) {
+        case failure::unknownTable:
+            return {208, text};
+        case failure::wrongStatement:
+            return {is("列名") ? 207 : 102, text, is("语法错误") ? 15 : 16};
+        case failure::textTooLong:
+            return {8152, text};
+        case failure::timedOut:
+            return {1222, text};
+        case failure::violatedRule:
+            return {is("NULL") ? 515 : 2601, text, is("NULL") ? 16 : 14};
+        case failure::badConversion:
+            return {is("日期") ? 241 : 245, text};
+        default:
+            return {50000, text};
+    }
+}
+
+void Dialog::answer(std::string_view batch, Tokens& out) {
+    try {
+        for (const auto text : statementsOf(batch)) statement(text, out);
+    } catch (const RuntimeFailure& failure) {
+        out.failure(serverFailure(failure));
+        out.done(std::nullopt, true, true);
+    } catch (const Failure& failure) {
+        out.failure(failure);
+        out.done(std::nullopt, true, true);
+    }
+}
+
+void Dialog::statement(std::string_view text, Tokens& out) {
+    if (text.starts_with("CREATE ")) return define(text, out);
+    if (ownWords(text, out)) return;
+    const auto understood = tsql::understand(text);
+    if (understood.givesRows())
+        query(text, out);
+    else
+        write(text, out);
+}
+
+/// What the embedded engine does by other calls, or not at all.
+bool Dialog::ownWords(std::string_view text, Tokens& out) {
+    tsql::TokenStream words(text);
+    if (words.takeWord("SET")) {
+        out.done(std::nullopt);
+        return true;
+    }
+    if (words.takeWords({"BEGIN", "TRANSACTION"})) {
+        begin(out);
+        return true;
+    }
+    if (words.takeWords({"IF", "@@TRANCOUNT"})) {
+        if (inTransaction_)
+            end(false, out);
+        else
+            out.done(std::nullopt);
+        return true;
+    }
+    const bool commits = words.takeWord("COMMIT");
+    if (commits || words.takeWord("ROLLBACK")) {
+        end(commits, out);
+        return true;
+    }
+    if (!words.takeWords({"SELECT", "SCOPE_IDENTITY"})) return false;
+    const WireColumn column{"", WireType::decimal};
+    out.columns({column});
+    out.beginRow();
+    out.value(column, lastIdentity_);
+    out.done(1);
+    return true;
+}
+
+void Dialog::define(std::string_view text, Tokens& out) {
+    if (const auto* table = definedBy(text)) {
+        if (!made_ || !made_->emplace(table->name).second)
+            throw Failure{2714, fmt::format("数据库中已存在名为 '{}' 的对象。", table->name)};
+    } else {
+        const auto all = schema::definition(schema::Dialect::sqlServer);
+        if (std::find(all.begin(), all.end(), text) == all.end())
+            throw Failure{102, "'CREATE' 附近有语法错误。", 15};
+    }
+    out.done(std::nullopt);
+}
+
+void Dialog::begin(Tokens& out) {
+    database_.begin();
+    inTransaction_ = true;
+    if (made_) madeBefore_ = *made_;
+    out.transactionBegun();
+    out.done(std::nullopt);
+}
+
+void Dialog::end(bool committed, Tokens& out) {
+    if (!inTransaction_) throw Failure{committed ? 3902 : 3903, "该请求没有对应的 BEGIN TRANSACTION。"};
+    if (committed)
+        database_.commit();
+    else
+        database_.rollback();
+    if (made_ && !committed) *made_ = madeBefore_;
+    inTransaction_ = false;
+    out.transactionEnded(committed);
+    out.done(std::nullopt);
+}
+
+void Dialog::requireMade(std::string_view table) const {
+    if (made_ && !made_->contains(table)) throw Failure{208, fmt::format("对象名 '{}' 无效。", table)};
+}
+
+void Dialog::query(std::string_view text, Tokens& out) {
+    const auto understood = tsql::understand(text);
+    for (const auto& source : std::get<tsql::Query>(understood.statement).sources)
+        if (!source.query) requireMade(source.table);
+    std::vector<WireColumn> columns;
+    for (const auto& column : understood.columns) columns.push_back(wireColumn(column));
+    Recordset rows(database_, text);
+    out.columns(columns);
+    long count = 0;
+    for (auto& row : rows) {
+        out.beginRow();
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            out.value(columns[i], row[static_cast<int>(i)].value());
+        ++count;
+    }
+    out.done(count);
+}
+
+void Dialog::write(std::string_view text, Tokens& out) {
+    const auto understood = tsql::understand(text);
+    const auto target = std::visit(
+        [](const auto& statement) {
+            if constexpr (requires { statement.target; }) return statement.target.table;
+            return std::string();
+        },
+        understood.statement);
+    requireMade(target);
+    const auto* identity = schema::table(target)->identity();
+    const bool inserts = std::holds_alternative<tsql::Insert>(understood.statement);
+    if (!inserts || identity == nullptr) return out.done(database_.execute(text));
+    // Nobody else may add a row before this one's number has been read.
+    const bool own = !inTransaction_;
+    if (own) database_.begin();
+    try {
+        const long count = database_.execute(text);
+        const auto newest = fmt::format("Select Max({}) From {}", identity->name, target);
+        lastIdentity_ = Recordset(database_, newest)[0].value();
+        if (own) database_.commit();
+        out.done(count);
+    } catch (...) {
+        if (own) database_.rollback();
+        throw;
+    }
+}
+
+}  // namespace desk::wire

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "base/failure.h"
+#include "db/connection.h"
+#include "wire/server/tokens.h"
+
+namespace desk::wire {
+
+/// The tables of a database that was made by statements over the wire, of those that the catalogue has.
+using MadeTables = std::set<std::string, std::less<>>;
+
+/// What one client's batches do to a database, by the embedded engine.
+class Dialog {
+  public:
+    /// `made`, if any, are the only tables that are there.
+    Dialog(Connection database, std::shared_ptr<MadeTables> made)
+        : database_(std::move(database)), made_(std::move(made)) {}
+
+    /// Runs a batch of statements with semicolons between them, as far as the first that fails.
+    void answer(std::string_view batch, Tokens& out);
+
+  private:
+    void statement(std::string_view text, Tokens& out);
+    bool ownWords(std::string_view text, Tokens& out);
+    void define(std::string_view text, Tokens& out);
+    void begin(Tokens& out);
+    void end(bool committed, Tokens& out);
+    void query(std::string_view text, Tokens& out);
+    void write(std::string_view text, Tokens& out);
+    void requireMade(std::string_view table) const;
+
+    Connection database_;
+    std::shared_ptr<MadeTables> made_;
+    MadeTables madeBefore_;  ///< the open transaction
+    bool inTransaction_ = false;
+    Value lastIdentity_;
+};
+
+/// A failure of the embedded engine, as a server would tell it.
+Failure serverFailure(const RuntimeFailure& failure);
+
+}  // namespace desk::wire
