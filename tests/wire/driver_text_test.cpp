@@ -52,7 +52,12 @@ TEST(DriverText, TellsAllToTheUsualDriver) {
 
 TEST(DriverText, SpeaksToOtherDriversByTheRule) {
     EXPECT_EQ(driverText({"db,1500", "office", "sa", "a};b"}, {.driver = "Other"}, Encryption::required),
-              "Driver={Other};Server=db,1500;Database={office};UID={sa};PWD={a}};b};Encrypt=yes;");
+              "Driver={Other};Server=db,1500;Database={office};UID={sa};PWD={a}};b};Encrypt=yes;"
+              "TrustServerCertificate=yes;");
+    const DriverSettings trusting{.driver = "Other", .certificates = "/own.pem"};
+    EXPECT_TRUE(driverText({"db", "", "", ""}, trusting, Encryption::required)
+                    .ends_with("Encrypt=yes;TrustServerCertificate=no;ServerCertificate={/own.pem};"));
+    EXPECT_TRUE(driverText({"db", "", "", ""}, trusting, Encryption::wherePossible).ends_with("Encrypt=no;"));
 }
 
 }  // namespace

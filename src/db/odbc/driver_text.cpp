@@ -16,10 +16,6 @@ namespace {
     throw RuntimeFailure(failure::unspecified, text);
 }
 
-bool isUsual(const DriverSettings& settings) {
-    return settings.driver == usualDriver;
-}
-
 /// A value in braces. The usual driver takes all up to "};" as it is, others take a doubled brace for one.
 std::string braced(const std::string& value, bool usual) {
     if (value.find('\0') != std::string::npos || (usual && value.find("};") != std::string::npos))
@@ -41,6 +37,13 @@ std::string addressText(const ServerAddress& address, bool usual) {
     if (!address.instance.empty()) return fmt::format("Server={}\\{};", address.host, address.instance);
     if (usual) return fmt::format("Server={};Port={};", address.host, address.port);
     return fmt::format("Server={},{};", address.host, address.port);
+}
+
+std::string otherEncryption(const DriverSettings& settings, Encryption encryption) {
+    if (encryption != Encryption::required) return "Encrypt=no;";
+    if (settings.certificates.empty()) return "Encrypt=yes;TrustServerCertificate=yes;";
+    return fmt::format("Encrypt=yes;TrustServerCertificate=no;ServerCertificate={};",
+                       braced(settings.certificates, false));
 }
 
 }  // namespace
@@ -79,7 +82,7 @@ DriverSettings DriverSettings::ofEnvironment() {
 
 std::string driverText(const ConnectionTarget& target, const DriverSettings& settings, Encryption encryption,
                        const std::optional<std::string>& section) {
-    const bool usual = isUsual(settings);
+    const bool usual = settings.isUsual();
     std::string text = fmt::format("Driver={};", braced(settings.driver, usual));
     if (section)
         text += fmt::format("Servername={};", *section);
@@ -91,7 +94,7 @@ std::string driverText(const ConnectionTarget& target, const DriverSettings& set
     add("Database", target.initialCatalog);
     add("UID", target.userId);
     add("PWD", target.password);
-    if (!usual) return text + (encryption == Encryption::required ? "Encrypt=yes;" : "Encrypt=no;");
+    if (!usual) return text + otherEncryption(settings, encryption);
     // Without a character set of its own the driver stores Chinese wrong, though it comes back right.
     return text + "ClientCharset=UTF-8;TDS_Version=7.3;Encryption=" +
            (encryption == Encryption::required ? "require;" : "request;");

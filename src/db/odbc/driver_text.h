@@ -25,6 +25,8 @@ struct DriverSettings {
     std::string driver = usualDriver;  ///< by the name under which it is installed
     std::string certificates{};        ///< the file of those that are trusted; empty: any is
 
+    bool isUsual() const { return driver == usualDriver; }
+
     /// From TENANT_DESK_ODBC_DRIVER and TENANT_DESK_CERTIFICATES.
     static DriverSettings ofEnvironment();
 };

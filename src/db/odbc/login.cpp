@@ -46,6 +46,8 @@ std::shared_ptr<OdbcConnection> login(const ConnectionTarget& target, const Driv
         failed = attempt(Encryption::required, {}, connection);
         if (!failed.empty() && perhapsNoEncryption(causeOf(failed)))
             failed = attempt(Encryption::wherePossible, {}, connection);
+    } else if (!settings.isUsual()) {
+        failed = attempt(Encryption::required, {}, connection);
     } else {
         const TrustingSection section(serverAddress(target.dataSource), settings.certificates);
         failed = attempt(Encryption::required, section.name(), connection);

@@ -19,7 +19,7 @@ class OdbcStatement {
     /// Sends the batch, and waits for the head of its first answer. Fails as Connection::execute does.
     OdbcStatement(std::shared_ptr<OdbcConnection> connection, std::string_view batch);
     OdbcStatement(OdbcStatement&&) noexcept = default;
-    OdbcStatement& operator=(OdbcStatement&&) noexcept = default;
+    OdbcStatement& operator=(OdbcStatement&&) = delete;
 
     /// The columns of the present answer; none where it gives no rows.
     const std::vector<ResultColumn>& columns() const { return columns_; }

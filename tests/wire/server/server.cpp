@@ -207,11 +207,13 @@ void Server::converse(Seat& seat, Dialog& dialog) {
     while (true) {
         const auto message = channel.receive();
         if (message.type == Packet::attention) {
+            {
+                const std::lock_guard lock(mutex_);
+                ++calledOff_;
+            }
             Tokens out;
             out.attended();
             channel.send(Packet::reply, out.finished());
-            const std::lock_guard lock(mutex_);
-            ++calledOff_;
         } else if (message.type == Packet::batch) {
             const auto text = withoutHeaders(message.payload);
             {
