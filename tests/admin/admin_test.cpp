@@ -1,9 +1,5 @@
-#include <gtest/gtest.h>
-#include <sys/wait.h>
+#include "admin_fixture.h"
 
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
 
 #include "platform/settings.h"
@@ -11,48 +7,13 @@
 namespace desk {
 namespace {
 
-namespace fs = std::filesystem;
-
-struct Outcome {
-    int code = -1;
-    std::string output;  ///< and errors
-
-    bool tells(std::string_view words) const { return output.find(words) != std::string::npos; }
-};
-
-/// The tool as a person calls it, in a folder of its own.
-class Admin : public testing::Test {
-  protected:
-    Admin() {
-        std::string name = (fs::temp_directory_path() / "desk-XXXXXX").string();
-        folder = ::mkdtemp(name.data());
-    }
-    ~Admin() override { fs::remove_all(folder); }
-
-    Outcome run(const std::string& words) {
-        const std::string command = "cd '" + folder.string() + "' && '" ADMIN_PROGRAM "' " + words + " 2>&1";
-        FILE* pipe = ::popen(command.c_str(), "r");
-        Outcome outcome;
-        for (int byte = std::fgetc(pipe); byte != EOF; byte = std::fgetc(pipe))
-            outcome.output += static_cast<char>(byte);
-        outcome.code = WEXITSTATUS(::pclose(pipe));
-        return outcome;
-    }
-
-    /// What lies in the folder.
-    std::size_t files() {
-        return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
-    }
-
-    fs::path folder;
-};
-
 TEST_F(Admin, TellsWhatIsWrongWithACommandLine) {
     for (const char* words :
          {"", "destroy x.db", "create", "create a b", "create --force x.db", "ddl oracle",
           "sample x.db --leads", "sample x.db --leads many", "sample x.db --leads 5 --leads 6",
           "sample x.db --staff 1", "sample x.db --today 2011-2-30", "settings --file a --server b",
-          "settings --server b", "upgrade", "backup x.db"}) {
+          "settings --server b", "upgrade", "backup x.db", "create --server b", "create x.db --user sa",
+          "create x.db --server b --database c", "check x.db"}) {
         const Outcome outcome = run(words);
         EXPECT_EQ(outcome.code, 2) << words;
         EXPECT_TRUE(outcome.tells("错误：")) << words;
@@ -61,7 +22,7 @@ TEST_F(Admin, TellsWhatIsWrongWithACommandLine) {
     const Outcome help = run("--help");
     EXPECT_EQ(help.code, 0);
     for (const char* command : {"create FILE", "ddl sqlite", "sample FILE", "logins FILE", "settings --file",
-                                "upgrade FILE", "backup FILE TO"})
+                                "upgrade FILE", "backup FILE TO", "check"})
         EXPECT_TRUE(help.tells(command)) << command;
 }
 

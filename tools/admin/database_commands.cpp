@@ -7,10 +7,12 @@
 #include <filesystem>
 
 #include "admin/arguments.h"
+#include "admin/target.h"
 #include "base/failure.h"
 #include "db/embedded/embedded.h"
 #include "db/recordset.h"
 #include "db/statement.h"
+#include "db/transaction.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "sample/sample.h"
@@ -64,6 +66,36 @@ void printContents(Connection& connection) {
         fmt::print("  {} {} 行\n", table.text(), countRows(connection, table));
 }
 
+/// Makes all tables in an empty database on a server, or none of them.
+void define(Connection& connection) {
+    Transaction all(connection);
+    for (const auto& statement : schema::definition(schema::Dialect::sqlServer))
+        connection.execute(statement);
+    all.commit();
+}
+
+void fillAndPrint(Connection& connection, const sample::Size& size, const DateTime& today) {
+    sample::fill(connection, size, today, SystemFiles::executableDirectory() + "/tax-program");
+    printContents(connection);
+}
+
+void sampleFile(const std::string& file, const sample::Size& size, const DateTime& today) {
+    refuseExisting(file);
+    // Under a name of its own until it is whole: whoever looks for the file finds all of it or none.
+    const std::string unfinished = fmt::format("{}.{}.new", file, ::getpid());
+    try {
+        embedded::createDatabase(unfinished);
+        Connection connection = openFile(unfinished);
+        fillAndPrint(connection, size, today);
+        connection = Connection();
+        fs::rename(unfinished, file);
+    } catch (...) {
+        std::error_code ignored;
+        fs::remove(unfinished, ignored);
+        throw;
+    }
+}
+
 }  // namespace
 
 Connection openFile(const std::string& file) {
@@ -76,10 +108,15 @@ Connection openFile(const std::string& file) {
 }
 
 void create(const std::vector<std::string>& words) {
-    const Arguments arguments(words, {}, 1, "FILE");
-    refuseExisting(arguments.plain(0));
-    embedded::createDatabase(arguments.plain(0));
-    fmt::print("已建立空数据库 {}\n", arguments.plain(0));
+    const Target target(words, {}, 0, "");
+    if (target.onServer()) {
+        Connection connection = target.open();
+        define(connection);
+    } else {
+        refuseExisting(target.file());
+        embedded::createDatabase(target.file());
+    }
+    fmt::print("已建立空数据库 {}\n", target.shown());
 }
 
 void printDefinition(const std::vector<std::string>& words) {
@@ -93,29 +130,19 @@ void printDefinition(const std::vector<std::string>& words) {
 }
 
 void sample(const std::vector<std::string>& words) {
-    const Arguments arguments(words, {"leads", "units", "staff", "years", "seed", "today"}, 1, "FILE");
-    const sample::Size size = sizeFrom(arguments);
-    const DateTime today = dayFrom(arguments);
-    const std::string& file = arguments.plain(0);
-    refuseExisting(file);
-
-    // Under a name of its own until it is whole: whoever looks for the file finds all of it or none.
-    const std::string unfinished = fmt::format("{}.{}.new", file, ::getpid());
+    const Target target(words, {"leads", "units", "staff", "years", "seed", "today"}, 0, "");
+    const sample::Size size = sizeFrom(target.arguments());
+    const DateTime today = dayFrom(target.arguments());
     const auto start = std::chrono::steady_clock::now();
-    try {
-        embedded::createDatabase(unfinished);
-        Connection connection = openFile(unfinished);
-        sample::fill(connection, size, today, SystemFiles::executableDirectory() + "/tax-program");
-        printContents(connection);
-        connection = Connection();
-        fs::rename(unfinished, file);
-    } catch (...) {
-        std::error_code ignored;
-        fs::remove(unfinished, ignored);
-        throw;
+    if (target.onServer()) {
+        Connection connection = target.open();
+        define(connection);
+        fillAndPrint(connection, size, today);
+    } else {
+        sampleFile(target.file(), size, today);
     }
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-    fmt::print("已建立样板数据库 {}（{:.1f} 秒）\n", file, taken.count());
+    fmt::print("已建立样板数据库 {}（{:.1f} 秒）\n", target.shown(), taken.count());
 }
 
 void upgrade(const std::vector<std::string>& words) {

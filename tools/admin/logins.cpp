@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "admin/arguments.h"
 #include "admin/database_commands.h"
+#include "admin/target.h"
 #include "base/text.h"
 #include "db/recordset.h"
 #include "db/statement.h"
@@ -73,8 +73,7 @@ std::string menusOf(Connection& connection, const std::string& 岗位代号) {
 }  // namespace
 
 void printLogins(const std::vector<std::string>& words) {
-    const Arguments arguments(words, {}, 1, "FILE");
-    Connection connection = openFile(arguments.plain(0));
+    Connection connection = Target(words, {}, 0, "").open();
     fmt::print("{}{}{}{}\n", padded("工号", 8), padded("密码", 12), padded("姓名", 10), "岗位（可用菜单）");
     for (const Login& login : peopleInService(connection)) {
         fmt::print("{}{}{}", padded(login.工号, 8), padded(login.帐号密码, 12), padded(login.姓名, 10));

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "admin/arguments.h"
+#include "admin/check_command.h"
 #include "admin/database_commands.h"
 #include "admin/script_command.h"
 #include "admin/settings_command.h"
@@ -38,6 +39,11 @@ constexpr const char* help = R"(用法：tenant-desk-admin 命令 [参数]
                           让程序使用数据库服务器
       --edition 版本      服务器版本的备注（缺省 2000）
       --folder DIR        设置文件所在的目录（缺省为用户的配置目录）
+  check [--folder DIR]    检查设置：能否连接、登录，数据表和列是否齐全
+
+create、sample、run 和 logins 也可用于服务器上的数据库，以下列选项代替 FILE
+（create 和 sample 在已有的空数据库中建立全部数据表）：
+      --server NAME --database NAME [--user 名] [--password 密码]
 
 返回码：0 成功；1 操作失败；2 命令行有误。
 )";
@@ -47,8 +53,9 @@ using Command = void (*)(const std::vector<std::string>&);
 Command commandNamed(const std::string& name) {
     using namespace desk::admin;
     const std::map<std::string, Command> commands = {
-        {"create", create},      {"ddl", printDefinition}, {"sample", sample}, {"run", runScript},
-        {"logins", printLogins}, {"upgrade", upgrade},     {"backup", backup}, {"settings", settings}};
+        {"create", create}, {"ddl", printDefinition}, {"sample", sample},
+        {"run", runScript}, {"logins", printLogins},  {"upgrade", upgrade},
+        {"backup", backup}, {"settings", settings},   {"check", check}};
     const auto found = commands.find(name);
     if (found == commands.end()) throw UsageError(fmt::format("不认识的命令“{}”", name));
     return found->second;

@@ -4,8 +4,7 @@
 
 #include <fstream>
 
-#include "admin/arguments.h"
-#include "admin/database_commands.h"
+#include "admin/target.h"
 #include "base/failure.h"
 #include "base/text.h"
 #include "db/transaction.h"
@@ -30,9 +29,9 @@ std::vector<std::string> statementsIn(const std::string& script) {
 }  // namespace
 
 void runScript(const std::vector<std::string>& words) {
-    const Arguments arguments(words, {}, 2, "FILE SCRIPT");
-    const auto statements = statementsIn(arguments.plain(1));
-    Connection connection = openFile(arguments.plain(0));
+    const Target target(words, {}, 1, "SCRIPT");
+    const auto statements = statementsIn(target.plain(0));
+    Connection connection = target.open();
     Transaction all(connection);
     int run = 0;
     for (std::size_t i = 0; i < statements.size(); ++i) {

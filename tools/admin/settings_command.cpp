@@ -13,8 +13,8 @@ namespace desk::admin {
 
 namespace {
 
-constexpr const char* application = "鸿序楼台";
-constexpr const char* section = "DBConfig";
+constexpr const char* application = settingsApplication;
+constexpr const char* section = settingsSection;
 
 void print(const IniSettings& store, const std::string& folder) {
     fmt::print("设置文件：{}/{}.ini\n", folder, application);
