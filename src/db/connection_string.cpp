@@ -1,5 +1,7 @@
 #include "db/connection_string.h"
 
+#include <fmt/format.h>
+
 #include "base/failure.h"
 #include "base/text.h"
 #include "schema/catalogue.h"
@@ -72,6 +74,14 @@ ConnectionTarget parseConnectionString(std::string_view text) {
         auto value = takeValue(text);
         if (auto* meant = partNamed(target, key)) *meant = std::move(value);
     }
+}
+
+std::string connectionStringOf(std::string_view UID, std::string_view PWD, std::string_view DBname,
+                               std::string_view Svr) {
+    return fmt::format(
+        "Provider=SQLOLEDB.1;Password={};Persist Security Info=False;User ID={};Initial Catalog='{}';Data "
+        "Source='{}'",
+        PWD, UID, DBname, Svr);
 }
 
 }  // namespace desk

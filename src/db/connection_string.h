@@ -18,4 +18,9 @@ struct ConnectionTarget {
 /// with -2147467259 when the text does not follow that grammar.
 ConnectionTarget parseConnectionString(std::string_view text);
 
+/// What the program opens where its settings have these values. They stand in it as they are: a quote in one
+/// means what it means to the driver.
+std::string connectionStringOf(std::string_view UID, std::string_view PWD, std::string_view DBname,
+                               std::string_view Svr);
+
 }  // namespace desk

@@ -3,12 +3,13 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <chrono>
 
 #include "admin/arguments.h"
 #include "admin/settings_command.h"
-#include "admin/target.h"
 #include "base/failure.h"
 #include "base/text.h"
+#include "db/connection_string.h"
 #include "db/recordset.h"
 #include "platform/settings.h"
 #include "schema/catalogue.h"
@@ -16,6 +17,8 @@
 namespace desk::admin {
 
 namespace {
+
+constexpr std::chrono::seconds timeout{30};
 
 /// What a table lacks, in words; nothing when it is as the program needs it.
 std::vector<std::string> missingIn(Connection& connection, const schema::Table& table) {
@@ -47,8 +50,9 @@ void check(const std::vector<std::string>& words) {
     };
     if (setting("Svr").empty())
         throw RuntimeFailure(failure::unspecified, "还没有设置数据库，请先用 settings 命令设置");
-    Connection connection =
-        openAsTheProgram(setting("Svr"), setting("DBname"), setting("UID"), setting("PWD"));
+    Connection connection;
+    connection.open(connectionStringOf(setting("UID"), setting("PWD"), setting("DBname"), setting("Svr")),
+                    timeout);
     fmt::print("已连接：Svr={} DBname={} UID={}\n", setting("Svr"), setting("DBname"), setting("UID"));
     std::vector<std::string> missing;
     for (const auto& table : schema::tables())

@@ -61,16 +61,4 @@ Connection Target::open() const {
     return connection;
 }
 
-Connection openAsTheProgram(const std::string& server, const std::string& database, const std::string& user,
-                            const std::string& password) {
-    Connection connection;
-    // Quotes and semicolons mean here what they mean to the program.
-    connection.open(
-        fmt::format("Provider=SQLOLEDB.1;Password={};Persist Security Info=False;User ID={};Initial "
-                    "Catalog='{}';Data Source='{}'",
-                    password, user, database, server),
-        timeout);
-    return connection;
-}
-
 }  // namespace desk::admin

@@ -37,8 +37,4 @@ class Target {
     std::string file_;
 };
 
-/// Opens what the settings of the program name, as the program does. Fails as Connection::open does.
-Connection openAsTheProgram(const std::string& server, const std::string& database, const std::string& user,
-                            const std::string& password);
-
 }  // namespace desk::admin
