@@ -53,6 +53,8 @@ void 退款凭证::open(int row) {
         else
             showEarlier(payment);
     }
+    // Below the line that it is about.
+    面板.setAnchor(&charges_, Cell{row, C::序});
     面板.open();
 }
 

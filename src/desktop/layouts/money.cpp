@@ -1,5 +1,6 @@
 #include "desktop/layouts/money.h"
 
+#include <QLineEdit>
 #include <QTableView>
 
 #include "desktop/cell_place.h"
@@ -32,9 +33,14 @@ QWidget* voucherOf(退款凭证& voucher) {
     auto* line = columns({titled("摘要", voucher.摘要), titled("科目代号", voucher.科目代号),
                           titled("科目名称", voucher.科目名称), titled("借方金额", voucher.借方金额)},
                          {4, 2, 4, 2});
-    auto* foot = fields({{"收款人", voucher.收款人}, {"相关情况说明", voucher.相关情况说明}}, 2);
-    auto* signedBy = columns({plain(voucher.制单人), buttons({&voucher.确定, &voucher.关闭})}, {1, 0});
-    return rows({head, line, foot, signedBy}, {0, 0, 1, 0});
+    if (auto* amount = line->findChild<QLineEdit*>(text(voucher.借方金额.name())))
+        amount->setAlignment(Qt::AlignRight);
+    QWidget* why = plain(voucher.相关情况说明);
+    why->setMaximumHeight(pixels(900));
+    auto* signedBy = columns({fields({{"收款人", voucher.收款人}}), plain(voucher.制单人),
+                              buttons({&voucher.确定, &voucher.关闭})},
+                             {2, 1, 1});
+    return atLeast(rows({head, line, fields({{"相关情况说明", why}}), signedBy}, {0, 0, 1, 0}), 13500, 0);
 }
 
 /// The charge lines, and the room beside them for what can be done with one.
@@ -64,7 +70,10 @@ QWidget* layoutOfDeposits(Frm意向金收取& screen) {
     whole->setContentsMargins(6, 6, 6, 4);
     for (CellList* list : {&screen.收费项目, &screen.票据类型, &screen.票据簿, &screen.票据})
         panelOver(whole, list->panel, plain(list->list, "请选择"));
-    floatOver(whole, screen.行操作, framed(screen.行操作, plain(screen.退款处理)), FloatsAt::beside);
+    auto* beside = framed(screen.行操作, plain(screen.退款处理));
+    floatOver(whole, screen.行操作, beside, FloatsAt::beside);
+    // Without its button nothing of it is to be seen.
+    beside->setAutoFillBackground(false);
     panelOver(whole, screen.退款.面板, voucherOf(screen.退款));
     return whole;
 }
