@@ -14,6 +14,7 @@ TEST_F(AtTheDevice, LogsInWithTheKeyboard) {
     type("01");
     press(Qt::Key_Return);
     EXPECT_EQ(focused(), "密码") << "Enter without a password goes there";
+    EXPECT_EQ(program->login->message.text(), "请输入用户名和密码");
     type("wrong");
     press(Qt::Key_Return);
     EXPECT_FALSE(program->main);
@@ -126,6 +127,9 @@ TEST_F(AtTheDevice, TakesItemsByCodeAndByPosition) {
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, QPoint(20, 24 / 2 + 24 * (4 - 1)));
     EXPECT_EQ(form().lines[2].item.text(), "钥匙押金");
     EXPECT_EQ(focused(), "单价3");
+    press(Qt::Key_F6);
+    press(Qt::Key_F6);
+    EXPECT_EQ(form().lines[0].code.selectedText(), "0103") << "what is typed now replaces it";
     press(Qt::Key_F2);
     press(Qt::Key_F6);
     press(Qt::Key_Return);
@@ -142,12 +146,13 @@ TEST_F(AtTheDevice, ProposesAnAmountThatMayBeTypedOver) {
     type("3");
     press(Qt::Key_Tab);
     EXPECT_EQ(form().lines[0].amount.selectedText(), "0.30");
-    type("0.35");
-    EXPECT_EQ(form().figures.text(), "0.35");
-    EXPECT_EQ(form().words.text(), "叁角伍分");
+    type("0.29");
+    EXPECT_EQ(form().figures.text(), "0.29");
+    EXPECT_EQ(form().words.text(), "贰角玖分");
     press(Qt::Key_Backtab, Qt::ShiftModifier);
+    type("4");
     press(Qt::Key_Tab);
-    EXPECT_EQ(form().lines[0].amount.text(), "0.35") << "what was typed stands";
+    EXPECT_EQ(form().lines[0].amount.text(), "0.29") << "what was typed stands";
 }
 
 TEST_F(AtTheDevice, PrintsNothingThatIsIncomplete) {
@@ -213,6 +218,12 @@ TEST_F(AtTheDevice, RemembersWhereItsRollIs) {
     auto* question = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
     ASSERT_NE(question, nullptr);
     EXPECT_EQ(question->textValue(), "30843101");
+    question->setTextValue("");
+    question->accept();
+    press(Qt::Key_F2);
+    EXPECT_EQ(form().number.text(), "30843101");
+    press(Qt::Key_F8);
+    question = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
     question->setTextValue("00000099");
     question->accept();
     EXPECT_EQ(news(), "已装入起始号码为 00000099 的发票卷");
@@ -224,10 +235,14 @@ TEST_F(AtTheDevice, RemembersWhereItsRollIs) {
 }
 
 TEST_F(AtTheDevice, IsSlowWhereItIsToldSo) {
+    options.slow = 24 * 60 * 60 * 1000;
+    program = std::make_unique<Program>(options);
+    program->start();
+    for (int i = 0; i < 5; ++i) QApplication::processEvents();
+    EXPECT_FALSE(program->login->isVisible());
     options.slow = 40;
     program = std::make_unique<Program>(options);
     program->start();
-    EXPECT_FALSE(program->login->isVisible());
     EXPECT_TRUE(QTest::qWaitFor([&] { return program->login->isVisible(); }));
 }
 
@@ -238,6 +253,14 @@ TEST_F(AtTheDevice, ShowsAnotherTitleOrNumberOrNone) {
     EXPECT_EQ(program->main->windowTitle(), "开票软件 V2");
     begin("盛远");
     EXPECT_EQ(form().number.text(), "99999999");
+    fillLine("0101", "1", "1", "1");
+    press(Qt::Key_F9);
+    EXPECT_EQ(journal().first(), "发票号码：99999999");
+    program.reset();
+    options.number.clear();
+    logIn();
+    press(Qt::Key_F2);
+    EXPECT_EQ(form().number.text(), "30843100") << "the roll has not moved";
     program.reset();
     options.noNumber = true;
     logIn();
@@ -261,14 +284,16 @@ TEST_F(AtTheDevice, RefusesToPrintAndKeepsTheNumber) {
 }
 
 TEST_F(AtTheDevice, SaysThatItsJournalCannotBeWritten) {
-    options.journal = folder.path();
-    logIn();
-    begin("盛远");
-    fillLine("0101", "1", "1", "1");
-    press(Qt::Key_F9);
-    EXPECT_EQ(boxSays(), "无法写入 " + folder.path());
-    press(Qt::Key_F2);
-    EXPECT_EQ(form().number.text(), "30843100");
+    for (const QString& file : {folder.path(), QString("/dev/full")}) {
+        options.journal = file;
+        logIn();
+        begin("盛远");
+        fillLine("0101", "1", "1", "1");
+        press(Qt::Key_F9);
+        EXPECT_EQ(boxSays(), "无法写入 " + file);
+        press(Qt::Key_F2);
+        EXPECT_EQ(form().number.text(), "30843100");
+    }
 }
 
 TEST_F(AtTheDevice, DiesAtAFieldOfTheInvoice) {

@@ -47,7 +47,6 @@ InvoiceForm::InvoiceForm(Device& device) : device_(device) {
 
     const auto fields = inOrder();
     for (std::size_t place = 0; place < fields.size(); ++place) {
-        if (place > 0) setTabOrder(fields[place - 1], fields[place]);
         if (device_.options().dieAt == static_cast<int>(place) + 1)
             fields[place]->entered = [] { std::_Exit(1); };
     }
