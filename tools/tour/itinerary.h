@@ -1,6 +1,7 @@
 #pragma once
 
 #include "db/connection.h"
+#include "platform/platform.h"
 #include "tour/tour.h"
 
 namespace desk::tour {
@@ -48,5 +49,8 @@ void countWeeks(Tour& tour, Witness& witness, const QString& folder);
 void changeTo(Tour& tour, const QString& user);
 /// What a cashier may choose.
 void showCashiersMenu(Tour& tour);
+/// The cashier charges both letters that have passed: invoices by the program that prints them into
+/// `journal`, a receipt picked by hand, prints that failed, and a refund.
+void takeDeposits(Tour& tour, Witness& witness, Platform& machine, const QString& journal);
 
 }  // namespace desk::tour

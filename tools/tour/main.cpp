@@ -27,6 +27,7 @@ void prepare(const std::string& folder) {
     settings.write("鸿序楼台", "DBConfig", "Svr", "(embedded)");
     settings.write("鸿序楼台", "DBConfig", "DBname", file);
     qputenv("XDG_CONFIG_HOME", folder.c_str());
+    qputenv("TAX_PROGRAM_FOLDER", (folder + "/tax-program").c_str());
 }
 
 }  // namespace
@@ -72,6 +73,7 @@ int main(int argc, char** argv) {
     desk::tour::decideLast(tour, witness);
     desk::tour::changeTo(tour, "1010");
     desk::tour::showCashiersMenu(tour);
+    desk::tour::takeDeposits(tour, witness, program.app.platform, folder.path() + "/tax-program/journal.txt");
     desk::desktop::enter([&] { program.app.start({}); });
     tour.start();
     return QApplication::exec();

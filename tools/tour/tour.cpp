@@ -18,7 +18,7 @@ namespace {
 constexpr int betweenSteps = 60;
 constexpr int beforeAPicture = 180;
 /// A step that never comes to its end must not hang whoever runs the tour.
-constexpr int longestTour = 8 * 60 * 1000;
+constexpr int longestTour = 12 * 60 * 1000;
 
 }  // namespace
 
@@ -38,6 +38,12 @@ void Tour::then(std::function<void(Person&)> action) {
 void Tour::check(QString what, std::function<bool()> holds) {
     then([this, what = std::move(what), holds = std::move(holds)](Person&) {
         if (!holds()) finish(1, "does not hold: " + what);
+    });
+}
+
+void Tour::awaitBox() {
+    then([this](Person&) {
+        if (qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) == nullptr) --next_;
     });
 }
 

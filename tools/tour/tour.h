@@ -21,6 +21,8 @@ class Tour : public QObject {
     void then(std::function<void(Person&)> action);
     /// As then(); fails the tour when `holds` is false.
     void check(QString what, std::function<bool()> holds);
+    /// Goes on when a box is up, however long that takes.
+    void awaitBox();
     /// Answers the box that is up with that button, and checks its text.
     void answer(QString expectedText, QString buttonText);
 
