@@ -1,4 +1,6 @@
+#include <QApplication>
 #include <QFile>
+#include <QWidget>
 #include <array>
 
 #include <memory>
@@ -36,6 +38,17 @@ std::string letterOf(Witness& witness, const char* tenant) {
 std::string payments(Witness& witness, const char* tenant, const Fragment& condition) {
     return witness.first(sql("Select Count(*) As SL From YZ_意向金收款 Where 意向书ID={} And {}",
                              numeral(letterOf(witness, tenant)), condition));
+}
+
+/// The other program lies over the main window until somebody brings that to the front again.
+void bringMainWindow(Tour& tour) {
+    tour.then([](Person&) {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->inherits("QMainWindow")) {
+                window->raise();
+                window->activateWindow();
+            }
+    });
 }
 
 void chooseLetter(Tour& tour, Witness& witness, const char* office, const char* tenant) {
@@ -156,6 +169,7 @@ void printFourLines(Tour& tour, Witness& witness, const QString& journal) {
                                                    "开票人：01"};
     });
     tour.answer(question, "是");
+    bringMainWindow(tour);
     tour.step("意向金-四行已保存", [](Person&) {});
     tour.check("四条收款记录", [&witness] {
         return payments(witness, walkIn, fragment("票据打印=1 And 票据编号='30843100'")) == "3" &&
@@ -198,6 +212,7 @@ void printAgain(Tour& tour, Witness& witness, int row, int reason) {
     tour.then([](Person& person) { person.click("确定"); });
     tour.awaitBox();
     tour.answer(question, "是");
+    bringMainWindow(tour);
     tour.check("重新打印后已保存", [=, &witness] {
         return payments(witness, askedAtOnce, fragment("票据打印=1")) == std::to_string(row);
     });
@@ -213,6 +228,7 @@ void giveUp(Tour& tour, Witness& witness, int row) {
     });
     tour.step("未正常打印-已了结", [](Person&) {});
     tour.then([](Person& person) { person.click("关闭"); });
+    bringMainWindow(tour);
     tour.check("没有保存", [=, &witness] {
         return payments(witness, askedAtOnce, fragment("票据打印=1")) == std::to_string(row - 1);
     });
