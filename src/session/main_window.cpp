@@ -79,11 +79,7 @@ void MDIForm1::addScreenMenu(const char* top,
 
 void MDIForm1::openOnClick(MenuEntry& entry, const char* screen) {
     entry.tag = screen;
-    entry.clicked += [this, &entry] {
-        if (!app_.screens.offers(entry.tag))
-            return app_.inform(fmt::format("“{}”尚未启用。", entry.caption()));
-        app_.screens.open(entry.tag);
-    };
+    entry.clicked += [this, &entry] { app_.screens.open(entry.tag); };
 }
 
 void MDIForm1::addOwnMenus() {
