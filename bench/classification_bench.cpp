@@ -37,8 +37,8 @@ struct Property {
         bare.run("COMMIT");
         embedded::Statistics(bare).refresh();
         program.enter();
-        program.desktop.measure = [this](std::string_view text) {
-            return widths.of(QApplication::font(), text);
+        program.desktop.measure = [this, font = QApplication::font()](std::string_view text) {
+            return widths.of(font, text);
         };
     }
 

@@ -19,9 +19,18 @@ double TextWidths::of(const QFont& font, std::string_view measured) {
         font_ = font;
         metrics_ = QFontMetricsF(font);
         widths_.assign(0x10000, unknown);
+        wholes_.clear();
     }
     const double added = addedUp(measured);
-    return twips(added >= 0 ? added : metrics_.horizontalAdvance(text(measured)));
+    return twips(added >= 0 ? added : whole(measured));
+}
+
+double TextWidths::whole(std::string_view measured) {
+    constexpr std::size_t remembered = 5000;
+    if (wholes_.size() >= remembered) wholes_.clear();
+    const auto [place, isNew] = wholes_.try_emplace(std::string(measured));
+    if (isNew) place->second = metrics_.horizontalAdvance(text(measured));
+    return place->second;
 }
 
 double TextWidths::addedUp(std::string_view measured) {

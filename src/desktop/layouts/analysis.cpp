@@ -47,7 +47,7 @@ QWidget* layoutOfClassification(Frm客户分类统计& screen) {
     auto* filters = rows({fields({{"管理项目", screen.Combo1}}), kinds, teams,
                           buttons({&screen.Command1, &screen.Command13, &screen.Command4})},
                          {0, 1, 1, 0});
-    auto* whole = folding(screen.条件, filters, plain(screen.MSFlexGrid1, "统计结果"), {2, 3});
+    auto* whole = folding(screen.条件, filters, plain(screen.MSFlexGrid1, "统计结果"), {1, 2});
     whole->setContentsMargins(6, 6, 6, 6);
     return whole;
 }
