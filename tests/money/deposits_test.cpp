@@ -326,5 +326,86 @@ TEST_F(Deposits, TheVoucherSaysWhichBudgetItIsFrom) {
     }
 }
 
+TEST_F(Deposits, ARowWithHalfOfWhatItNeedsIsNotTakenForTheBlankOne) {
+    type(C::金额, "5");
+    press();
+    EXPECT_EQ(program.desktop.takeMessage(), "第1行数据不完整，请核对");
+    type(C::金额, "");
+    type(C::收费项目, "手写");
+    EXPECT_FALSE(screen().单元格编辑.numeric());
+    press();
+    EXPECT_EQ(program.desktop.takeMessage(), "第1行数据不完整，请核对");
+}
+
+TEST_F(Deposits, ASavedLineNeedsNoTicketAndKeepsItsCode) {
+    program.run(
+        {"Insert Into YZ_意向金收款 (意向书ID,收费项目,金额,收费项目代号,票据打印) Values "
+         "(1,'租金意向金',3,'D7',0)"});
+    click("YM1");
+    EXPECT_EQ(screen().收费.行收费项目代号[1], "D7");
+    fillByHand("8", 2, 0);
+    press();
+    EXPECT_TRUE(program.desktop.messages.empty());
+    EXPECT_EQ(program.rows("Select 金额 From YZ_意向金收款 Order By ID"),
+              (std::vector<std::string>{"3", "8"}));
+}
+
+TEST_F(Deposits, ALineThatIsNoLongerTickedOffersItsBooksAgain) {
+    tick({1});
+    EXPECT_EQ(screen().收费.rowData(1), 1);
+    tick({1});
+    screen().收费.click(1, C::票据簿编号);
+    EXPECT_TRUE(screen().票据簿.button.visible());
+    fill("8", 1);
+    EXPECT_EQ(screen().票据簿.list.items().front().data, 1);
+}
+
+TEST_F(Deposits, AnotherLetterLeavesTheRefundAndTheChosenRow) {
+    fillByHand("8", 2, 0);
+    press();
+    screen().收费.click(1, C::金额);
+    screen().退款处理.click();
+    EXPECT_TRUE(screen().退款.面板.isOpen());
+    click("YM2");
+    EXPECT_FALSE(screen().退款.面板.isOpen());
+    EXPECT_EQ(screen().收费.selection(), GridSelection::cell);
+    // There is nothing to pay back of a line without a record.
+    screen().退款.open(1);
+    EXPECT_FALSE(screen().退款.面板.isOpen());
+}
+
+TEST_F(Deposits, AVoucherStartsAfreshAndIsShownAsItWasMade) {
+    fillByHand("8", 2, 0);
+    fillByHand("9", 2, 1);
+    press();
+    auto& voucher = screen().退款;
+    const auto show = [&](int row) {
+        screen().收费.click(row, C::金额);
+        screen().退款处理.click();
+    };
+    show(1);
+    EXPECT_TRUE(voucher.借方金额.numeric());
+    voucher.收款人.type("王先生");
+    voucher.相关情况说明.type("不租了");
+    show(2);
+    EXPECT_EQ(voucher.收款人.text() + voucher.相关情况说明.text(), "");
+    voucher.收款人.type("李女士");
+    voucher.退款日期.setValue(*parseDate("2010-12-31"));
+    // The refund goes on while another line is looked at.
+    screen().收费.click(1, C::金额);
+    voucher.确定.click();
+    EXPECT_TRUE(screen().退款处理.usable());
+    EXPECT_EQ(screen().行操作.tag, "1");
+    EXPECT_EQ(voucher.凭证编号.caption(), "TK-201100000001");
+
+    program.run({"Update 报销单表 Set 制单人='周全'", "Update YZ_意向金收款 Set 处理结束=0"});
+    click("YM1");
+    show(2);
+    EXPECT_EQ(voucher.制单人.caption() + voucher.收款人.text(), "制单人：周全李女士");
+    EXPECT_FALSE(voucher.退款日期.enabled());
+    show(1);
+    EXPECT_TRUE(voucher.退款日期.enabled());
+}
+
 }  // namespace
 }  // namespace desk
