@@ -275,13 +275,16 @@ TEST_F(Deposits, TheMoneyIsSavedWhateverBecomesOfThePaper) {
 TEST_F(Deposits, ALineToBePrintedNeedsNumbers) {
     fill("8", 1);
     tick({1});
-    screen().收费.click(1, C::单价);
-    screen().单元格编辑.type("一元");
-    try {
-        press();
-        FAIL();
-    } catch (const RuntimeFailure& failure) {
-        EXPECT_EQ(failure.number(), failure::typeMismatch);
+    for (const int column : {C::单价, C::数量}) {
+        screen().收费.click(1, column);
+        screen().单元格编辑.type("一元");
+        try {
+            press();
+            FAIL();
+        } catch (const RuntimeFailure& failure) {
+            EXPECT_EQ(failure.number(), failure::typeMismatch);
+        }
+        screen().单元格编辑.type("1");
     }
     EXPECT_TRUE(invoices.asked.empty());
     EXPECT_TRUE(payments().empty());

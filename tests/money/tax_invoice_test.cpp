@@ -206,8 +206,10 @@ TEST_F(TaxInvoice, TakesATicketBackAndPrintsTwice) {
     desk.app.screens.unload(screen);
     auto& second = failedPrint();
     outside.bindTo(second);
+    second.样张.空白票据.pick("9002");
     second.恢复.退票.click();
     second.恢复.确定.click();
+    EXPECT_EQ(second.样张.空白票据.find("9002"), -1);
     EXPECT_EQ(outside.退票.Text3.text(), "");
     EXPECT_TRUE(second.关闭.enabled());
     EXPECT_EQ(second.恢复.面板.tag, "");
