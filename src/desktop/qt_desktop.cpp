@@ -11,7 +11,10 @@
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QScreen>
+#include <QStyle>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -70,13 +73,27 @@ void QtDesktop::showModally(Screen& screen) {
     if (!screen.isThere()) return;
     QWidget* window = windows_[&screen] = new DialogWindow(*screens_, screen, layoutOf_(screen));
     window->setWindowModality(Qt::ApplicationModal);
-    if (main_ != nullptr && (screen.left() != 0 || screen.top() != 0))
-        window->move(main_->mapToGlobal(QPoint(pixels(screen.left()), pixels(screen.top()))));
+    if (main_ != nullptr) window->move(placeOf(screen, *window));
     QEventLoop waiting;
     follow(&waiting, screen.gone, [&waiting] { waiting.quit(); });
     window->show();
     bringToFront(screen);
     if (screen.isThere()) waiting.exec();
+    // Another program may have come in front meanwhile, and would stay there.
+    if (main_ != nullptr && QApplication::activeModalWidget() == nullptr) {
+        main_->raise();
+        main_->activateWindow();
+    }
+}
+
+QPoint QtDesktop::placeOf(const Screen& screen, const QWidget& window) const {
+    if (screen.left() != 0 || screen.top() != 0)
+        return main_->mapToGlobal(QPoint(pixels(screen.left()), pixels(screen.top())));
+    // Amid the main window; its title bar stays on the display also where there is no room around.
+    QRect place(QPoint(), window.size() + QSize(0, window.style()->pixelMetric(QStyle::PM_TitleBarHeight)));
+    place.moveCenter(main_->geometry().center());
+    const QPoint corner = main_->screen()->availableGeometry().topLeft();
+    return {std::max(place.left(), corner.x()), std::max(place.top(), corner.y())};
 }
 
 void QtDesktop::bringToFront(Screen& screen) {

@@ -50,6 +50,8 @@ class QtDesktop : public Desktop {
   private:
     QWidget* windowOf(Screen& screen);
     QWidget* makeWindow(Screen& screen);
+    /// Where the window of a modal screen comes up.
+    QPoint placeOf(const Screen& screen, const QWidget& window) const;
     void dropLater();
 
     Screens* screens_ = nullptr;

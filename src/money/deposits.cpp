@@ -307,6 +307,7 @@ void Frm意向金收取::save(int last) {
                        "单价, 金额, 票据类型, 收款人, 退款日期, 退款金额, 退款人, 备注, 处理结束, 票据打印, "
                        "收费项目代号 From YZ_意向金收款 Where 意向书ID=0",
                        Rows::updatable);
+    bool any = false;
     for (int row = 1; row <= last; ++row) {
         if (!收费.waits(row) || !收费.text(row, C::记录ID).empty()) continue;
         const bool printed = 收费.picture(row) == 打印图::待打印;
@@ -326,7 +327,9 @@ void Frm意向金收取::save(int last) {
         payments.update();
         收费.setPicture(row, printed ? 打印图::已打印 : 打印图::已存手选);
         收费.setText(row, C::记录ID, payments["ID"].text());
+        any = true;
     }
+    if (any) app_.saved(意向书信息.登记编号.text());
 }
 
 }  // namespace desk

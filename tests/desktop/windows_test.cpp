@@ -8,8 +8,10 @@
 #include <QMdiSubWindow>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
+#include <cstdlib>
 
 #include "base/failure.h"
 #include "customers/registration.h"
@@ -173,6 +175,41 @@ TEST_F(Windows, AChildThatIsShownIsNotShownModally) {
         desktop->showModally(other);
     });
     EXPECT_EQ(app->screens.loaded("other"), nullptr);
+}
+
+TEST_F(Windows, AModalScreenComesUpAmidTheMainWindowOrWhereItSays) {
+    const auto shown = [&] {
+        QRect place;
+        QTimer::singleShot(0, qApp, [&] {
+            place = QApplication::activeModalWidget()->frameGeometry();
+            enter([&] { app->screens.unload(app->screens.get("other")); });
+        });
+        enter([&] { desktop->showModally(app->screens.get("other")); });
+        return place;
+    };
+    main->move(40, 30);
+    const QPoint off = shown().center() - main->geometry().center();
+    // Frame and title bar count, as wide as they may be.
+    EXPECT_LE(std::abs(off.x()), 4);
+    EXPECT_LE(std::abs(off.y()), 30);
+    main->move(-3000, -2000);
+    EXPECT_EQ(shown().topLeft(), main->screen()->availableGeometry().topLeft());
+    main->move(40, 30);
+    step = [](Sheet& sheet) { sheet.moveTo(1500, 750); };
+    EXPECT_EQ(shown().topLeft(), main->mapToGlobal(QPoint(100, 50)));
+}
+
+TEST_F(Windows, TheMainWindowComesBackInFrontOfWhatStoodThereWhenAModalScreenGoes) {
+    QWidget inFront;
+    QTimer::singleShot(0, qApp, [&] {
+        inFront.show();
+        inFront.raise();
+        inFront.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&inFront));
+        enter([&] { app->screens.unload(app->screens.get("other")); });
+    });
+    enter([&] { desktop->showModally(app->screens.get("other")); });
+    EXPECT_TRUE(QTest::qWaitForWindowActive(main));
 }
 
 TEST_F(Windows, AWidgetGoesWithItsControlAndDoesNothingFromThenOn) {

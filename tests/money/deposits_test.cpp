@@ -142,6 +142,9 @@ TEST_F(Deposits, FourTaxLinesGiveTwoInvoices) {
     EXPECT_EQ(program.rows("Select 票据编号,票据ID,金额 From 票据开票数据 Order By ID"),
               (std::vector<std::string>{"1007|71|1", "1007|71|2", "1007|71|3", "1008|81|4"}));
     EXPECT_EQ(pictures(), "33331");
+    // Said once; there is nothing to say where nothing was left to save.
+    press();
+    EXPECT_EQ(program.desktop.notices, std::vector<std::string>{"已保存 1"});
 }
 
 TEST_F(Deposits, AnInvoiceThatDidNotComeOutStopsTheSavingOfAll) {
@@ -151,6 +154,7 @@ TEST_F(Deposits, AnInvoiceThatDidNotComeOutStopsTheSavingOfAll) {
     press();
     EXPECT_EQ(invoices.asked.size(), 2U);
     EXPECT_TRUE(payments().empty());
+    EXPECT_TRUE(program.desktop.notices.empty());
     EXPECT_TRUE(program.rows("Select ID From 票据开票数据").empty());
     // The first has been printed, and its lines say so.
     EXPECT_EQ(cells(3, {C::票据簿编号, C::票据编号}), "B1 1007");
