@@ -61,13 +61,14 @@ ChildWindow::ChildWindow(Screens& screens, Screen& screen, QWidget* content, QMd
     setWindowTitle(text(screen.caption()));
     setWidget(scrollable(content));
     runTimers(screen, this);
+    // Qt looks for a place as soon as it gets the window, and by the size that it has then.
+    resize(QSize(pixels(screen.width()), pixels(screen.height())) + frame());
+    fit();
     area.addSubWindow(this);
     // Qt would close a child by Ctrl+W, which other programs use inside a text.
     for (QAction* entry : systemMenu()->actions())
         if (!entry->shortcut().isEmpty()) entry->setShortcut(Qt::CTRL | Qt::Key_F4);
     area.viewport()->installEventFilter(this);
-    resize(QSize(pixels(screen.width()), pixels(screen.height())) + frame());
-    fit();
     place();
     follow(this, screen.touched, [this] {
         setWindowTitle(text(screen_.caption()));

@@ -13,6 +13,7 @@
 #include <QTimer>
 #include <cstdlib>
 
+#include "analysis/classification.h"
 #include "base/failure.h"
 #include "customers/registration.h"
 #include "desktop/binding.h"
@@ -332,6 +333,20 @@ TEST_F(Windows, AChildShrinksWithTheMainWindow) {
     QApplication::processEvents();
     EXPECT_LE(shown->width(), shown->mdiArea()->viewport()->width());
     EXPECT_LE(shown->height(), shown->mdiArea()->viewport()->height());
+}
+
+TEST_F(Windows, OneChildAfterAnotherOpensWholeInTheArea) {
+    main->showNormal();
+    main->resize(1280, 776);
+    QApplication::processEvents();
+    // Whatever one finds, the next has less room beside.
+    for (const char* name :
+         {"frmAbout", Frm客户分类统计::screenName, "frm每周来客统计分析", "frm意向金收取"}) {
+        bring(name);
+        QApplication::processEvents();
+        const QRect area = child(name)->mdiArea()->viewport()->rect();
+        EXPECT_TRUE(area.contains(child(name)->geometry())) << name << " lies at " << child(name)->y();
+    }
 }
 
 /// Nothing is asked, and what runs in a child cannot hold it up.
