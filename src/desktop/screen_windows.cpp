@@ -123,8 +123,20 @@ void ChildWindow::keepFocus(const QWidget* before, QWidget* now) {
 
 void ChildWindow::restoreFocus() {
     const WindowChange change;
-    if (field_ && field_->isVisible() && field_->isEnabled()) field_->setFocus(Qt::ActiveWindowFocusReason);
+    if (field_ && field_->isVisible() && field_->isEnabled())
+        field_->setFocus(Qt::ActiveWindowFocusReason);
+    else if (!holds(QApplication::focusWidget()))
+        focusFirst();
     if (QWidget* now = QApplication::focusWidget(); !field_ && holds(now)) field_ = now;
+}
+
+/// Qt gives the focus to the first field of all, also where that one is hidden: then nobody has it, and Tab
+/// leads into the window behind.
+void ChildWindow::focusFirst() {
+    for (QWidget* each = nextInFocusChain(); each != this; each = each->nextInFocusChain())
+        if (holds(each) && each->isVisible() && each->isEnabled() &&
+            (each->focusPolicy() & Qt::TabFocus) != 0)
+            return each->setFocus(Qt::ActiveWindowFocusReason);
 }
 
 void ChildWindow::bringToFront() {

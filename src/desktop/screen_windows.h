@@ -34,6 +34,7 @@ class ChildWindow : public QMdiSubWindow {
     void place();
     void keepFocus(const QWidget* before, QWidget* now);
     void restoreFocus();
+    void focusFirst();
     bool holds(const QWidget* part) const { return part != nullptr && isAncestorOf(part); }
 
     Screens& screens_;

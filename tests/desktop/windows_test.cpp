@@ -349,6 +349,22 @@ TEST_F(Windows, OneChildAfterAnotherOpensWholeInTheArea) {
     }
 }
 
+TEST_F(Windows, AChildHasTheFocusInAFieldThatIsShownAsSoonAsItOpens) {
+    for (const KnownScreen& known : screenList()) {
+        if (known.make(*app)->kind() != WindowKind::child) continue;
+        SCOPED_TRACE(known.name);
+        bring(known.name);
+        QApplication::processEvents();
+        const QWidget* focused = QApplication::focusWidget();
+        ASSERT_NE(focused, nullptr);
+        EXPECT_TRUE(child(known.name)->isAncestorOf(focused) && focused->isVisible());
+    }
+    // No matter what else is open: Tab stays in the window that one sees.
+    bring(Frm客户分类统计::screenName);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(child(Frm客户分类统计::screenName)->isAncestorOf(QApplication::focusWidget()));
+}
+
 /// Nothing is asked, and what runs in a child cannot hold it up.
 TEST_F(Windows, ClosingTheMainWindowEndsTheProgram) {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
