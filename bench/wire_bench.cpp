@@ -94,11 +94,13 @@ std::size_t readBare(std::string_view statement, int columns) {
 }
 
 void rowsOfBareCalls(benchmark::State& state) {
+    office();  // made before anything is measured
     for (auto _ : state) benchmark::DoNotOptimize(readBare(allLeads, columnCount));
     state.SetItemsProcessed(state.iterations() * leadCount);
 }
 
 void rowsOfRecordset(benchmark::State& state) {
+    office();  // made before anything is measured
     for (auto _ : state) {
         std::size_t bytes = 0;
         for (auto& row : Recordset(office().connection, allLeads))
@@ -109,10 +111,12 @@ void rowsOfRecordset(benchmark::State& state) {
 }
 
 void statementOfBareCalls(benchmark::State& state) {
+    office();  // made before anything is measured
     for (auto _ : state) benchmark::DoNotOptimize(readBare(oneLead, 1));
 }
 
 void statementOfRecordset(benchmark::State& state) {
+    office();  // made before anything is measured
     for (auto _ : state) benchmark::DoNotOptimize(Recordset(office().connection, oneLead)[0].text().size());
 }
 

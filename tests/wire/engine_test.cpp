@@ -193,6 +193,16 @@ TEST_F(ServerEngine, ReadsEveryKind) {
     EXPECT_EQ(read["N"].value(), Value(1));
 }
 
+TEST_F(ServerEngine, SeesNothingOfTheRowBeforeWhereAFieldIsNull) {
+    enter();
+    office.execute("Insert Into YZ_区域设置 (区域名称,说明) Values ('1','有')");
+    office.execute("Insert Into YZ_区域设置 (区域名称) Values ('2')");
+    std::string seenTexts;
+    for (auto& row : Recordset(office, "Select 说明 From YZ_区域设置 Order By 区域名称"))
+        seenTexts.append(row[0].view()).append("|");
+    EXPECT_EQ(seenTexts, "有||");
+}
+
 TEST_F(ServerEngine, AddressesARowByWhatKeepsItApart) {
     enter();
     office.execute("Insert Into YZ_组表 (组代号,组名称) Values ('01','甲')");

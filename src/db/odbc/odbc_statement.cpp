@@ -139,8 +139,15 @@ bool OdbcStatement::step() {
         return false;
     }
     if (!SQL_SUCCEEDED(result)) fail(handle_.get());
-    for (std::size_t i = 0; i < fields_.size(); ++i)
-        read(static_cast<SQLUSMALLINT>(i + 1), columns_[i].type, fields_[i]);
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+        auto& field = fields_[i];
+        read(static_cast<SQLUSMALLINT>(i + 1), columns_[i].type, field);
+        if (!field.null) continue;
+        // Nothing of the row before may show.
+        field.integer = 0;
+        field.number = 0;
+        field.text.clear();
+    }
     return true;
 }
 
