@@ -72,7 +72,7 @@ void 每周统计分析::count() {
     if (统计中_) return;
     if (开始日期.value() > 结束日期.value())
         return app_.tell("统计开始日期不能大于结束日期，请重新选择日期！");
-    if (!选择区域.hasSelection()) return;
+    if (!选择区域.hasSelection()) return 选择区域.focus();
     const auto views = tickedViews();
     if (views.empty()) return app_.tell("请选择统计项目");
     reset();
@@ -107,6 +107,7 @@ void 每周统计分析::reset() {
 
 void 每周统计分析::show(const 统计视图& view, const std::vector<统计项>& items) {
     const Batch showing(统计结果);
+    统计结果.hint = "没有统计结果";
     if (已有结果_)
         addTitles(view);
     else

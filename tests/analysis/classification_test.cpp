@@ -282,6 +282,31 @@ TEST_F(Classification, ThePanelIsHiddenAndShownAndTheScreenCloses) {
     EXPECT_EQ(program.app.screens.loaded(Frm客户分类统计::screenName), nullptr);
 }
 
+TEST_F(Classification, AnEmptyListOrTableTellsWhatToDoOrThatNothingIsThere) {
+    const auto hints = [&] { return Lines{form.List3.hint, form.List4.hint, form.MSFlexGrid1.hint}; };
+    EXPECT_EQ(hints(), (Lines{"选择管理处后列出引驻组", "选择管理处后列出中介公司",
+                              "选取企业性质、行业和引驻组，然后统计"}));
+    chooseOffice();
+    EXPECT_EQ(hints(),
+              (Lines{"没有在用的引驻组", "没有这样的中介公司", "选取企业性质、行业和引驻组，然后统计"}));
+    markEverything();
+    form.Command1.click();
+    EXPECT_EQ(hints().back(), "没有符合条件的客户");
+}
+
+TEST_F(Classification, ItIsBusyWhileItAsksAndALineIsMarkedAsAWhole) {
+    EXPECT_EQ(form.MSFlexGrid1.selection(), GridSelection::row);
+    // Keys that wander over the agencies take none of them.
+    EXPECT_EQ(form.List4.movingKeys(), MovingKeys::move);
+    chooseOffice();
+    markEverything();
+    std::vector<int> depths;
+    program.fault.seen = [&](std::string_view) { depths.push_back(program.desktop.busyDepth); };
+    form.Command1.click();
+    program.fault.seen = [](std::string_view) {};
+    EXPECT_EQ(depths, std::vector<int>{1});
+}
+
 /// The table as a workbook, read by another program.
 class ClassificationWorkbook : public WorkbookTest {};
 

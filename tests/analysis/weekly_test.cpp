@@ -75,6 +75,13 @@ TEST_F(Weekly, EachViewHasItsHeaderItsColumnAndItsNames) {
         EXPECT_EQ(grid().alignment(column), Align::general);
 }
 
+TEST_F(Weekly, AnEmptyTableTellsWhatToDoOrThatNothingWasFound) {
+    EXPECT_EQ(grid().hint, "请选择区域、时段和项目，然后统计");
+    span({2011, 6, 30}, {2011, 7, 1});
+    EXPECT_EQ(count({"MJ"}).size(), 1U);
+    EXPECT_EQ(grid().hint, "没有统计结果");
+}
+
 TEST_F(Weekly, ViewsStandBelowEachOtherUnderColouredTitlesAndTheirNumbersRunOn) {
     EXPECT_EQ(count({"LR", "MT"}), (Lines{"序|媒体分析|人数|占比例", "1|报纸|1|33.33%", "2|网络|2|66.67%",
                                           "|每天来人量|人次|占比例", "4|03.01（周二）|2|66.67%",
@@ -170,8 +177,11 @@ TEST_F(Weekly, WhatIsMissingIsToldAndNothingIsAsked) {
     EXPECT_EQ(program.desktop.messages.back().title, "");
     EXPECT_EQ(program.desktop.takeMessage(), "统计开始日期不能大于结束日期，请重新选择日期！");
     span({2011, 3, 3}, {2011, 3, 3});
+    int asked = 0;
+    const Subscription watch = form.选择区域.focusAsked.connect([&] { ++asked; });
     form.统计.click();
     EXPECT_TRUE(program.desktop.messages.empty());
+    EXPECT_EQ(asked, 1);
     form.选择区域.pick("02 西塔");
     form.统计.click();
     EXPECT_EQ(program.desktop.messages.back().icon, Icon::none);
@@ -251,6 +261,20 @@ TEST_F(WeeklyInterrupted, StoppingLeavesTheViewsThatWereDone) {
                  });
 }
 
+TEST_F(WeeklyInterrupted, WhatIsLeftOfAStoppedCountIsFittedAndTheFirstViewLeavesNothing) {
+    count({"YS"});
+    int reports = 0;
+    const auto stopAfter = [&](int done) {
+        reports = 0;
+        program.desktop.watcher = [&reports, done](std::string_view, long, long) { return ++reports < done; };
+    };
+    stopAfter(1);
+    EXPECT_EQ(count({"MT", "LR"}), Lines{"|||"});
+    stopAfter(3);
+    EXPECT_EQ(count({"MT", "LR"}).size(), 3U);
+    EXPECT_EQ(grid().columnWidth(1), 4 * 150 + 180);
+}
+
 TEST_F(WeeklyInterrupted, NeitherAnotherCountNorTheExportBeginsMeanwhile) {
     atEachReport(
         [&] {
@@ -279,6 +303,7 @@ TEST_F(WeeklyInterrupted, WhatIsChangedMeanwhileIsForTheNextCount) {
 TEST_F(WeeklyInterrupted, ReportsTellTheViewAndHowFarItIs) {
     Lines reports;
     program.desktop.watcher = [&](std::string_view what, long done, long total) {
+        EXPECT_EQ(program.desktop.busyDepth, 1);
         reports.push_back(fmt::format("{} {}/{}", what, done, total));
         return true;
     };
