@@ -414,5 +414,15 @@ TEST_F(Deposits, AVoucherStartsAfreshAndIsShownAsItWasMade) {
     EXPECT_TRUE(voucher.退款日期.enabled());
 }
 
+TEST_F(Deposits, AnotherLetterStartsWithLinesThatKnowNothingOfTheOne) {
+    fill("8", 1);
+    tick({1});
+    click("YM2");
+    EXPECT_EQ(screen().收费.行收费项目代号[1], "");
+    EXPECT_FALSE(screen().收费.行打印标记[1] || screen().收费.行税控标记[1]);
+    screen().收费.click(1, C::票据簿编号);
+    EXPECT_TRUE(screen().票据簿.button.visible());
+}
+
 }  // namespace
 }  // namespace desk
