@@ -17,6 +17,7 @@
 #include "intent/letter.h"
 #include "intent/unit_map.h"
 #include "money/deposits.h"
+#include "money/tax_invoice.h"
 #include "session/login.h"
 #include "session/main_window.h"
 #include "support/test_program.h"
@@ -64,8 +65,8 @@ class WholeRoad : public testing::Test {
         for (const Person& person : {consultant, manager, accountant, cashier}) employ(person);
         layOutProperty();
         offer<Frm引驻客户信息登记, Frm客户跟进信息分配, Frm客户跟进记录, Frm意向书信息, Frm房源一览表,
-              Frm意向书审批, Frm意向金收取, Frm每周来客统计分析, Frm客户跟进状态分析, Frm客户分类统计,
-              FrmToExcel>();
+              Frm意向书审批, Frm意向金收取, Frm税控发票打印, Frm每周来客统计分析, Frm客户跟进状态分析,
+              Frm客户分类统计, FrmToExcel>();
     }
     ~WholeRoad() override { std::remove(path.c_str()); }
 
@@ -123,6 +124,22 @@ class WholeRoad : public testing::Test {
             "Insert Into 票据 (入库单编号,票据编号) Values ('B2','0001')",
             "Insert Into 财务科目 (科目代号,科目名称) Values ('2181','其他应付款')",
             "Insert Into SETUPSFXM (DH,XM,收费类别,对应科目) Values ('D1','租金意向金','押金','2181')",
+            "Insert Into SETUPSFXM (DH,XM,收费类别,对应科目) Values ('D2','物管费意向金','押金','2181')",
+            "Insert Into 票据类型 (票据类型代号,票据类型,税控,定额) Values ('1','税控发票',1,0)",
+            "Insert Into 票据入库单 (入库单编号,票据类型编号,税控) Values ('B1','1',1)",
+            "Insert Into 票据领用清单 (领用记录编号,入库单编号) Values ('L1','B1')",
+            "Insert Into 票据 (入库单编号,票据编号) Values ('B1','9001')",
+            "Insert Into 票据 (入库单编号,票据编号) Values ('B1','9002')",
+            "Insert Into 票据税控机 (使用单位,软件名称,启动后名称) Values ('02','c:\\税控.exe','税控软件')",
+            "Insert Into SKOperator (SK_ID,OperatorNum,UserNum) Values (1,'E04','01')",
+            "Insert Into SKSfxm (税控ID,项目编号,XM_Num,XM_Name,XM_Xu) Values (1,'D2','0102','物管费',2)",
+            "Insert Into SKStep (SK_ID,Operate_step,Stage,Operate_type) Values (1,1,'开票','获取发票编号')",
+            "Insert Into SKStep (SK_ID,Operate_step,Stage,Operate_type,Remark) Values "
+            "(1,2,'开票','键盘操作','输入付款人')",
+            "Insert Into SKStep (SK_ID,Operate_step,Stage,Operate_type,Remark) Values "
+            "(1,3,'开票','键盘操作','按经营项目编号1')",
+            "Insert Into SKStep (SK_ID,Operate_step,Stage,Operate_type,Remark) Values "
+            "(1,4,'开票','键盘操作','输入金额1')",
         });
     }
 
@@ -169,6 +186,8 @@ class WholeRoad : public testing::Test {
     void theLetterIsSubmitted();
     void itIsApprovedTwice();
     void theDepositIsTakenAndAPartPaidBack();
+    void fillLine(Frm意向金收取& screen, int row, const char* item, const char* amount, const char* type);
+    void theRestIsInvoiced(Frm意向金收取& screen);
     void theCustomersAreCounted();
 
     const std::string path = testing::TempDir() + "road_" + std::to_string(::getpid()) + ".db";
@@ -287,34 +306,66 @@ void WholeRoad::itIsApprovedTwice() {
     EXPECT_EQ(rows("Select 流转通过 From YZ_意向书信息"), Lines{"1"});
 }
 
+/// Takes the text from the list beside the cell.
+void pick(Frm意向金收取& screen, int row, CellList& cell, 收费列表::Column column, std::string_view text) {
+    screen.收费.click(row, column);
+    cell.button.click();
+    ASSERT_GE(cell.list.find(text), 0) << text;
+    cell.list.click(cell.list.find(text));
+}
+
+void WholeRoad::fillLine(Frm意向金收取& screen, int row, const char* item, const char* amount,
+                         const char* type) {
+    using 列 = 收费列表::Column;
+    pick(screen, row, screen.收费项目, 列::收费项目, item);
+    for (const auto& [column, text] :
+         {std::pair{列::数量, "1"}, std::pair{列::单价, amount}, std::pair{列::金额, amount}}) {
+        screen.收费.click(row, column);
+        screen.单元格编辑.type(text);
+    }
+    pick(screen, row, screen.票据类型, 列::票据类型, type);
+}
+
+/// The tax program shows the second ticket of its book, and prints what is typed.
+void WholeRoad::theRestIsInvoiced(Frm意向金收取& screen) {
+    fillLine(screen, 2, "物管费意向金", "1200", "1 税控发票");
+    screen.收费.click(2, 收费列表::打印);
+    program.programs.windows = {"税控软件", "税控发票打印"};
+    program.machine.hook = [this](const std::string& call) {
+        if (call == "send ^C") program.clipboard.held = "9002";
+    };
+    program.desktop.modalPerson = [this](Screen& shown) {
+        auto& form = static_cast<Frm税控发票打印&>(shown);
+        form.样张.票据本.pick("B1 税控发票");
+        program.desktop.answers = {Answer::yes};
+        form.打印发票.click();
+    };
+    program.machine.lines.clear();
+    screen.票据打印保存.click();
+    EXPECT_EQ(program.machine.take(), (Lines{"has window 税控软件", "activate 税控软件", "clipboard clear",
+                                             "send ^C", "clipboard text", "send 盛远国际贸易", "send 0102",
+                                             "send {ENTER}", "send 1200", "activate 税控发票打印"}));
+    EXPECT_EQ(rows("Select 收费项目,票据编号,票据打印 From YZ_意向金收款 Order By ID"),
+              (Lines{"租金意向金|0001|0", "物管费意向金|9002|1"}));
+    EXPECT_EQ(rows("Select 票据编号,金额 From 票据 Where 开票日期 Is Not Null Order By 票据编号"),
+              (Lines{"0001|5000", "9002|1200"}));
+}
+
 void WholeRoad::theDepositIsTakenAndAPartPaidBack() {
     at<Frm意向金收取>("意向金收取", [this](Frm意向金收取& screen) {
         using 列 = 收费列表::Column;
-        const auto pick = [&screen](CellList& cell, 列 column, std::string_view text) {
-            screen.收费.click(1, column);
-            cell.button.click();
-            ASSERT_GE(cell.list.find(text), 0) << text;
-            cell.list.click(cell.list.find(text));
-        };
-        const auto type = [&screen](列 column, const char* text) {
-            screen.收费.click(1, column);
-            screen.单元格编辑.type(text);
-        };
         screen.管理项目.pick("01 东塔");
         screen.意向书.click(*screen.意向书.roots().front()->children().front());
-        pick(screen.收费项目, 列::收费项目, "租金意向金");
-        type(列::数量, "1");
-        type(列::单价, "5000");
-        type(列::金额, "5000");
-        pick(screen.票据类型, 列::票据类型, "2 收据");
+        fillLine(screen, 1, "租金意向金", "5000", "2 收据");
         screen.票据簿.button.click();
         screen.票据簿.list.click(screen.票据簿.list.find("B2"));
-        pick(screen.票据, 列::票据编号, "0001");
+        pick(screen, 1, screen.票据, 列::票据编号, "0001");
         screen.收费.click(1, 列::票据类型);
         screen.票据打印保存.click();
         EXPECT_EQ(rows("Select 意向书ID,收费项目,金额,票据编号 From YZ_意向金收款"),
                   Lines{"1|租金意向金|5000|0001"});
-        EXPECT_EQ(rows("Select 票据编号,金额,付款人 From 票据"), Lines{"0001|5000|盛远国际贸易"});
+        EXPECT_EQ(rows("Select 金额,付款人 From 票据 Where 票据编号='0001'"), Lines{"5000|盛远国际贸易"});
+        theRestIsInvoiced(screen);
 
         screen.收费.click(1, 列::科目编号);
         screen.退款处理.click();
@@ -323,7 +374,7 @@ void WholeRoad::theDepositIsTakenAndAPartPaidBack() {
         screen.退款.相关情况说明.type("少租一间");
         screen.退款.确定.click();
     });
-    EXPECT_EQ(rows("Select 退款金额 From YZ_意向金收款"), Lines{"500"});
+    EXPECT_EQ(rows("Select 退款金额 From YZ_意向金收款 Order By ID"), (Lines{"500", ""}));
     EXPECT_EQ(rows("Select 报销单编号,报销人,报销单类型 From 报销单表"),
               Lines{"02-00000001|陈先生|意向金退款"});
 }
