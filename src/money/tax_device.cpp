@@ -28,6 +28,11 @@ bool 税控运行::运行(用途 what) {
         machine_.tell("未选择票据簿");
         return false;
     }
+    // The trap of a run would keep it from the person.
+    if (const auto why = machine_.refusal(); !why.empty()) {
+        machine_.tell(why);
+        return false;
+    }
     controls_.关闭.setEnabled(false);
     controls_.打印发票.setEnabled(false);
     std::int16_t start = 0;

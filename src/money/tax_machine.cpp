@@ -37,6 +37,10 @@ void 税控机器::延时(const std::int16_t& n) {
     计时.setEnabled(outer);
 }
 
+std::string 税控机器::refusal() {
+    return app_.platform.keyboard.refusal();
+}
+
 bool 税控机器::hasWindow(std::string_view title) {
     const bool found = app_.platform.programs.hasWindow(title);
     goOn();

@@ -24,6 +24,8 @@ class 税控机器 {
     /// Waits `n` ticks; not at all for 0 or less. The screen stays alive.
     void 延时(const std::int16_t& n);
 
+    /// Why the tax program can not be driven on this desktop; empty where it can.
+    std::string refusal();
     bool hasWindow(std::string_view title);
     bool hasFile(std::string_view path);
     void activate(std::string_view title);

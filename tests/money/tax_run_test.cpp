@@ -136,6 +136,16 @@ TEST_F(TaxRun, EndsSilentlyWhereTheProgramCannotBeStartedOrTheScreenNotFound) {
     EXPECT_FALSE(second.恢复.面板.isOpen());
 }
 
+TEST_F(TaxRun, SaysWhereTheDesktopLetsNobodyTypeAndStops) {
+    auto& screen = desk.open();
+    desk.keyboard.refused = "不许代替键盘";
+    desk.machine.take();
+    screen.打印发票.click();
+    EXPECT_EQ(told(), Journal({"不许代替键盘"}));
+    EXPECT_EQ(desk.machine.take(), Journal());
+    EXPECT_EQ(buttonsOf(screen), "打印 关闭");
+}
+
 TEST_F(TaxRun, WithoutADeviceFindsNoProgram) {
     desk.run({"Update 票据税控机 Set 终止日期='2011-1-1'"});
     auto& screen = desk.open();

@@ -328,6 +328,7 @@ TEST(TypingNowhere, FailsWith70) {
     EXPECT_EQ(textOf(), "没有 X11 桌面，程序不能代替键盘和鼠标");
     ::setenv("WAYLAND_DISPLAY", "wayland-0", 1);
     EXPECT_EQ(textOf(), "Wayland 桌面不允许程序代替键盘和鼠标，请用 X11 会话登录系统");
+    EXPECT_EQ(X11Keyboard().refusal(), textOf());
     ::unsetenv("WAYLAND_DISPLAY");
 }
 

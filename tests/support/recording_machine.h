@@ -59,6 +59,10 @@ class RecordingPrograms : public Programs {
 class RecordingKeyboard : public Keyboard {
   public:
     explicit RecordingKeyboard(MachineJournal& journal) : journal_(journal) {}
+
+    std::string refused;  ///< why nobody can type
+
+    std::string refusal() override { return refused; }
     void send(std::string_view keyString) override;
 
   private:

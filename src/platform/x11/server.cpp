@@ -58,17 +58,20 @@ Server::~Server() {
     XCloseDisplay(display_);
 }
 
-void Server::requireInput() {
+std::string Server::inputRefusal() {
     int event = 0;
     int error = 0;
     int major = 0;
     int minor = 0;
-    if (isConnected() && XTestQueryExtension(display_, &event, &error, &major, &minor) != 0) return;
+    if (isConnected() && XTestQueryExtension(display_, &event, &error, &major, &minor) != 0) return {};
     const bool wayland = std::getenv("WAYLAND_DISPLAY") != nullptr && std::getenv("DISPLAY") == nullptr;
-    throw RuntimeFailure(failure::permissionDenied,
-                         wayland ? "Wayland 桌面不允许程序代替键盘和鼠标，请用 X11 会话登录系统"
-                         : isConnected() ? "X 服务器不支持 XTEST 扩展，程序不能代替键盘和鼠标"
-                                         : "没有 X11 桌面，程序不能代替键盘和鼠标");
+    if (wayland) return "Wayland 桌面不允许程序代替键盘和鼠标，请用 X11 会话登录系统";
+    return isConnected() ? "X 服务器不支持 XTEST 扩展，程序不能代替键盘和鼠标"
+                         : "没有 X11 桌面，程序不能代替键盘和鼠标";
+}
+
+void Server::requireInput() {
+    if (const auto why = inputRefusal(); !why.empty()) throw RuntimeFailure(failure::permissionDenied, why);
 }
 
 Atom Server::atom(const char* name) {

@@ -24,6 +24,8 @@ class Server {
     /// False when there is no server. Nothing else may be called then.
     bool isConnected() const { return display_ != nullptr; }
 
+    /// Why no program can type and point there, in words for a person; empty where it can.
+    std::string inputRefusal();
     /// Fails with 70 where there is no server, or it takes no keys and no mouse from a program.
     void requireInput();
 

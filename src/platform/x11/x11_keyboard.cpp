@@ -5,6 +5,10 @@
 
 namespace desk {
 
+std::string X11Keyboard::refusal() {
+    return x11::Server().inputRefusal();
+}
+
 void X11Keyboard::send(std::string_view keyString) {
     const auto actions = readKeyString(keyString);
     x11::Server server;
