@@ -40,7 +40,9 @@ struct Walk {
 /// Through every handler with a statement of every built screen.
 const std::vector<Walk>& walks();
 
-/// Some of them, each in a file of its own.
+/// Those that have a file of their own, or one for their room.
+std::vector<Walk> referenceWalks();
+std::vector<Walk> customerWalks();
 Walk letters();
 Walk classification();
 Walk deposits();
