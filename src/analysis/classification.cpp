@@ -16,8 +16,7 @@ namespace {
 constexpr int 组别列 = 1;
 
 void fillList(ListBox& list, Recordset rows, std::string_view column) {
-    const Batch filling(list);
-    list.clear();
+    const Refill filling(list);
     for (auto& row : rows) list.addItem(row[column].text());
 }
 
@@ -60,8 +59,7 @@ void Frm客户分类统计::showOffice() {
 void Frm客户分类统计::readTeams() {
     // The tick said something about the teams that were there.
     Check3.setChecked(false);
-    const Batch filling(List3);
-    List3.clear();
+    const Refill filling(List3);
     for (auto& row :
          Recordset(app_.主连接,
                    "SELECT  YZ_组表.组代号,YZ_组表.组名称, 管理处代号, 设置日期, 终止日期 FROM "
@@ -77,15 +75,13 @@ void Frm客户分类统计::readAgencies() {
          Recordset(app_.主连接, sql("Select * From YZ_中介公司设置 Where 管理处代号='{}'", Combo1.code())))
         中介公司_.push_back(row["公司名称"].text());
     List4.hint = "没有这样的中介公司";
-    const Batch filling(List4);
-    List4.clear();
+    const Refill filling(List4);
     for (const auto& name : 中介公司_) List4.addItem(name);
 }
 
 void Frm客户分类统计::search() {
     const LikePattern wanted("*" + Text1.text() + "*");
-    const Batch filling(List4);
-    List4.clear();
+    const Refill filling(List4);
     for (const auto& name : 中介公司_)
         if (wanted.fits(name)) List4.addItem(name);
 }

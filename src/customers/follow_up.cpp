@@ -102,7 +102,7 @@ void Frm客户跟进记录::chooseOffice() {
     const Hourglass busy(app_.desktop);
     // A number means another customer in another office.
     leaveCustomer();
-    跟进列表.setRows(跟进列表.fixedRows());
+    跟进列表.clear();
     新增.browse();
     页签.setIndex(0);
     客户.hint = "没有分配给您的客户";

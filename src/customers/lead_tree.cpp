@@ -20,8 +20,7 @@ bool known(std::string_view kind) {
 }  // namespace
 
 void 填充客户树(Tree& tree, Recordset& leads) {
-    const Batch fill(tree);
-    tree.clear();
+    const Refill fill(tree);
     const int kind = leads.column("客源类别");
     const int number = leads.column("登记编号");
     const int company = leads.column("公司名称");

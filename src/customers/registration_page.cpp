@@ -161,8 +161,7 @@ void 登记页::connect() {
 
 void 登记页::refillTree() {
     const Hourglass busy(app_.desktop);
-    const Batch fill(客户);
-    客户.clear();
+    const Refill fill(客户);
     TreeNode& root = 客户.add(nullptr, rules_.根键, rules_.根文本);
     Recordset rows(app_.主连接, rules_.树语句(code()));
     const int number = rows.column("登记编号");
@@ -274,7 +273,7 @@ void 登记页::toggleAgencies() {
     if (!中介->面板.isOpen()) return;
 
     Grid& list = 中介->列表;
-    if (!管理项目.hasSelection()) return list.setRows(list.fixedRows());
+    if (!管理项目.hasSelection()) return list.clear();
     Recordset agencies(app_.主连接,
                        sql("Select * From YZ_中介公司设置 Where 管理处代号='{}' Order By 公司名称", code()));
     fillGrid(list, agencies, {"公司名称", "ID"});

@@ -62,8 +62,7 @@ void 审批环节::guarded(void (审批环节::*handler)()) {
 }
 
 void 审批环节::load() {
-    const Batch fill(部门树);
-    部门树.clear();
+    const Refill fill(部门树);
     添加部门(app_, 部门树, [](const std::string& number) { return departmentPrefix + number; });
 }
 
@@ -79,7 +78,7 @@ void 审批环节::close() {
     环节序号.setText("");
     部门.setText("");
     岗位.clear();
-    列表.setRows(列表.fixedRows());
+    列表.clear();
     browse();
 }
 
@@ -103,8 +102,7 @@ void 审批环节::reload() {
 }
 
 void 审批环节::fill() {
-    const Batch filling(列表);
-    列表.setRows(列表.fixedRows());
+    const Refill filling(列表);
     for (auto& row :
          Recordset(app_.主连接,
                    sql("SELECT YZ_意向书审批路径.ID,职能部门new.职能部门名称, 岗位信息new.岗位名称, "

@@ -13,8 +13,7 @@ constexpr std::string_view image = "Y";
 }  // namespace
 
 void 填充意向书树(Tree& tree, const 意向书树& kind, Recordset& letters) {
-    const Batch fill(tree);
-    tree.clear();
+    const Refill fill(tree);
     TreeNode& root = tree.add(nullptr, kind.rootKey, kind.root, image);
     const int key = letters.column(kind.keyColumn);
     const int number = letters.column("意向书编号");

@@ -22,8 +22,7 @@ std::string decision(const Recordset::Field& agreed) {
 }
 
 void 审批意见列表::show(const std::string& 意向书ID) {
-    const Batch fill(列表);
-    列表.setRows(列表.fixedRows());
+    const Refill fill(列表);
     for (auto& row : Recordset(
              app_.主连接,
              sql("Select "

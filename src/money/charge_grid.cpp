@@ -19,12 +19,12 @@ std::string shownAmount(const Recordset::Field& amount) {
            "<票据编号  ||") {
     setColumnWidth(退款标记, 0);
     setColumnWidth(记录ID, 0);
-    reset();
+    clear();
 }
 
-void 收费列表::reset() {
+void 收费列表::clear() {
     setSelection(GridSelection::cell);
-    setRows(fixedRows());
+    Grid::clear();
     const auto size = static_cast<std::size_t>(rows());
     行打印标记.assign(size, false);
     行收费项目代号.assign(size, {});

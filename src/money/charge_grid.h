@@ -45,8 +45,8 @@ class 收费列表 : public Grid {
     std::vector<std::int32_t> 行票据ID;
 
     int lastRow() const { return rows() - 1; }
-    /// Leaves the header alone.
-    void reset();
+    /// With what the lines have beyond their cells; the header stays.
+    void clear();
     /// Shows a payment row that is in the database.
     void appendSaved(Recordset& payment);
     /// The row for the next entry.

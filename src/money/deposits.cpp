@@ -93,7 +93,7 @@ void Frm意向金收取::chooseLetter(const TreeNode& node) {
     hidePopUps();
     退款.close();
     行操作.setVisible(false);
-    收费.reset();
+    收费.clear();
     {
         Recordset letter(app_.主连接,
                          sql("Select YZ_意向书信息.*,设置管理处.GYD_Name  From YZ_意向书信息 Inner Join "
@@ -112,7 +112,7 @@ void Frm意向金收取::forgetLetter() {
 }
 
 void Frm意向金收取::showCharges(const std::string& 意向书ID) {
-    const Batch filling(收费);
+    const Refill filling(收费);
     for (auto& payment : Recordset(
              app_.主连接,
              sql("Select ID,  意向书ID, 收款日期, 票据入库单编号, 票据编号, 收费项目, 科目编号, 数量, 单价, "

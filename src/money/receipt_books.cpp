@@ -28,10 +28,9 @@ void addBooksOf(Application& app, std::string_view department, std::string_view 
 }  // namespace
 
 void 票据簿列表(Application& app, const 收费列表& charges, int row, ListBox& books) {
-    const Batch filling(books);
     const std::string type(codeBeforeBlank(charges.text(row, 收费列表::票据类型)));
     const auto& own = app.session.登录部门编号;
-    books.clear();
+    const Refill filling(books);
     addBooksOf(app, own, type, books);
     for (auto& sharing :
          Recordset(app.主连接, sql("Select 领用部门编号 From 票据共用设置 Where 共用部门编号='{}'", own)))
@@ -39,8 +38,7 @@ void 票据簿列表(Application& app, const 收费列表& charges, int row, Lis
 }
 
 void 填充空白票据(Application& app, std::string_view 入库单编号, ListBox& tickets) {
-    const Batch filling(tickets);
-    tickets.clear();
+    const Refill filling(tickets);
     for (auto& ticket :
          Recordset(app.主连接, sql("Select 票据编号,ID  From 票据 Where 入库单编号='{}' and 开票日期 Is "
                                    "Null and 作废日期 Is Null Order By 票据编号",

@@ -55,9 +55,8 @@ void MemberTab::fillDuties(Recordset duties) {
 }
 
 void MemberTab::fillTeams(Recordset teams) {
-    const Batch fill(TreeView1);
     const std::string selected(TreeView1.selected() != nullptr ? TreeView1.selected()->key() : "");
-    TreeView1.clear();
+    const Refill fill(TreeView1);
     TreeNode& root = TreeView1.add(nullptr, rootKey, "组列表");
     for (auto& team : teams)
         TreeView1.add(&root, teamLetter + team["组代号"].text(),
@@ -71,8 +70,7 @@ void MemberTab::toggleStaff() {
     if (!TreeView2.visible()) return;
     {
         const Hourglass busy(app_.desktop);
-        const Batch fill(TreeView2);
-        TreeView2.clear();
+        const Refill fill(TreeView2);
         if (app_.专项审核权限)
             for (const auto& [number, node] :
                  添加部门(app_, TreeView2, [](const std::string& department) { return department + "$"; }))

@@ -9,8 +9,7 @@ namespace desk {
 void fillGrid(Grid& grid, Recordset& entries, const std::vector<std::string_view>& columns,
               const std::function<void(int row)>& each) {
     constexpr int blank = -1;
-    const Batch filling(grid);
-    grid.setRows(grid.fixedRows());
+    const Refill filling(grid);
     std::vector<int> places;
     for (const auto column : columns) places.push_back(column.empty() ? blank : entries.column(column));
     for (auto& entry : entries) {

@@ -131,8 +131,7 @@ bool FrmLogin::readPositions() {
             TxtUser.text()));
     if (rows.atEnd()) return false;
     positions_.clear();
-    const Batch fill(List1);
-    List1.clear();
+    const Refill fill(List1);
     for (auto& row : rows) {
         List1.addItem(fmt::format("{} {}({})", row["职能部门名称"].text(), row["岗位名称"].text(),
                                   row["主要岗位"].flag() ? "主要" : "兼职"));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <exception>
+
 namespace desk {
 
 /// Keeps those who show a control quiet while it lives, so that a fill of any size is one repaint. They show
@@ -14,6 +16,24 @@ class Batch {
 
   private:
     Filled& control_;
+};
+
+/// A batch that fills a control anew: empties it first, and once more where a failure breaks the fill off, so
+/// that nobody takes the half for the whole.
+template <class Filled>
+class Refill {
+  public:
+    explicit Refill(Filled& control) : batch_(control), control_(control) { control_.clear(); }
+    ~Refill() {
+        if (std::uncaught_exceptions() > failuresBefore_) control_.clear();
+    }
+    Refill(const Refill&) = delete;
+    Refill& operator=(const Refill&) = delete;
+
+  private:
+    Batch<Filled> batch_;
+    Filled& control_;
+    const int failuresBefore_ = std::uncaught_exceptions();
 };
 
 }  // namespace desk

@@ -54,6 +54,8 @@ class Grid : public Control {
     /// Appends a row, its first cells taking `cells`; gives its position.
     int addRow(std::vector<std::string> cells = {});
     void removeRow(int row);
+    /// Drops all rows below the fixed ones.
+    void clear() { setRows(fixedRows_); }
     /// Empties all cells below the fixed rows; rows stay.
     void clearTexts();
 

@@ -217,6 +217,45 @@ TEST(Tree, AFillOfAnySizeIsOneChange) {
     EXPECT_EQ(after.times, 1);
 }
 
+TEST(Refill, LeavesTheNewLinesOrNoneAndTellsOfThemOnce) {
+    Sheet sheet;
+    Tree tree(sheet, "tree");
+    Grid grid(sheet, "grid", "<a|<b");
+    ListBox list(sheet, "list");
+    Count inTree(tree.structureChanged);
+    Count inGrid(grid.structureChanged);
+    Count inList(list.itemsChanged);
+    const auto refill = [](auto& control, const std::function<void()>& add, bool fails) {
+        const Refill filling(control);
+        add();
+        if (fails) throw RuntimeFailure(failure::unspecified, "连接已中断");
+    };
+    for (const char* text : {"旧", "新"}) {
+        refill(
+            tree, [&] { tree.add(nullptr, "", text); }, false);
+        refill(
+            grid, [&] { grid.addRow({text}); }, false);
+        refill(
+            list, [&] { list.addItem(text); }, false);
+    }
+    EXPECT_EQ(tree.roots().front()->text(), "新");
+    EXPECT_EQ(grid.text(1, 0), "新");
+    EXPECT_EQ(list.items().front().text, "新");
+    EXPECT_THROW(refill(
+                     tree, [&] { tree.add(nullptr, "", "半"); }, true),
+                 RuntimeFailure);
+    EXPECT_THROW(refill(
+                     grid, [&] { grid.addRow({"半"}); }, true),
+                 RuntimeFailure);
+    EXPECT_THROW(refill(
+                     list, [&] { list.addItem("半"); }, true),
+                 RuntimeFailure);
+    EXPECT_TRUE(tree.roots().empty());
+    EXPECT_EQ(grid.rows(), grid.fixedRows());
+    EXPECT_EQ(list.count(), 0);
+    for (const Count* each : {&inTree, &inGrid, &inList}) EXPECT_EQ(each->times, 3);
+}
+
 TEST(Grid, ReadsItsHeader) {
     Sheet sheet;
     Grid grid(sheet, "grid", "<序|<主职代号|>数量   |^日期||");
