@@ -6,6 +6,7 @@
 #include "db/embedded/embedded.h"
 #include "db/statement.h"
 #include "seats.h"
+#include "wire/engine_choice.h"
 
 namespace desk {
 namespace {
@@ -19,7 +20,7 @@ class TwoSeats : public testing::Test {
     TwoSeats() {
         std::remove(path.c_str());
         embedded::createDatabase(path);
-        program.db().open(file, std::chrono::seconds(30));
+        program.db().open(database, std::chrono::seconds(30));
         addOfficesAndDictionaries(program);
     }
     ~TwoSeats() override { std::remove(path.c_str()); }
@@ -27,7 +28,7 @@ class TwoSeats : public testing::Test {
     /// Registers leads one after the other, each with a number that it draws.
     Seat registers(const std::string& seat) const {
         return [seat, this] {
-            return seated(file, [&](TestProgram& mine) {
+            return seated(database, [&](TestProgram& mine) {
                 auto& page = mine.app.screens.get<Frm引驻客户信息登记>().来人;
                 page.管理项目.pick("01 东塔");
                 page.采用自动编号.click();
@@ -37,7 +38,7 @@ class TwoSeats : public testing::Test {
     }
 
     const std::string path = testing::TempDir() + "two_seats_" + std::to_string(::getpid()) + ".db";
-    const std::string file = "Initial Catalog='" + path + "';Data Source='(embedded)'";
+    const std::string database = testDatabaseIn(path);
     TestProgram program;
 };
 
@@ -71,7 +72,7 @@ TEST_F(TwoSeats, OneAssignsWhileTheOtherRecords) {
         screen.管理项目.pick("01 东塔");
         for (int i = 0; i < pipelineLeads; ++i) recordVisit(screen, std::to_string(i));
     };
-    runSeats({[&] { return seated(file, assigns); }, [&] { return seated(file, records); }});
+    runSeats({[&] { return seated(database, assigns); }, [&] { return seated(database, records); }});
     EXPECT_EQ(program.rows("Select Count(*) AS SL From YZ_引驻客户分配"),
               std::vector<std::string>{std::to_string(2 * pipelineLeads)});
     EXPECT_EQ(program.rows("Select Count(*) AS SL From YZ_引驻客户信息 Where 分配日期='2011-3-5'"),

@@ -22,6 +22,7 @@
 #include "session/main_window.h"
 #include "support/test_program.h"
 #include "ui/menu.h"
+#include "wire/engine_choice.h"
 
 namespace desk {
 namespace {
@@ -59,8 +60,7 @@ class WholeRoad : public testing::Test {
         std::remove(path.c_str());
         embedded::createDatabase(path);
         program.settings.keys["DBname"] = path;
-        program.app.主连接.open("Initial Catalog='" + path + "';Data Source='(embedded)'",
-                                std::chrono::seconds(5));
+        program.app.主连接.open(testDatabaseIn(path), std::chrono::seconds(5));
         addOfficesAndDictionaries(program);
         for (const Person& person : {consultant, manager, accountant, cashier}) employ(person);
         layOutProperty();

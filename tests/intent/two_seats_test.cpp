@@ -6,15 +6,15 @@
 #include "db/embedded/embedded.h"
 #include "intent/letter.h"
 #include "support/test_program.h"
+#include "wire/engine_choice.h"
 
 namespace desk {
 namespace {
 
-/// One of several programs on the same file, with a new letter of office 01 on its screen.
+/// One of several programs on the same database, with a new letter of office 01 on its screen.
 struct Seat {
     explicit Seat(const std::string& path) {
-        program.db().open("Initial Catalog='" + path + "';Data Source='(embedded)'",
-                          std::chrono::seconds(30));
+        program.db().open(testDatabaseIn(path), std::chrono::seconds(30));
     }
     void begin() {
         program.enter();

@@ -6,17 +6,17 @@
 #include "db/embedded/embedded.h"
 #include "money/deposits.h"
 #include "support/test_program.h"
+#include "wire/engine_choice.h"
 
 namespace desk {
 namespace {
 
 using C = 收费列表;
 
-/// A cashier at one of several programs on the same file, with the letter on the screen.
+/// A cashier at one of several programs on the same database, with the letter on the screen.
 struct Seat {
     explicit Seat(const std::string& path) {
-        program.db().open("Initial Catalog='" + path + "';Data Source='(embedded)'",
-                          std::chrono::seconds(30));
+        program.db().open(testDatabaseIn(path), std::chrono::seconds(30));
     }
     void begin(const char* name) {
         program.enter();

@@ -16,5 +16,7 @@ std::string testDataSource();
 std::map<std::string, std::string, std::less<>> testCredentials();
 /// The connection string of a new, empty database, which is there as long as its connection.
 std::string emptyTestDatabase();
+/// That of the database in a file, which has been made; seats of several processes may share it.
+std::string testDatabaseIn(const std::string& path);
 
 }  // namespace desk

@@ -35,9 +35,13 @@ std::map<std::string, std::string, std::less<>> testCredentials() {
 }
 
 std::string emptyTestDatabase() {
+    return testDatabaseIn(":memory:");
+}
+
+std::string testDatabaseIn(const std::string& path) {
     auto credentials = testCredentials();
-    return fmt::format("User ID={};Password={};Initial Catalog=':memory:';Data Source='{}'",
-                       credentials["UID"], credentials["PWD"], testDataSource());
+    return fmt::format("User ID={};Password={};Initial Catalog='{}';Data Source='{}'", credentials["UID"],
+                       credentials["PWD"], path, testDataSource());
 }
 
 }  // namespace desk
