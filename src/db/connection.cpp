@@ -43,5 +43,8 @@ void Connection::commit() {
 void Connection::rollback() {
     engine().rollback();
 }
+std::vector<Difference> Connection::differencesOf(const schema::Table& table) {
+    return engine().differencesOf(table);
+}
 
 }  // namespace desk

@@ -6,8 +6,11 @@
 #include <optional>
 #include <string_view>
 #include <utility>
+#include <vector>
 
+#include "db/difference.h"
 #include "db/upgrade.h"
+#include "schema/catalogue.h"
 
 namespace desk {
 
@@ -41,6 +44,9 @@ class Connection {
     void begin();
     void commit();
     void rollback();
+
+    /// As Engine::differencesOf. Fails as execute() does.
+    std::vector<Difference> differencesOf(const schema::Table& table);
 
     bool isOpen() const { return engine_ != nullptr; }
 

@@ -2,6 +2,7 @@
 
 #include <fstream>
 
+#include "db/embedded/sqlite.h"
 #include "platform/settings.h"
 
 namespace desk {
@@ -107,6 +108,26 @@ TEST_F(Admin, PrintsTheDefinitionForBothEngines) {
         EXPECT_TRUE(outcome.tells("YZ_引驻客户信息"));
         EXPECT_TRUE(outcome.tells("报销附件"));
     }
+}
+
+TEST_F(Admin, TellsWhichColumnsOfAFileAreOfAnotherKind) {
+    ASSERT_EQ(run("create a.db").code, 0);
+    ASSERT_EQ(run("settings --folder config --file a.db").code, 0);
+    EXPECT_TRUE(run("check --folder config").tells("可以使用"));
+    {
+        const embedded::Sqlite file((folder / "a.db").string(), embedded::Sqlite::Missing::isFailure,
+                                    std::chrono::seconds(1));
+        for (const char* statement :
+             {"DROP TABLE 设置管理处",
+              "CREATE TABLE 设置管理处 (终止日期 TEXT,GYD_DH INTEGER NOT NULL,GYD_Name TEXT COLLATE "
+              "desk_zh NOT NULL,多出 TEXT NOT NULL,_row INTEGER PRIMARY KEY)"})
+            file.run(statement);
+    }
+    const Outcome told = run("check --folder config");
+    EXPECT_EQ(told.code, 1);
+    for (const char* line : {"须改正：表 设置管理处 的列 GYD_DH 是 INTEGER，应为 TEXT",
+                             "须改正：表 设置管理处 的列 多出 本程序没有这一列"})
+        EXPECT_TRUE(told.tells(line)) << told.output;
 }
 
 TEST_F(Admin, WritesSettingsThatTheProgramReads) {

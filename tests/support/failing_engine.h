@@ -37,6 +37,9 @@ class FailingEngine : public Engine {
     void begin() override;
     void commit() override;
     void rollback() override;
+    std::vector<Difference> differencesOf(const schema::Table& table) override {
+        return behind_->differencesOf(table);
+    }
 
   private:
     std::unique_ptr<Engine> behind_;

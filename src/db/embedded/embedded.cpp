@@ -6,6 +6,7 @@
 
 #include "base/failure.h"
 #include "db/embedded/bring_up.h"
+#include "db/embedded/column_check.h"
 #include "db/embedded/definition_gaps.h"
 #include "db/embedded/file_copy.h"
 #include "db/embedded/file_path.h"
@@ -52,6 +53,10 @@ class EmbeddedEngine : public Engine {
     }
     void commit() override { end("COMMIT"); }
     void rollback() override { end("ROLLBACK"); }
+
+    std::vector<Difference> differencesOf(const schema::Table& table) override {
+        return embedded::differencesOf(store_->sqlite(), table);
+    }
 
   private:
     void end(std::string_view how) {

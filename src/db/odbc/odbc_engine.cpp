@@ -4,6 +4,7 @@
 
 #include "base/failure.h"
 #include "db/forward_cursor.h"
+#include "db/odbc/column_check.h"
 #include "db/odbc/login.h"
 #include "db/odbc/server.h"
 #include "db/odbc/server_cursor.h"
@@ -56,6 +57,10 @@ class OdbcEngine : public Engine {
         server_->setInTransaction(false);
         // Some failures have undone it already.
         server_->run("If @@TranCount>0 Rollback Transaction");
+    }
+
+    std::vector<Difference> differencesOf(const schema::Table& table) override {
+        return odbc::differencesOf(*this, table);
     }
 
   private:

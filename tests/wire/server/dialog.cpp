@@ -76,6 +76,7 @@ void Dialog::answer(std::string_view batch, Tokens& out) {
 void Dialog::statement(std::string_view text, Tokens& out) {
     if (text.starts_with("CREATE ")) return define(text, out);
     if (ownWords(text, out)) return;
+    if (const auto table = tableAskedFor(text)) return describe(*table, out);
     const auto understood = tsql::understand(text);
     if (understood.givesRows())
         query(text, out);
@@ -125,6 +126,24 @@ void Dialog::define(std::string_view text, Tokens& out) {
             throw Failure{102, "'CREATE' 附近有语法错误。", 15};
     }
     out.done(std::nullopt);
+}
+
+void Dialog::describe(const std::string& table, Tokens& out) {
+    const std::vector<WireColumn> shape = {
+        {"name", WireType::text}, {"type", WireType::text}, {"bytes", WireType::integer},
+        {"", WireType::integer},  {"", WireType::integer},  {"", WireType::integer},
+        {"", WireType::integer},  {"", WireType::integer},  {"default", WireType::integer}};
+    std::vector<DescribedColumn> columns;
+    if (const auto* known = schema::table(table)) columns = describedColumns(*known);
+    describing_(table, columns);
+    out.columns(shape);
+    for (const auto& each : columns) {
+        const Value row[] = {each.name,     each.type,     each.bytes,    each.precision, each.scale,
+                             each.nullable, each.identity, each.computed, each.hasDefault};
+        out.beginRow();
+        for (std::size_t i = 0; i < shape.size(); ++i) out.value(shape[i], row[i]);
+    }
+    out.done(static_cast<long>(columns.size()));
 }
 
 void Dialog::begin(Tokens& out) {

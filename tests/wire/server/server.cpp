@@ -144,7 +144,7 @@ void Server::serve(Seat& seat) {
             const std::lock_guard lock(mutex_);
             if (const auto found = empty_.find(seat.database); found != empty_.end()) made = found->second;
         }
-        Dialog dialog(databaseNamed(seat.database), made);
+        Dialog dialog(databaseNamed(seat.database), made, behaviour().describing);
         converse(seat, dialog);
     } catch (const std::runtime_error&) {
         // The client is told nothing, and sees that the line has gone.

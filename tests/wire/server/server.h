@@ -39,6 +39,7 @@ struct Behaviour {
     std::optional<Failure> refusesLogin{};  ///< with that failure
     std::optional<std::size_t> cutAfter{};  ///< so many bytes sent on a line
     std::function<Fate(std::string_view)> fate = [](std::string_view) { return Fate::answered; };
+    Describing describing = [](std::string_view, std::vector<DescribedColumn>&) {};
     /// A failure that a batch ends with instead of being run.
     std::function<std::optional<Failure>(std::string_view)> failure = [](std::string_view) {
         return std::nullopt;
