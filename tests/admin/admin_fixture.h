@@ -29,8 +29,11 @@ class Admin : public testing::Test {
     }
     ~Admin() override { fs::remove_all(folder); }
 
-    Outcome run(const std::string& words) {
-        const std::string command = "cd '" + folder.string() + "' && '" ADMIN_PROGRAM "' " + words + " 2>&1";
+    /// `before` stands in front of the tool's name.
+    Outcome run(const std::string& words, const std::string& before = "") {
+        const std::string command = "cd '" + folder.string() +
+                                    "' && exec </dev/null && unset TENANT_DESK_PASSWORD && " + before +
+                                    " '" ADMIN_PROGRAM "' " + words + " 2>&1";
         FILE* pipe = ::popen(command.c_str(), "r");
         Outcome outcome;
         for (int byte = std::fgetc(pipe); byte != EOF; byte = std::fgetc(pipe))

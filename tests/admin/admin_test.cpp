@@ -1,5 +1,8 @@
 #include "admin_fixture.h"
 
+#include <pty.h>
+#include <unistd.h>
+
 #include <fstream>
 
 #include "db/embedded/sqlite.h"
@@ -150,6 +153,41 @@ TEST_F(Admin, WritesSettingsThatTheProgramReads) {
 
     EXPECT_EQ(run("settings --folder config --file nowhere.db").code, 1);
     EXPECT_EQ(read("Svr"), "one");
+}
+
+TEST_F(Admin, TakesAPasswordThatNobodyElseSees) {
+    const std::string words = "settings --folder config --server one --database house --user sa";
+    const IniSettings settings((folder / "config").string());
+    const auto kept = [&] { return settings.read("鸿序楼台", "DBConfig", "PWD", "?"); };
+    EXPECT_EQ(run(words, "TENANT_DESK_PASSWORD='密 码;1'").code, 0);
+    EXPECT_EQ(kept(), "密 码;1");
+    EXPECT_EQ(run(words + " --password -", "printf 'second\\r\\nline\\n' |").code, 0);
+    EXPECT_EQ(kept(), "second");
+    EXPECT_EQ(run(words).code, 0);
+    EXPECT_EQ(kept(), "");
+
+    int terminal = -1;
+    const pid_t child = ::forkpty(&terminal, nullptr, nullptr, nullptr);
+    if (child == 0) {
+        ::unsetenv("TENANT_DESK_PASSWORD");
+        const std::string folders = (folder / "config").string();
+        ::execl(ADMIN_PROGRAM, ADMIN_PROGRAM, "settings", "--folder", folders.c_str(), "--server", "one",
+                "--database", "house", "--user", "sa", nullptr);
+        ::_exit(9);
+    }
+    std::string shown;
+    bool answered = false;
+    for (char c = 0; ::read(terminal, &c, 1) == 1;) {
+        shown += c;
+        if (answered || !shown.ends_with("用户 sa 的密码：")) continue;
+        answered = ::write(terminal, "third\n", 6) == 6;
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    ::close(terminal);
+    EXPECT_EQ(WEXITSTATUS(status), 0) << shown;
+    EXPECT_EQ(kept(), "third");
+    EXPECT_EQ(shown.find("third"), std::string::npos) << shown;
 }
 
 }  // namespace

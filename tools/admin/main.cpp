@@ -35,15 +35,19 @@ constexpr const char* help = R"(用法：tenant-desk-admin 命令 [参数]
   backup FILE TO          把数据库复制到新文件 TO；各工作站可以照常使用
   settings                显示程序当前使用的数据库
   settings --file FILE    让程序使用内置数据库 FILE
-  settings --server NAME --database NAME [--user 名] [--password 密码]
+  settings --server NAME --database NAME [--user 名]
                           让程序使用数据库服务器
       --edition 版本      服务器版本的备注（缺省 2000）
       --folder DIR        设置文件所在的目录（缺省为用户的配置目录）
-  check [--folder DIR]    检查设置：能否连接、登录，数据表和列是否齐全
+  check [--folder DIR]    检查设置：能否连接、登录，数据表和列是否齐全，列的类型是否合用
 
 create、sample、run 和 logins 也可用于服务器上的数据库，以下列选项代替 FILE
 （create 和 sample 在已有的空数据库中建立全部数据表）：
-      --server NAME --database NAME [--user 名] [--password 密码]
+      --server NAME --database NAME [--user 名]
+
+服务器用户的密码取自环境变量 TENANT_DESK_PASSWORD；没有设置时在终端上询问，输入不显示。
+      --password -        密码是标准输入的第一行
+      --password 密码     不建议：本机的其他用户在进程列表中看得到它
 
 返回码：0 成功；1 操作失败；2 命令行有误。
 )";

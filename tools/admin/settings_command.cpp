@@ -6,6 +6,7 @@
 
 #include "admin/arguments.h"
 #include "admin/database_commands.h"
+#include "admin/password.h"
 #include "db/embedded/embedded.h"
 #include "platform/settings.h"
 
@@ -54,7 +55,7 @@ void settings(const std::vector<std::string>& words) {
         store.write(application, section, "Svr", server);
         store.write(application, section, "DBname", database);
         store.write(application, section, "UID", arguments.option("user", ""));
-        store.write(application, section, "PWD", arguments.option("password", ""));
+        store.write(application, section, "PWD", passwordOf(arguments));
         store.write(application, section, "Edition", arguments.option("edition", "2000"));
     }
     print(store, folder);

@@ -6,6 +6,7 @@
 #include <chrono>
 
 #include "admin/database_commands.h"
+#include "admin/password.h"
 
 namespace desk::admin {
 
@@ -56,7 +57,7 @@ Connection Target::open() const {
     connection.open(
         fmt::format("Data Source={};Initial Catalog={};User ID={};Password={}",
                     quoted(arguments_.option("server", "")), quoted(arguments_.option("database", "")),
-                    quoted(arguments_.option("user", "")), quoted(arguments_.option("password", ""))),
+                    quoted(arguments_.option("user", "")), quoted(passwordOf(arguments_))),
         timeout);
     return connection;
 }
