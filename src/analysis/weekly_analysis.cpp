@@ -37,6 +37,7 @@ class Switched {
       app_(app),
       differences_(differences) {
     统计结果.setFormat(differences.视图.front().表头);
+    alignNumbers(0);
     统计结果.hint = "请选择区域、时段和项目，然后统计";
     for (DatePicker* day : {&开始日期, &结束日期}) day->setValue(app.platform.clock.today());
     for (const 统计视图& view : differences.视图) 统计项目.add(nullptr, view.键, view.名称);
@@ -116,7 +117,13 @@ void 每周统计分析::show(const 统计视图& view, const std::vector<统计
     float 合计 = 0;
     for (const 统计项& item : items) 合计 += item.数量;
     for (const 统计项& item : items)
-        统计结果.addRow({std::to_string(统计结果.rows()), item.名称, item.数量文本, 占比例(item.数量, 合计)});
+        alignNumbers(统计结果.addRow(
+            {std::to_string(统计结果.rows()), item.名称, item.数量文本, 占比例(item.数量, 合计)}));
+}
+
+/// The columns keep the general alignment, which the export goes by.
+void 每周统计分析::alignNumbers(int row) {
+    for (const int column : {数量列, 比例列}) 统计结果.setCellAlignment(row, column, Align::right);
 }
 
 void 每周统计分析::addTitles(const 统计视图& view) {
@@ -127,6 +134,7 @@ void 每周统计分析::addTitles(const 统计视图& view) {
         统计结果.setCellColour(row, column, titleColour);
         统计结果.setCellBold(row, column, true);
     }
+    alignNumbers(row);
 }
 
 /// A table that still grows does not go out.

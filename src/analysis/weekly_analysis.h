@@ -44,6 +44,7 @@ class 每周统计分析 : public Screen {
     void reset();
     void show(const 统计视图& view, const std::vector<统计项>& items);
     void addTitles(const 统计视图& view);
+    void alignNumbers(int row);
     void hand();
 
     Application& app_;

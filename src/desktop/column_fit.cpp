@@ -70,13 +70,14 @@ class ColumnFit : public QObject {
         for (int row = 0; row < std::min(grid_.rows(), looked); ++row) {
             const std::string& cell = grid_.text(row, column);
             wish.needed = std::max(wish.needed, font.horizontalAdvance(text(cell)) + margins);
-            if (row >= grid_.fixedRows() && isProse(cell) && isLeft(column)) wish.takesSpare = true;
+            if (row >= grid_.fixedRows() && isProse(cell) &&
+                isLeft(column, grid_.cellAlignment(row, column).value_or(grid_.alignment(column))))
+                wish.takesSpare = true;
         }
         return wish;
     }
 
-    bool isLeft(int column) const {
-        const Align align = grid_.alignment(column);
+    bool isLeft(int column, Align align) const {
         // A fixed column holds numbers and marks.
         return column >= grid_.fixedColumns() && (align == Align::left || align == Align::general);
     }
@@ -88,7 +89,7 @@ class ColumnFit : public QObject {
         constexpr int wide = 100;
         for (int column = 0; column < grid_.columns(); ++column) {
             auto& wish = wishes[static_cast<std::size_t>(column)];
-            wish.takesSpare = isLeft(column) && wish.width >= wide;
+            wish.takesSpare = isLeft(column, grid_.alignment(column)) && wish.width >= wide;
         }
     }
 

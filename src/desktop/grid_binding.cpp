@@ -114,7 +114,10 @@ QVariant GridModel::header(int section, int role) const {
     if (section < 0 || section >= grid_->columns()) return {};
     if (role == Qt::DisplayRole && grid_->rows() > 0 && grid_->fixedRows() > 0)
         return onOneLine(grid_->text(0, section));
-    if (role == Qt::TextAlignmentRole) return QVariant(alignmentOf(grid_->fixedAlignment(section)));
+    if (role == Qt::TextAlignmentRole) {
+        const auto own = grid_->rows() > 0 ? grid_->cellAlignment(0, section) : std::nullopt;
+        return QVariant(alignmentOf(own.value_or(grid_->fixedAlignment(section))));
+    }
     return {};
 }
 

@@ -143,7 +143,7 @@ TEST_F(WeeklyByHand, ThePanelGivesItsRoomToTheTableAndComesBack) {
     EXPECT_NEAR(share(), before, 1);
 }
 
-TEST_F(WeeklyByHand, TitleRowsAreBoldAndColouredAndWideEnough) {
+TEST_F(WeeklyByHand, TitleRowsAreBoldAndColouredAndNumbersStandRightBelowTheirTitles) {
     screen.选择区域.pick("01 东塔");
     screen.全部.click();
     person.click(screen.统计);
@@ -157,11 +157,21 @@ TEST_F(WeeklyByHand, TitleRowsAreBoldAndColouredAndWideEnough) {
             const QVariant back = cell.data(Qt::BackgroundRole);
             EXPECT_EQ(bold, back.value<QColor>() == QColor(201, 167, 167)) << row << "," << column;
             titles += bold ? 1 : 0;
+            for (const QVariant& alignment :
+                 {cell.data(Qt::TextAlignmentRole),
+                  model->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole)})
+                EXPECT_EQ((alignment.toInt() & Qt::AlignRight) != 0, column > 1) << row << "," << column;
             QFont font = view.font();
             font.setBold(bold);
             EXPECT_LE(QFontMetrics(font).horizontalAdvance(cell.data().toString()), view.columnWidth(column));
         }
     EXPECT_EQ(titles, 7 * 4);
+    // Spare width goes to the names alone.
+    const int numbers = view.columnWidth(2) + view.columnWidth(3);
+    const int before = view.columnWidth(1);
+    person.window().resize(person.window().width() + 600, person.window().height());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.columnWidth(1) > before; }));
+    EXPECT_EQ(view.columnWidth(2) + view.columnWidth(3), numbers);
 }
 
 /// Both screens in the program's own windows.
