@@ -22,10 +22,6 @@ void Screens::offer(std::string name, Maker maker) {
     makers_[std::move(name)] = std::move(maker);
 }
 
-bool Screens::offers(std::string_view name) const {
-    return makers_.find(name) != makers_.end();
-}
-
 Screen& Screens::get(std::string_view name) {
     if (Screen* screen = loaded(name)) return *screen;
     const auto maker = makers_.find(name);

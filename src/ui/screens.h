@@ -32,8 +32,6 @@ class Screens {
     void offer(Owner& owner) {
         offer(S::screenName, [&owner] { return std::make_unique<S>(owner); });
     }
-    /// Whether a screen of that name can be had.
-    bool offers(std::string_view name) const;
 
     /// The screen of that name, made and loaded now if it does not exist. Fails with 424 if nobody offers it.
     /// A screen whose load fails is gone; one that unloads itself while it loads is given, but is not there.
