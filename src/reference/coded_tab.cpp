@@ -67,9 +67,8 @@ void CodedTab::showEntry() {
     代号.setText(列表.text(列表.row(), 1));
     名称.setText(列表.text(列表.row(), 2));
     说明.setText(列表.text(列表.row(), 3));
+    // The keyboard stays in the list, where it goes from row to row and copies.
     status_.showChanging(kind.title);
-    名称.selectAll();
-    名称.focus();
 }
 
 void CodedTab::save() {
