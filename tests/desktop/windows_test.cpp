@@ -257,6 +257,16 @@ TEST_F(Windows, AGridIsPaintedAndAskedInTheMidstOfAChange) {
     EXPECT_EQ(grid.columns(), 6);
 }
 
+TEST_F(Windows, AChildBesideAMaximisedOneHasTheSizeOfItsScreen) {
+    open("sheet");
+    child("sheet")->showMaximized();
+    const Sheet& other = open("other");
+    EXPECT_FALSE(child("other")->isMaximized());
+    EXPECT_EQ(child("other")->widget()->width(), pixels(other.width()));
+    open("sheet");
+    EXPECT_TRUE(child("sheet")->isMaximized());
+}
+
 TEST_F(Windows, AChildThatComesBackHasTheFocusWhereItWas) {
     for (const char* size : {"", "large"}) {
         SCOPED_TRACE(size);
