@@ -340,8 +340,12 @@ TEST_F(Deposits, ARowWithHalfOfWhatItNeedsIsNotTakenForTheBlankOne) {
     type(C::金额, "");
     type(C::收费项目, "手写");
     EXPECT_FALSE(screen().单元格编辑.numeric());
+    screen().收费项目.button.click();
     press();
     EXPECT_EQ(program.desktop.takeMessage(), "第1行数据不完整，请核对");
+    // What lay over the row does not cover the editor.
+    EXPECT_FALSE(screen().收费项目.panel.isOpen());
+    EXPECT_TRUE(screen().单元格编辑.visible());
 }
 
 TEST_F(Deposits, ASavedLineNeedsNoTicketAndKeepsItsCode) {
@@ -417,7 +421,11 @@ TEST_F(Deposits, AVoucherStartsAfreshAndIsShownAsItWasMade) {
 TEST_F(Deposits, AnotherLetterStartsWithLinesThatKnowNothingOfTheOne) {
     fill("8", 1);
     tick({1});
+    screen().收费.click(2, C::收费项目);
+    screen().收费项目.button.click();
     click("YM2");
+    EXPECT_FALSE(screen().收费项目.panel.isOpen() || screen().收费项目.button.visible());
+    EXPECT_FALSE(screen().单元格编辑.visible());
     EXPECT_EQ(screen().收费.行收费项目代号[1], "");
     EXPECT_FALSE(screen().收费.行打印标记[1] || screen().收费.行税控标记[1]);
     screen().收费.click(1, C::票据簿编号);

@@ -181,6 +181,12 @@ TEST_P(TaxNumber, ThatCannotBeUsedEndsTheRun) {
     desk.number = with.number;
     if (!with.login) desk.isRunning();
     auto& screen = desk.open();
+    // The tax program is in front, and would hide the box.
+    desk.desktop.inFront = "";
+    std::string atTheBox;
+    desk.meanwhile = [&](const std::string& what) {
+        if (what == "box") atTheBox = desk.desktop.inFront;
+    };
     with.refund ? screen.税控退票处理() : screen.打印发票.click();
     Journal expected =
         with.login ? Journal({"mouse 0 0 0", "mouse 0 90 0", "mouse 0 0 0", "waits", "waits",
@@ -190,6 +196,7 @@ TEST_P(TaxNumber, ThatCannotBeUsedEndsTheRun) {
     journal.erase(journal.begin(), journal.begin() + (with.login ? 11 : 5));
     EXPECT_EQ(journal, expected);
     EXPECT_EQ(told(), Journal({*with.number == '\0' ? unreadable : unknown}));
+    EXPECT_EQ(atTheBox, screen.name());
     EXPECT_EQ(buttonsOf(screen), with.buttons);
     EXPECT_TRUE(screen.出现错误.visible());
     EXPECT_EQ(screen.样张.空白票据.tag, with.number);

@@ -52,6 +52,7 @@ void ScriptedDesktop::showModally(Screen& screen) {
 }
 
 void ScriptedDesktop::bringToFront(Screen& screen) {
+    inFront = screen.name();
     if (screens != nullptr) screens->activated(screen);
 }
 

@@ -41,6 +41,7 @@ class ScriptedDesktop : public Desktop {
     std::vector<FileQuestion> fileQuestions;  ///< all files asked for
     std::vector<std::string> shown;           ///< names of screens shown, in order
     std::vector<std::string> closed;          ///< names of windows taken away
+    std::string inFront;                      ///< the name of what was brought to the front last
     int busyDepth = 0;
     bool showsProgress = false;
     Screens* screens = nullptr;
