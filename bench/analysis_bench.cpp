@@ -1,12 +1,8 @@
 #include <benchmark/benchmark.h>
 
 #include "analysis/status_analysis.h"
-#include "db/embedded/sqlite.h"
-#include "db/embedded/statistics.h"
+#include "both_databases.h"
 #include "db/embedded/translation.h"
-#include "db/statement.h"
-#include "schema/definition.h"
-#include "support/test_program.h"
 #include "ui/pie_chart.h"
 
 namespace {
@@ -18,26 +14,17 @@ constexpr int entriesEach = 5;
 
 /// A desktop that keeps the statement apart: 100,000 leads with five diary rows each, here and behind SQLite
 /// alone.
-struct Property {
+struct Property : BothDatabases {
     Property() {
-        program.openDatabase();
         program.enter();
         program.app.screens.offer(Frm客户跟进状态分析::screenName,
                                   [this] { return std::make_unique<Frm客户跟进状态分析>(program.app); });
-        bare.run("BEGIN");
-        for (const auto& statement : schema::definition(schema::Dialect::sqlite)) bare.run(statement);
-        program.db().begin();
-        for (int state = 1; state <= 10; ++state)
-            insert(sql("Insert Into YZ_跟进状态设置 (状态编号,状态名称,颜色表示) Values ('{}','状态',{})",
-                       state, state * 1000000));
-        for (int lead = 0; lead < leadCount; ++lead) addLead(lead);
-        program.db().commit();
-        bare.run("COMMIT");
-        embedded::Statistics(bare).refresh();
-    }
-    void insert(const std::string& statement) {
-        program.db().execute(statement);
-        bare.run(embedded::translate(statement, Rows::forwardOnly).sql);
+        fill([this] {
+            for (int state = 1; state <= 10; ++state)
+                insert(sql("Insert Into YZ_跟进状态设置 (状态编号,状态名称,颜色表示) Values ('{}','状态',{})",
+                           state, state * 1000000));
+            for (int lead = 0; lead < leadCount; ++lead) addLead(lead);
+        });
     }
     void addLead(int lead) {
         insert(
@@ -50,9 +37,6 @@ struct Property {
                     "Values ('01','2011-{}','2011-4-{}','E01','{}')",
                     lead, entry * 3 + lead % 3 + 1, (lead + entry) % 10 + 1));
     }
-
-    TestProgram program;
-    embedded::Sqlite bare{":memory:", embedded::Sqlite::Missing::isCreated, std::chrono::seconds(1)};
 };
 
 Property& property() {

@@ -4,14 +4,9 @@
 #include <QTableView>
 
 #include "analysis/classification.h"
-#include "db/embedded/sqlite.h"
-#include "db/embedded/statistics.h"
-#include "db/embedded/translation.h"
-#include "db/statement.h"
+#include "both_databases.h"
 #include "desktop/screen_list.h"
 #include "desktop/text_widths.h"
-#include "schema/definition.h"
-#include "support/test_program.h"
 
 namespace {
 
@@ -20,31 +15,21 @@ using namespace desk;
 constexpr int leadCount = 50000;
 
 /// Teams of so many leads each; here and behind SQLite alone.
-struct Property {
+struct Property : BothDatabases {
     Property() {
-        program.openDatabase();
         addOfficesAndDictionaries(program);
         desktop::offerScreens(program.app);
-        for (const auto& statement : schema::definition(schema::Dialect::sqlite)) bare.run(statement);
-        program.db().begin();
-        bare.run("BEGIN");
-        for (int team = 1; team <= 20; ++team) {
-            insert(sql("Insert Into YZ_组表 (组代号,组名称) Values ('{}','招商{}组')", team, team));
-            insert(sql("Insert Into YZ_组对应管理项目设置 (组代号,管理处代号) Values ('{}','01')", team));
-        }
-        for (int lead = 0; lead < leadCount; ++lead) addLead(lead);
-        program.db().commit();
-        bare.run("COMMIT");
-        embedded::Statistics(bare).refresh();
+        fill([this] {
+            for (int team = 1; team <= 20; ++team) {
+                insert(sql("Insert Into YZ_组表 (组代号,组名称) Values ('{}','招商{}组')", team, team));
+                insert(sql("Insert Into YZ_组对应管理项目设置 (组代号,管理处代号) Values ('{}','01')", team));
+            }
+            for (int lead = 0; lead < leadCount; ++lead) addLead(lead);
+        });
         program.enter();
         program.desktop.measure = [this, font = QApplication::font()](std::string_view text) {
             return widths.of(font, text);
         };
-    }
-
-    void insert(const std::string& statement) {
-        program.db().execute(statement);
-        bare.run(embedded::translate(statement, Rows::forwardOnly).sql);
     }
 
     void addLead(int lead) {
@@ -58,9 +43,7 @@ struct Property {
                    100000 + lead, lead / 7 % 20 + 1));
     }
 
-    TestProgram program;
     desktop::TextWidths widths;
-    embedded::Sqlite bare{":memory:", embedded::Sqlite::Missing::isCreated, std::chrono::seconds(1)};
 };
 
 Property& property() {
@@ -82,15 +65,7 @@ void checkRows(benchmark::State& state, const Grid& grid) {
 }
 
 void stepTheSameStatement(benchmark::State& state) {
-    const auto translation = embedded::translate(marked().统计语句(), Rows::forwardOnly);
-    const int columns = static_cast<int>(translation.columns.size());
-    for (auto _ : state) {
-        std::size_t bytes = 0;
-        auto rows = property().bare.prepare(translation.sql);
-        while (rows.step())
-            for (int column = 0; column < columns; ++column) bytes += rows.text(column).size();
-        benchmark::DoNotOptimize(bytes);
-    }
+    property().readAll(state, marked().统计语句());
 }
 
 /// Read, merged and fitted, without a window.

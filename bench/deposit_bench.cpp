@@ -1,12 +1,8 @@
 #include <benchmark/benchmark.h>
 
-#include "db/embedded/sqlite.h"
-#include "db/embedded/statistics.h"
+#include "both_databases.h"
 #include "db/embedded/translation.h"
-#include "db/statement.h"
 #include "money/deposits.h"
-#include "schema/definition.h"
-#include "support/test_program.h"
 
 namespace {
 
@@ -17,39 +13,32 @@ constexpr int ticketCount = 5000;
 
 /// The deposits' screen over one office of 20,000 letters and a book of 5,000 blank tickets among used ones,
 /// and the same rows behind SQLite alone.
-struct Cashier {
+struct Cashier : BothDatabases {
     Cashier() {
-        program.openDatabase();
-        bare.run("BEGIN");
-        for (const auto& statement : schema::definition(schema::Dialect::sqlite)) bare.run(statement);
-        program.db().begin();
-        add("Insert Into 设置管理处 (GYD_DH,GYD_Name) Values ('01','东塔')");
-        add("Insert Into 职能部门对应管理项目设置 (职能部门编号,管理处代号) Values ('01','01')");
-        add("Insert Into 票据类型 (票据类型代号,票据类型,定额) Values ('2','收据',0)");
-        add("Insert Into 票据入库单 (入库单编号,票据类型编号) Values ('RK0001','2')");
-        add("Insert Into 票据领用记录 (票据领用记录编号,领用部门代号) Values ('L1','01')");
-        add("Insert Into 票据领用清单 (领用记录编号,入库单编号) Values ('L1','RK0001')");
-        for (int i = 1; i <= letterCount; ++i)
-            add(sql(
-                "Insert Into YZ_意向书信息 (管理处代号,意向书编号,流水号,承租方,租赁单元,流转通过) Values "
-                "('01','YX2011-{}',{},'盛远国际贸易有限公司{}','[A座]{}',1)",
-                100000 + i, i, i, i));
-        for (int i = 1; i <= ticketCount; ++i) {
-            add(sql("Insert Into 票据 (入库单编号,票据编号) Values ('RK0001','{}')", 30000000 + i));
-            add(sql("Insert Into 票据 (入库单编号,票据编号,开票日期) Values ('RK0001','{}','2011-1-1')",
-                    20000000 + i));
-        }
-        program.db().commit();
-        bare.run("COMMIT");
-        embedded::Statistics(bare).refresh();
+        fill([this] {
+            insert("Insert Into 设置管理处 (GYD_DH,GYD_Name) Values ('01','东塔')");
+            insert("Insert Into 职能部门对应管理项目设置 (职能部门编号,管理处代号) Values ('01','01')");
+            insert("Insert Into 票据类型 (票据类型代号,票据类型,定额) Values ('2','收据',0)");
+            insert("Insert Into 票据入库单 (入库单编号,票据类型编号) Values ('RK0001','2')");
+            insert("Insert Into 票据领用记录 (票据领用记录编号,领用部门代号) Values ('L1','01')");
+            insert("Insert Into 票据领用清单 (领用记录编号,入库单编号) Values ('L1','RK0001')");
+            for (int i = 1; i <= letterCount; ++i)
+                insert(
+                    sql("Insert Into YZ_意向书信息 (管理处代号,意向书编号,流水号,承租方,租赁单元,流转通过) "
+                        "Values "
+                        "('01','YX2011-{}',{},'盛远国际贸易有限公司{}','[A座]{}',1)",
+                        100000 + i, i, i, i));
+            for (int i = 1; i <= ticketCount; ++i) {
+                insert(sql("Insert Into 票据 (入库单编号,票据编号) Values ('RK0001','{}')", 30000000 + i));
+                insert(
+                    sql("Insert Into 票据 (入库单编号,票据编号,开票日期) Values ('RK0001','{}','2011-1-1')",
+                        20000000 + i));
+            }
+        });
         program.enter();
         program.app.screens.offer<Frm意向金收取>(program.app);
     }
 
-    void add(const std::string& statement) {
-        program.db().execute(statement);
-        bare.run(embedded::translate(statement, Rows::forwardOnly).sql);
-    }
     Frm意向金收取& screen() { return program.app.screens.get<Frm意向金收取>(); }
 
     /// Reads those columns of all rows of a statement, and nothing else.
@@ -65,9 +54,6 @@ struct Cashier {
             for (const int column : read) benchmark::DoNotOptimize(sqlite3_column_text(prepared, column));
         sqlite3_finalize(prepared);
     }
-
-    TestProgram program;
-    embedded::Sqlite bare{":memory:", embedded::Sqlite::Missing::isCreated, std::chrono::seconds(1)};
 };
 
 Cashier& cashier() {

@@ -1,12 +1,8 @@
 #include <benchmark/benchmark.h>
 
-#include "db/embedded/sqlite.h"
-#include "db/embedded/statistics.h"
+#include "both_databases.h"
 #include "db/embedded/translation.h"
-#include "db/statement.h"
 #include "intent/letter.h"
-#include "schema/definition.h"
-#include "support/test_program.h"
 
 namespace {
 
@@ -23,26 +19,15 @@ std::string letterStatement(int serial) {
 }
 
 /// The screen over one office of 20,000 letters, and the same rows behind SQLite alone.
-struct Office {
+struct Office : BothDatabases {
     Office() {
-        program.openDatabase();
         addOfficesAndDictionaries(program);
         program.app.screens.offer<Frm意向书信息>(program.app);
         program.enter();
-        bare.run("BEGIN");
-        for (const auto& statement : schema::definition(schema::Dialect::sqlite)) bare.run(statement);
-        program.db().begin();
-        for (int i = 1; i <= letterCount; ++i) {
-            program.db().execute(letterStatement(i));
-            bare.run(embedded::translate(letterStatement(i), Rows::forwardOnly).sql);
-        }
-        program.db().commit();
-        bare.run("COMMIT");
-        embedded::Statistics(bare).refresh();
+        fill([this] {
+            for (int i = 1; i <= letterCount; ++i) insert(letterStatement(i));
+        });
     }
-
-    TestProgram program;
-    embedded::Sqlite bare{":memory:", embedded::Sqlite::Missing::isCreated, std::chrono::seconds(1)};
 };
 
 Office& office() {

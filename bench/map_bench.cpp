@@ -5,14 +5,9 @@
 #include <QScrollBar>
 #include <QTableView>
 
-#include "db/embedded/sqlite.h"
-#include "db/embedded/statistics.h"
-#include "db/embedded/translation.h"
-#include "db/statement.h"
+#include "both_databases.h"
 #include "desktop/screen_list.h"
 #include "intent/unit_map.h"
-#include "schema/definition.h"
-#include "support/test_program.h"
 
 namespace {
 
@@ -21,32 +16,22 @@ using namespace desk;
 constexpr int unitsASection = 80;
 
 /// An office of so many units, more than half of them let; here and behind SQLite alone.
-struct Office {
+struct Office : BothDatabases {
     explicit Office(int units) {
-        program.openDatabase();
         addOfficesAndDictionaries(program);
         desktop::offerScreens(program.app);
-        for (const auto& statement : schema::definition(schema::Dialect::sqlite)) bare.run(statement);
-        program.db().begin();
-        bare.run("BEGIN");
-        for (int section = 0; section * unitsASection < units; ++section) {
-            L_IDs.push_back(std::to_string(section));
-            insert(
-                sql("Insert Into 楼表 (L_ID,楼编号,地址1,字1,管理处,开始日期) Values "
-                    "({},'{}','序园科技广场','{}号楼','01','2001-1-1')",
-                    section, section, section));
-            insert(sql("Insert Into 楼域范围设置 (工号,L_ID) Values ('E01',{})", section));
-        }
-        for (int unit = 0; unit < units; ++unit) addUnit(unit);
-        program.db().commit();
-        bare.run("COMMIT");
-        embedded::Statistics(bare).refresh();
+        fill([this, units] {
+            for (int section = 0; section * unitsASection < units; ++section) {
+                L_IDs.push_back(std::to_string(section));
+                insert(
+                    sql("Insert Into 楼表 (L_ID,楼编号,地址1,字1,管理处,开始日期) Values "
+                        "({},'{}','序园科技广场','{}号楼','01','2001-1-1')",
+                        section, section, section));
+                insert(sql("Insert Into 楼域范围设置 (工号,L_ID) Values ('E01',{})", section));
+            }
+            for (int unit = 0; unit < units; ++unit) addUnit(unit);
+        });
         program.enter();
-    }
-
-    void insert(const std::string& statement) {
-        program.db().execute(statement);
-        bare.run(embedded::translate(statement, Rows::forwardOnly).sql);
     }
 
     void addUnit(int unit) {
@@ -62,8 +47,6 @@ struct Office {
                    ++contracts));
     }
 
-    TestProgram program;
-    embedded::Sqlite bare{":memory:", embedded::Sqlite::Missing::isCreated, std::chrono::seconds(1)};
     std::vector<std::string> L_IDs;
     int contracts = 0;
 };
@@ -85,16 +68,7 @@ void draw(benchmark::State& state) {
 
 void stepTheSameStatement(benchmark::State& state) {
     auto& present = office(static_cast<int>(state.range(0)));
-    const auto translation =
-        embedded::translate(房源语句("01", present.L_IDs, present.program.clock.today()), Rows::forwardOnly);
-    const int columns = static_cast<int>(translation.columns.size());
-    for (auto _ : state) {
-        std::size_t bytes = 0;
-        auto rows = present.bare.prepare(translation.sql);
-        while (rows.step())
-            for (int column = 0; column < columns; ++column) bytes += rows.text(column).size();
-        benchmark::DoNotOptimize(bytes);
-    }
+    present.readAll(state, 房源语句("01", present.L_IDs, present.program.clock.today()));
 }
 
 /// From the screen's making to its first paint, its office chosen.

@@ -1,14 +1,10 @@
 #include <benchmark/benchmark.h>
 
 #include "analysis/status_analysis.h"
+#include "both_databases.h"
 #include "customers/assignment.h"
 #include "customers/follow_up.h"
-#include "db/embedded/sqlite.h"
-#include "db/embedded/statistics.h"
 #include "db/embedded/translation.h"
-#include "db/statement.h"
-#include "schema/definition.h"
-#include "support/test_program.h"
 
 namespace {
 
@@ -21,35 +17,25 @@ constexpr int states = 10;
 
 /// An office of 100,000 leads, 16,000 of them of the person at the desk, with a diary each; here and, row for
 /// row the same, behind SQLite alone.
-struct Office {
+struct Office : BothDatabases {
     Office() {
-        program.openDatabase();
         offer<Frm客户跟进信息分配>();
         offer<Frm客户跟进记录>();
         offer<Frm客户跟进状态分析>();
-        for (const auto& statement : schema::definition(schema::Dialect::sqlite)) bare.run(statement);
-        program.db().begin();
-        bare.run("BEGIN");
-        insert("Insert Into 设置管理处 (GYD_DH,GYD_Name) Values ('01','东塔')");
-        insert("Insert Into 职能部门对应管理项目设置 (职能部门编号,管理处代号) Values ('01','01')");
-        for (int state = 1; state <= states; ++state)
-            insert(sql("Insert Into YZ_跟进状态设置 (状态编号,状态名称,颜色表示) Values ('{}','状态',{})",
-                       state, state * 1000000));
-        for (int lead = 0; lead < leadCount; ++lead) addLead(lead);
-        program.db().commit();
-        bare.run("COMMIT");
-        embedded::Statistics(bare).refresh();
+        fill([this] {
+            insert("Insert Into 设置管理处 (GYD_DH,GYD_Name) Values ('01','东塔')");
+            insert("Insert Into 职能部门对应管理项目设置 (职能部门编号,管理处代号) Values ('01','01')");
+            for (int state = 1; state <= states; ++state)
+                insert(sql("Insert Into YZ_跟进状态设置 (状态编号,状态名称,颜色表示) Values ('{}','状态',{})",
+                           state, state * 1000000));
+            for (int lead = 0; lead < leadCount; ++lead) addLead(lead);
+        });
         program.enter();
     }
 
     template <class S>
     void offer() {
         program.app.screens.offer(S::screenName, [this] { return std::make_unique<S>(program.app); });
-    }
-
-    void insert(const std::string& statement) {
-        program.db().execute(statement);
-        bare.run(embedded::translate(statement, Rows::forwardOnly).sql);
     }
 
     void addLead(int lead) {
@@ -69,9 +55,6 @@ struct Office {
                 "跟进状态编号) Values ('01','2011-{}','2012-{}-{}','E01','电话联系，客户表示再考虑','{}')",
                 no, entry * 3 + lead % 3 + 1, lead % 28 + 1, (lead / 2 + entry) % states + 1));
     }
-
-    TestProgram program;
-    embedded::Sqlite bare{":memory:", embedded::Sqlite::Missing::isCreated, std::chrono::seconds(1)};
 };
 
 Office& office() {

@@ -1,15 +1,11 @@
 #include <benchmark/benchmark.h>
 
-#include "db/embedded/sqlite.h"
-#include "db/embedded/statistics.h"
+#include "both_databases.h"
 #include "db/embedded/translation.h"
-#include "db/statement.h"
 #include "reference/agencies.h"
 #include "reference/customer_dictionaries.h"
 #include "reference/lead_settings.h"
 #include "reference/personnel.h"
-#include "schema/definition.h"
-#include "support/test_program.h"
 
 namespace {
 
@@ -19,20 +15,15 @@ constexpr int entries = 20000;
 constexpr int departmentCount = 3000;
 
 /// A company with 20,000 rows in every table that the setup screens list, and the same behind SQLite alone.
-struct Company {
+struct Company : BothDatabases {
     Company() {
-        program.openDatabase();
         program.enter();
-        bare.run("BEGIN");
-        for (const auto& statement : schema::definition(schema::Dialect::sqlite)) bare.run(statement);
-        program.db().begin();
-        insert("Insert Into 设置管理处 (GYD_DH,GYD_Name) Values ('01','东塔')");
-        insert("Insert Into 职能部门对应管理项目设置 (职能部门编号,管理处代号) Values ('01','01')");
-        for (int i = 0; i < entries; ++i) addEntries(i);
-        for (int i = 0; i < departmentCount; ++i) addDepartment(i);
-        program.db().commit();
-        bare.run("COMMIT");
-        embedded::Statistics(bare).refresh();
+        fill([this] {
+            insert("Insert Into 设置管理处 (GYD_DH,GYD_Name) Values ('01','东塔')");
+            insert("Insert Into 职能部门对应管理项目设置 (职能部门编号,管理处代号) Values ('01','01')");
+            for (int i = 0; i < entries; ++i) addEntries(i);
+            for (int i = 0; i < departmentCount; ++i) addDepartment(i);
+        });
         auto& screens = program.app.screens;
         screens.offer(Frm人员设置::screenName, [this] { return std::make_unique<Frm人员设置>(program.app); });
         screens.offer(Frm中介公司设置::screenName,
@@ -42,10 +33,6 @@ struct Company {
         screens.offer(Frm引驻设置::screenName, [this] { return std::make_unique<Frm引驻设置>(program.app); });
     }
 
-    void insert(const std::string& statement) {
-        program.db().execute(statement);
-        bare.run(embedded::translate(statement, Rows::forwardOnly).sql);
-    }
     void addEntries(int i) {
         insert(sql("Insert Into YZ_区域设置 (区域名称,说明) Values ('区域{}','说明')", i));
         insert(sql("Insert Into YZ_媒体设置 (媒体名称,说明) Values ('媒体{}','说明')", i));
@@ -67,9 +54,6 @@ struct Company {
         insert(sql(
             "Insert Into 上级部门new (职能部门编号,上级部门编号,起始日期) Values ('{}','0','2009-1-1')", i));
     }
-
-    TestProgram program;
-    embedded::Sqlite bare{":memory:", embedded::Sqlite::Missing::isCreated, std::chrono::seconds(1)};
 };
 
 Company& company() {

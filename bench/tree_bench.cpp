@@ -1,13 +1,9 @@
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
+#include "both_databases.h"
 #include "customers/registration.h"
-#include "db/embedded/sqlite.h"
-#include "db/embedded/statistics.h"
 #include "db/embedded/translation.h"
-#include "db/statement.h"
-#include "schema/definition.h"
-#include "support/test_program.h"
 
 namespace {
 
@@ -24,27 +20,16 @@ std::string leadStatement(int serial) {
 }
 
 /// The registration screen over one office of 100,000 walk-ins, and the same rows behind SQLite alone.
-struct Office {
+struct Office : BothDatabases {
     Office() {
-        program.openDatabase();
         addOfficesAndDictionaries(program);
         program.app.screens.offer(Frm引驻客户信息登记::screenName,
                                   [this] { return std::make_unique<Frm引驻客户信息登记>(program.app); });
         program.enter();
-        bare.run("BEGIN");
-        for (const auto& statement : schema::definition(schema::Dialect::sqlite)) bare.run(statement);
-        program.db().begin();
-        for (int i = 1; i <= leadCount; ++i) {
-            program.db().execute(leadStatement(i));
-            bare.run(embedded::translate(leadStatement(i), Rows::forwardOnly).sql);
-        }
-        program.db().commit();
-        bare.run("COMMIT");
-        embedded::Statistics(bare).refresh();
+        fill([this] {
+            for (int i = 1; i <= leadCount; ++i) insert(leadStatement(i));
+        });
     }
-
-    TestProgram program;
-    embedded::Sqlite bare{":memory:", embedded::Sqlite::Missing::isCreated, std::chrono::seconds(1)};
 };
 
 Office& office() {
