@@ -3,7 +3,8 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QHelpEvent>
-#include <QToolTip>
+
+#include "desktop/tip.h"
 
 namespace desk::desktop {
 
@@ -18,9 +19,7 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
     const QRect shown = option.rect & view->viewport()->rect();
     const bool isCut = sizeHint(option, index).width() > shown.width();
     const QString words = isCut ? index.data().toString() : index.data(Qt::ToolTipRole).toString();
-    // As rich text a long one is broken into lines.
-    const QString tip = words.isEmpty() ? QString() : "<qt>" + words.toHtmlEscaped() + "</qt>";
-    QToolTip::showText(event->globalPos(), tip, view);
+    showTip(event->globalPos(), words, view);
     return true;
 }
 

@@ -5,16 +5,19 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDropEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QStyle>
+#include <QStyleOptionFrame>
 
 #include "base/text.h"
 #include "desktop/binding.h"
 #include "desktop/keys.h"
+#include "desktop/tip.h"
 
 namespace desk::desktop {
 
@@ -47,6 +50,12 @@ class LineEdit : public QLineEdit {
     }
 
   protected:
+    bool event(QEvent* event) override {
+        if (event->type() != QEvent::ToolTip || !toolTip().isEmpty()) return QLineEdit::event(event);
+        showTip(static_cast<QHelpEvent*>(event)->globalPos(), isCut() ? QLineEdit::text() : QString(), this);
+        return true;
+    }
+
     void keyPressEvent(QKeyEvent* event) override {
         if (event->matches(QKeySequence::Paste) && !isReadOnly()) {
             pasteLine(QApplication::clipboard()->text());
@@ -111,6 +120,15 @@ class LineEdit : public QLineEdit {
     }
 
   private:
+    bool isCut() const {
+        constexpr int besides = 4;  // that Qt leaves free on both sides
+        QStyleOptionFrame frame;
+        initStyleOption(&frame);
+        const QRect inside = style()->subElementRect(QStyle::SE_LineEditContents, &frame, this);
+        const int width = inside.width() - textMargins().left() - textMargins().right() - besides;
+        return echoMode() == Normal && fontMetrics().horizontalAdvance(QLineEdit::text()) > width;
+    }
+
     void pasteLine(const QString& pasted) { insert(text(firstLine(utf8(pasted)))); }
 
     void showBox() {

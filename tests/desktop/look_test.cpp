@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -13,6 +14,7 @@
 #include <QStatusBar>
 #include <QTableView>
 #include <QTest>
+#include <QToolTip>
 #include <QTreeView>
 #include <set>
 
@@ -208,6 +210,34 @@ TEST_F(Look, SpareWidthGoesToTextsAndNumbersHaveRoom) {
     const int before = view.columnWidth(1);
     window->resize(900, 500);
     EXPECT_TRUE(QTest::qWaitFor([&] { return view.columnWidth(1) > before; }));
+}
+
+TEST_F(Look, ACutTextIsShownInFullWhileThePointerRestsOnIt) {
+    const auto tipAt = [](QWidget& shown, QPoint at) {
+        QToolTip::hideText();
+        EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text().isEmpty(); }));
+        QHelpEvent rest(QEvent::ToolTip, at, shown.mapToGlobal(at));
+        QApplication::sendEvent(&shown, &rest);
+        return utf8(QToolTip::text());
+    };
+    show(layout::rows({widgetFor(form.company), widgetFor(form.password), widgetFor(form.grid)}));
+    const std::string name = "盛远国际贸易<上海>有限公司";
+    std::string names;
+    for (int i = 0; i < 9; ++i) names += name;
+    form.grid.addRow({"1", names});
+    form.grid.addRow({"2", name});
+    const auto& view = widget<QTableView>("grid");
+    const auto cell = [&](int row) { return view.visualRect(view.model()->index(row, 1)).center(); };
+    EXPECT_NE(tipAt(*view.viewport(), cell(0)).find("贸易&lt;上海&gt;有限"), std::string::npos);
+    EXPECT_EQ(tipAt(*view.viewport(), cell(1)), "");
+    auto& company = widget<QLineEdit>("页.公司名称");
+    auto& password = widget<QLineEdit>("password");
+    form.company.setText(names);
+    form.password.setText(names);
+    EXPECT_NE(tipAt(company, {5, 5}).find("贸易&lt;上海&gt;有限"), std::string::npos);
+    EXPECT_EQ(tipAt(password, {5, 5}), "");
+    form.company.setText(name);
+    EXPECT_EQ(tipAt(company, {5, 5}), "");
 }
 
 TEST_F(Look, KeysPressTheButtonsOfTheScreen) {
