@@ -10,6 +10,7 @@
 #include <QStyleOptionButton>
 
 #include "desktop/binding.h"
+#include "desktop/busy.h"
 #include "desktop/mnemonics.h"
 #include "desktop/pressed.h"
 
@@ -82,7 +83,12 @@ QWidget* buttonWidget(Button& button) {
     };
     show();
     follow(shown, button.touched, show);
-    QObject::connect(shown, &QPushButton::clicked, shown, [&button] { enter([&] { button.click(); }); });
+    QObject::connect(shown, &QPushButton::clicked, shown, [&button] {
+        enter([&] {
+            const Busy busy;
+            button.click();
+        });
+    });
     return shown;
 }
 

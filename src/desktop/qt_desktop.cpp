@@ -20,6 +20,7 @@
 
 #include "base/failure.h"
 #include "desktop/binding.h"
+#include "desktop/busy.h"
 #include "desktop/canvas_binding.h"
 #include "desktop/main_window_view.h"
 #include "desktop/screen_windows.h"
@@ -71,6 +72,7 @@ void QtDesktop::show(Screen& screen) {
 void QtDesktop::showModally(Screen& screen) {
     if (windowOf(screen) != nullptr) throw RuntimeFailure(400, "窗体已显示；不能显示为模态");
     if (!screen.isThere()) return;
+    const Asking asking;
     QWidget* window = windows_[&screen] = new DialogWindow(*screens_, screen, layoutOf_(screen));
     window->setWindowModality(Qt::ApplicationModal);
     if (main_ != nullptr) window->move(placeOf(screen, *window));
@@ -135,6 +137,7 @@ void QtDesktop::dropClosed() {
 }
 
 Answer QtDesktop::messageBox(const Message& message) {
+    const Asking asking;
     // While another program is in front, no window of ours is the active one.
     QWidget* active = QApplication::activeWindow();
     QMessageBox box(active != nullptr ? active : QApplication::activeModalWidget());
@@ -168,6 +171,7 @@ Answer QtDesktop::messageBox(const Message& message) {
 }
 
 std::optional<Colour> QtDesktop::chooseColour(Colour present) {
+    const Asking asking;
     const QColor chosen = QColorDialog::getColor(colour(present), QApplication::activeWindow(), "颜色");
     if (!chosen.isValid()) return std::nullopt;
     return packed(chosen);
@@ -178,6 +182,7 @@ std::optional<std::string> QtDesktop::chooseFile(const FileQuestion& question) {
     const QStringList parts = text(question.filter).split('|');
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) filters << parts[i] + " (" + parts[i + 1] + ")";
     const bool saves = question.purpose == FilePurpose::save;
+    const Asking asking;
     QFileDialog dialog(QApplication::activeWindow(), saves ? "保存" : "打开", text(question.directory));
     dialog.setNameFilters(filters);
     dialog.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);

@@ -257,6 +257,24 @@ TEST_F(Windows, AGridIsPaintedAndAskedInTheMidstOfAChange) {
     EXPECT_EQ(grid.columns(), 6);
 }
 
+TEST_F(Windows, APressIsBusyUntilAPersonIsAsked) {
+    const auto isBusy = [] { return QApplication::overrideCursor() != nullptr; };
+    Sheet& sheet = open("sheet");
+    std::vector<bool> seen;
+    sheet.press.clicked += [&] {
+        seen.push_back(isBusy());
+        QTimer::singleShot(0, main, [&] {
+            seen.push_back(isBusy());
+            QApplication::activeModalWidget()->close();
+        });
+        desktop->messageBox({"text", "title"});
+        seen.push_back(isBusy());
+    };
+    QTest::mouseClick(widget(child("sheet"), "press"), Qt::LeftButton);
+    EXPECT_EQ(seen, std::vector<bool>({true, false, true}));
+    EXPECT_FALSE(isBusy());
+}
+
 TEST_F(Windows, AChildBesideAMaximisedOneHasTheSizeOfItsScreen) {
     open("sheet");
     child("sheet")->showMaximized();
