@@ -190,10 +190,11 @@ QWidget* fields(std::vector<Field> entries, int perLine) {
     for (const auto& entry : entries) {
         QWidget* content = entry.widgets.size() == 1 ? entry.widgets.front() : columns(entry.widgets);
         grid->addWidget(new Caption(entry.caption, content), line, place * 2);
-        grid->addWidget(content, line, place * 2 + 1);
+        grid->addWidget(content, line, place * 2 + 1, 1, entry.places * 2 - 1);
         grid->setColumnStretch(place * 2 + 1, 1);
         if (growsDown(content)) grid->setRowStretch(line, 1);
-        if (++place < perLine) continue;
+        place += entry.places;
+        if (place < perLine) continue;
         place = 0;
         ++line;
     }

@@ -32,6 +32,7 @@ QWidget* folding(FoldingFrame& frame, QWidget* part, QWidget* beside, const std:
 struct Field {
     std::string_view caption;
     std::vector<QWidget*> widgets;
+    int places = 1;  ///< that it takes of its line
 
     Field(std::string_view title, Control& control);
     Field(std::string_view title, std::initializer_list<Control*> controls);

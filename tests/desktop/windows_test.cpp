@@ -504,6 +504,11 @@ TEST_F(Windows, WhatMustBeReadIsWholeAtTheUsualSize) {
         EXPECT_LE(line->fontMetrics().horizontalAdvance("<保存时自动生成编号>"),
                   line->width() - frameAndMargins)
             << page;
+        if (const auto& agency = registration.pages()[static_cast<std::size_t>(page)]->中介) {
+            line = widget(child(Frm引驻客户信息登记::screenName), agency->中介公司名称.name().c_str());
+            EXPECT_LE(line->fontMetrics().horizontalAdvance("上海德佑房地产经纪有限责任公司"),
+                      line->width() - frameAndMargins);
+        }
     }
     enter([&] { app->screens.open(Frm房源一览表::screenName); });
     auto& map = app->screens.get<Frm房源一览表>();

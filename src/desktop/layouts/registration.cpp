@@ -33,8 +33,9 @@ QWidget* agencyField(中介公司选择& agency) {
 QWidget* contactFields(登记页& page) {
     std::vector<Field> entries;
     entries.emplace_back("登记编号", numberField(page));
+    // The names of agencies are long, and stand beside a button.
+    if (page.中介) entries.emplace_back("中介公司名称", agencyField(*page.中介)).places = 2;
     entries.emplace_back("登记日期", page.登记日期);
-    if (page.中介) entries.emplace_back("中介公司名称", agencyField(*page.中介));
     entries.emplace_back("公司名称", page.公司名称);
     entries.emplace_back(page.中介 ? "中介客户姓名" : "客户姓名", page.客户姓名);
     if (page.职位) entries.emplace_back("职    位", *page.职位);
