@@ -20,11 +20,11 @@ namespace {
 constexpr std::uint32_t version72 = 0x72090002;
 constexpr std::chrono::seconds patience{5};
 
-int listeningSocket() {
+int listeningSocket(const std::string& at) {
     const int socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_in address{};
     address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_addr.s_addr = ::inet_addr(at.c_str());
     if (socket < 0 || ::bind(socket, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 ||
         ::listen(socket, 64) != 0)
         throw std::system_error(errno, std::generic_category(), "the server cannot listen");
@@ -54,9 +54,10 @@ struct Server::Seat {
     std::thread thread{};
 };
 
-Server::Server(std::string folder, Behaviour behaviour)
+Server::Server(std::string folder, Behaviour behaviour, std::string address)
     : folder_(std::move(folder)),
-      listener_(listeningSocket()),
+      address_(std::move(address)),
+      listener_(listeningSocket(address_)),
       port_(portOf(listener_)),
       behaviour_(std::move(behaviour)),
       listening_([this] { listen(); }) {}
