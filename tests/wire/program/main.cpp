@@ -1,17 +1,22 @@
 #include <cstdio>
 #include <exception>
+#include <fstream>
 #include <string>
 
 #include "wire/server/server.h"
 
-/// Serves the databases in a folder until its input ends; the first line that it prints is its address.
+/// Serves the databases in a folder until its input ends, and puts its certificate there. The first line that
+/// it prints is its address. Each further word is a database that is made, without tables.
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fputs("usage: test_wire_server FOLDER\n", stderr);
+    if (argc < 2) {
+        std::fputs("usage: test_wire_server FOLDER [DATABASE]...\n", stderr);
         return 2;
     }
     try {
-        const desk::wire::Server server(argv[1]);
+        const std::string folder = argv[1];
+        desk::wire::Server server(folder, {.encryption = desk::wire::Encryption::on});
+        for (int i = 2; i < argc; ++i) server.createEmpty(argv[i]);
+        std::ofstream(folder + "/certificate.pem") << server.certificate().pem();
         std::printf("%s\n", server.dataSource().c_str());
         std::fflush(stdout);
         while (std::getchar() != EOF) {
