@@ -3,8 +3,10 @@
 #include <QApplication>
 #include <QFont>
 #include <QIcon>
+#include <QImageReader>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QPixmap>
 #include <QTranslator>
 
 #include "desktop/screen_list.h"
@@ -17,11 +19,21 @@ static void linkPictures() {
 
 namespace desk::desktop {
 
+namespace {
+
+/// Read without asking the readers of all other formats, which would be loaded for that.
+QIcon icon() {
+    QImageReader reader(":/icon.png", "PNG");
+    reader.setAutoDetectImageFormat(false);
+    return QPixmap::fromImageReader(&reader);
+}
+
+}  // namespace
+
 void dress() {
     linkPictures();
     QApplication::setApplicationName("引驻台账");
-    // Named by its format, so that no reader of other formats is loaded to look at it.
-    QApplication::setWindowIcon(QPixmap(":/icon.png", "PNG"));
+    QApplication::setWindowIcon(icon());
     const QLocale chinese(QLocale::Chinese, QLocale::China);
     QLocale::setDefault(chinese);
     // The words of Qt's own dialogs; without the file they stay English.

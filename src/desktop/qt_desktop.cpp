@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 #include "base/failure.h"
 #include "desktop/binding.h"
@@ -60,7 +61,9 @@ QWidget* QtDesktop::makeWindow(Screen& screen) {
 
 void QtDesktop::show(Screen& screen) {
     if (windowOf(screen) != nullptr) return;
-    const Hourglass busy(*this);
+    std::optional<Hourglass> busy;
+    // Before the first window nobody sees it.
+    if (!windows_.empty()) busy.emplace(*this);
     const WindowChange change;
     QWidget* window = windows_[&screen] = makeWindow(screen);
     if (window == main_)
