@@ -77,7 +77,7 @@ Value stored(schema::Kind kind, const Value& value) {
         case Kind::money:
             return std::round(numberOf(value) * 1e4) / 1e4;
         case Kind::date:
-            return isoDay(momentOf(value));
+            return std::string(dateText(isoStamp(momentOf(value))));
         case Kind::moment:
             return isoStamp(momentOf(value));
     }

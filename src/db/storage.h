@@ -8,8 +8,9 @@
 namespace desk {
 
 /// `value` as a column of `kind` is held by the engines: NULL, an integer, a floating-point number, or a
-/// text; days are "YYYY-MM-DD", moments "YYYY-MM-DD HH:MM:SS". Fails with -2147217913 when it cannot be
-/// converted, with -2147217833 when it is a text longer than the column can hold.
+/// text; moments are "YYYY-MM-DD HH:MM:SS", days "YYYY-MM-DD", unless they were told a time: a server keeps
+/// that, and so does a file. Fails with -2147217913 when it cannot be converted, with -2147217833 when it is
+/// a text longer than the column can hold.
 Value stored(schema::Kind kind, const Value& value);
 
 /// The moment that a day or a moment tells as it is held.

@@ -15,7 +15,7 @@ enum class Kind {
     number,    ///< floating point
     money,     ///< four decimal places
     flag,      ///< 0 or 1
-    date,      ///< a day
+    date,      ///< a day; one that is told a time keeps it
     moment,    ///< a day and a time
     identity,  ///< an integer that the database gives
 };

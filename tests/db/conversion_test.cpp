@@ -45,17 +45,23 @@ TEST_F(Conversion, RefusesWhatIsNoDate) {
               failure::wrongStatement);
 }
 
-TEST_F(Conversion, StoresDatesByTheColumnsKind) {
+TEST_F(Conversion, ADateThatIsToldATimeKeepsIt) {
     connection.execute(
         "Update YZ_意向书信息 Set 租赁起始日期='2011/4/9 10:30',提交日期='2011/4/9' Where ID=1");
-    EXPECT_EQ(row("Select 租赁起始日期,提交日期 From YZ_意向书信息 Where 提交日期='2011-04-09'"),
-              "2011-04-09|2011-04-09");
-    connection.execute(
-        "Update YZ_意向书信息 Set 租赁结束日期=提交日期,流转结束日期=租赁起始日期,租赁起始日期=Null Where "
-        "ID=1");
-    EXPECT_EQ(row("Select 租赁起始日期,租赁结束日期,流转结束日期 From YZ_意向书信息 Where ID=1"),
-              "|2011-04-09|2011-04-09");
-    EXPECT_EQ(countOf("YZ_意向书信息", "流转结束日期='2011-4-9'"), "1");
+    EXPECT_EQ(row("Select 租赁起始日期,提交日期 From YZ_意向书信息 Where 租赁起始日期>提交日期"),
+              "2011-04-09 10:30:00|2011-04-09");
+    EXPECT_EQ(countOf("YZ_意向书信息", "租赁起始日期 Between '2011-4-9' And '2011-4-10'"), "1");
+    EXPECT_EQ(countOf("YZ_意向书信息", "租赁起始日期='2011-4-9'"), "0");
+    EXPECT_EQ(row("Select Convert(Char(8),租赁起始日期,112) From YZ_意向书信息 Where ID=1"), "20110409");
+    connection.execute("Update YZ_意向书信息 Set 租赁结束日期=提交日期,流转结束日期=租赁起始日期 Where ID=1");
+    EXPECT_EQ(row("Select 租赁结束日期,流转结束日期 From YZ_意向书信息 Where 租赁起始日期=流转结束日期"),
+              "2011-04-09|2011-04-09 10:30:00");
+    Recordset letter(connection, "Select * From YZ_意向书信息 Where ID=1", Rows::updatable);
+    letter["租赁结束日期"] = DateTime(std::chrono::year(2011) / 4 / 9, std::chrono::hours(14));
+    letter["租赁起始日期"] = "2011-4-9 0:00";
+    letter.update();
+    EXPECT_EQ(row("Select 租赁起始日期,租赁结束日期 From YZ_意向书信息 Where 租赁结束日期>租赁起始日期"),
+              "2011-04-09|2011-04-09 14:00:00");
 }
 
 TEST_F(Conversion, TurnsTextsIntoNumbersWhereTheyMeet) {

@@ -223,7 +223,7 @@ TEST_F(ServerEngine, AddressesARowByWhatKeepsItApart) {
     offices.update();
     EXPECT_EQ(lastBatch(),
               "Update Top (1) [YZ_组对应管理项目设置] Set [终止日期]='2012-01-01' Where [组代号]='01' And "
-              "[管理处代号]='01' And [设置日期]>='2011-12-31 00:00:00' And [设置日期]<'2011-12-31 00:00:01' "
+              "[管理处代号]='01' And [设置日期]>='2011-12-31 23:59:59' And [设置日期]<'2012-01-01 00:00:00' "
               "And [终止日期] Is Null");
     EXPECT_EQ(rows("Select 终止日期 From YZ_组对应管理项目设置 Order By 终止日期"),
               (std::vector<std::string>{"-", "2012-01-01"}));

@@ -195,9 +195,9 @@ class Renderer {
             case Conversion::toText:
                 return fmt::format("CAST({} AS TEXT)", sql);
             case Conversion::toMoment:
-                return fmt::format("({}||' 00:00:00')", sql);
-            case Conversion::toDay:
-                return fmt::format("substr({},1,10)", sql);
+                return fmt::format("substr({}||' 00:00:00',1,19)", sql);
+            case Conversion::toDate:
+                return fmt::format("replace({},' 00:00:00','')", sql);
         }
         return sql;
     }

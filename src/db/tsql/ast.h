@@ -22,8 +22,8 @@ enum class Conversion {
     toFlag,
     toMoney,
     toText,
-    toMoment,  ///< of a day: midnight
-    toDay,     ///< of a moment
+    toMoment,  ///< of a day: midnight, unless it keeps a time
+    toDate,    ///< of a moment; midnight is left out
 };
 
 enum class Form {

@@ -148,7 +148,7 @@ void storeExpression(Expression& value, schema::Kind kind) {
     if (isDate(type)) {
         if (!isDate(value.type)) incompatible();
         if (value.type == type) return;
-        convert(value, type == Type::moment ? Conversion::toMoment : Conversion::toDay, type);
+        convert(value, type == Type::moment ? Conversion::toMoment : Conversion::toDate, type);
     } else if (type == Type::text) {
         if (isDate(value.type)) incompatible();
         if (value.type != Type::text) convert(value, Conversion::toText, type);
