@@ -350,10 +350,36 @@ TEST_F(ServerEngine, KeepsATransactionTogether) {
     }
     EXPECT_TRUE(rows("Select * From YZ_组表").empty());
     Transaction all(office);
+    EXPECT_NE(seen([&] { office.execute("Insert Into YZ_组表 (组代号) Values (Null)"); }).number, 0);
     office.execute("Insert Into YZ_组表 (组代号) Values ('1')");
     all.commit();
     EXPECT_EQ(rows("Select 组代号 From YZ_组表"), std::vector<std::string>{"1"});
     EXPECT_EQ(fromUtf16Bytes(server.batches().front()), "Set DateFormat ymd");
+}
+
+/// Whoever goes on after a failure writes nothing outside the transaction that the failure has undone.
+TEST_F(ServerEngine, WritesNoMoreInATransactionThatTheServerHasUndone) {
+    enter();
+    behave([](Behaviour& b) {
+        b.failure = [](std::string_view batch) -> std::optional<Failure> {
+            if (!batch.starts_with("Delete")) return std::nullopt;
+            return Failure{Failure::lostToAnother, "已被选作死锁牺牲品。", 13};
+        };
+    });
+    const Seen undone{failure::unspecified, "数据库服务器已撤消了这一事务，其中的写入都没有保存。"};
+    {
+        Transaction all(office);
+        office.execute("Insert Into YZ_组表 (组代号) Values ('1')");
+        EXPECT_NE(seen([&] { office.execute("Delete From YZ_组表"); }).number, 0);
+        EXPECT_EQ(seen([&] { office.execute("Insert Into YZ_组表 (组代号) Values ('2')"); }), undone);
+        EXPECT_EQ(seen([&] { rows("Select * From YZ_组表"); }), undone);
+    }
+    EXPECT_TRUE(rows("Select * From YZ_组表").empty());
+    office.begin();
+    EXPECT_NE(seen([&] { office.execute("Delete From YZ_组表"); }).number, 0);
+    EXPECT_NE(seen([&] { office.commit(); }).number, 0);
+    office.execute("Insert Into YZ_组表 (组代号) Values ('3')");
+    EXPECT_EQ(rows("Select 组代号 From YZ_组表"), std::vector<std::string>{"3"});
 }
 
 /// The line goes at each statement of a save: it is told, and what comes after sees the row once or not at

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <string>
+#include <utility>
 
 #include "db/odbc/odbc_failure.h"
 
@@ -24,11 +25,16 @@ class OdbcConnection {
     SQLHDBC handle() const { return connection_; }
     std::chrono::seconds timeout() const { return timeout_; }
 
+    /// Whether a statement has failed since this was asked for the last time.
+    bool takeFailed() { return std::exchange(failed_, false); }
+    void statementFailed() { failed_ = true; }
+
   private:
     SQLHENV environment_ = nullptr;
     SQLHDBC connection_ = nullptr;
     std::chrono::seconds timeout_;
     bool connected_ = false;
+    bool failed_ = false;
 };
 
 }  // namespace desk::odbc

@@ -95,8 +95,4 @@ RuntimeFailure failureOf(const Diagnosis& diagnosis) {
     return {number, diagnosis.text};
 }
 
-void fail(SQLHSTMT statement) {
-    throw failureOf(causeOf(diagnosesOf(SQL_HANDLE_STMT, statement)));
-}
-
 }  // namespace desk::odbc

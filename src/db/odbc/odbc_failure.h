@@ -28,7 +28,4 @@ bool tellsLostServer(const Diagnosis& diagnosis);
 /// A failure of a statement as Connection tells it.
 RuntimeFailure failureOf(const Diagnosis& diagnosis);
 
-/// Throws the failure of the last call on a statement.
-[[noreturn]] void fail(SQLHSTMT statement);
-
 }  // namespace desk::odbc

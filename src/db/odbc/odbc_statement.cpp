@@ -74,13 +74,18 @@ OdbcStatement::OdbcStatement(std::shared_ptr<OdbcConnection> connection, std::st
     auto text = toUtf16(batch);
     const auto result = SQLExecDirectW(handle_.get(), reinterpret_cast<SQLWCHAR*>(text.data()),
                                        static_cast<SQLINTEGER>(text.size()));
-    if (result != SQL_NO_DATA && !SQL_SUCCEEDED(result)) fail(handle_.get());
+    if (result != SQL_NO_DATA && !SQL_SUCCEEDED(result)) fail();
     describe();
+}
+
+void OdbcStatement::fail() const {
+    connection_->statementFailed();
+    throw failureOf(causeOf(diagnosesOf(SQL_HANDLE_STMT, handle_.get())));
 }
 
 void OdbcStatement::describe() {
     SQLSMALLINT count = 0;
-    if (!SQL_SUCCEEDED(SQLNumResultCols(handle_.get(), &count))) fail(handle_.get());
+    if (!SQL_SUCCEEDED(SQLNumResultCols(handle_.get(), &count))) fail();
     columns_.clear();
     for (SQLUSMALLINT position = 1; position <= count; ++position) {
         std::array<SQLWCHAR, 256> name{};
@@ -92,7 +97,7 @@ void OdbcStatement::describe() {
         if (!SQL_SUCCEEDED(SQLDescribeColW(handle_.get(), position, name.data(),
                                            static_cast<SQLSMALLINT>(name.size()), &units, &type, &size,
                                            &digits, &nullable)))
-            fail(handle_.get());
+            fail();
         columns_.push_back(
             {toUtf8(reinterpret_cast<const char16_t*>(name.data())), typeOf(type, size, digits), nullptr});
     }
@@ -116,7 +121,7 @@ long OdbcStatement::changedRows() const {
 bool OdbcStatement::nextAnswer() {
     const auto result = SQLMoreResults(handle_.get());
     if (result == SQL_NO_DATA) return false;
-    if (!SQL_SUCCEEDED(result)) fail(handle_.get());
+    if (!SQL_SUCCEEDED(result)) fail();
     describe();
     return true;
 }
@@ -126,7 +131,7 @@ void OdbcStatement::finish() {
         if (columns_.empty()) continue;
         auto result = SQL_SUCCESS;
         while (SQL_SUCCEEDED(result)) result = SQLFetch(handle_.get());
-        if (result != SQL_NO_DATA) fail(handle_.get());
+        if (result != SQL_NO_DATA) fail();
     } while (nextAnswer());
 }
 
@@ -138,7 +143,7 @@ bool OdbcStatement::step() {
         }
         return false;
     }
-    if (!SQL_SUCCEEDED(result)) fail(handle_.get());
+    if (!SQL_SUCCEEDED(result)) fail();
     for (std::size_t i = 0; i < fields_.size(); ++i) {
         auto& field = fields_[i];
         read(static_cast<SQLUSMALLINT>(i + 1), columns_[i].type, field);
@@ -154,7 +159,7 @@ bool OdbcStatement::step() {
 /// Asks for a value of a type that has one size; whether there is one.
 bool OdbcStatement::readFixed(SQLUSMALLINT position, SQLSMALLINT type, void* value) {
     SQLLEN size = 0;
-    if (!SQL_SUCCEEDED(SQLGetData(handle_.get(), position, type, value, 0, &size))) fail(handle_.get());
+    if (!SQL_SUCCEEDED(SQLGetData(handle_.get(), position, type, value, 0, &size))) fail();
     return size != SQL_NULL_DATA;
 }
 
@@ -190,7 +195,7 @@ void OdbcStatement::readText(SQLUSMALLINT position, Field& field) {
         SQLLEN size = 0;
         const auto result = SQLGetData(handle_.get(), position, SQL_C_WCHAR, part.data(), sizeof part, &size);
         if (result == SQL_NO_DATA) break;
-        if (!SQL_SUCCEEDED(result)) fail(handle_.get());
+        if (!SQL_SUCCEEDED(result)) fail();
         field.null = size == SQL_NULL_DATA;
         if (field.null) return;
         const auto rest = size == SQL_NO_TOTAL ? part.size() : static_cast<std::size_t>(size) / 2;

@@ -53,6 +53,7 @@ class OdbcStatement {
         void operator()(void* handle) const noexcept;
     };
 
+    [[noreturn]] void fail() const;
     void describe();
     void read(SQLUSMALLINT position, tsql::Type type, Field& field);
     void readMoment(SQLUSMALLINT position, Field& field);

@@ -96,10 +96,12 @@ bool Dialog::ownWords(std::string_view text, Tokens& out) {
         return true;
     }
     if (words.takeWords({"IF", "@@TRANCOUNT"})) {
-        if (inTransaction_)
-            end(false, out);
-        else
-            out.done(std::nullopt);
+        undo(out);
+        out.done(std::nullopt);
+        return true;
+    }
+    if (words.takeWords({"SELECT", "@@TRANCOUNT"})) {
+        single({"", WireType::integer}, Value(inTransaction_ ? 1 : 0), out);
         return true;
     }
     const bool commits = words.takeWord("COMMIT");
@@ -108,12 +110,15 @@ bool Dialog::ownWords(std::string_view text, Tokens& out) {
         return true;
     }
     if (!words.takeWords({"SELECT", "SCOPE_IDENTITY"})) return false;
-    const WireColumn column{"", WireType::decimal};
+    single({"", WireType::decimal}, lastIdentity_, out);
+    return true;
+}
+
+void Dialog::single(const WireColumn& column, const Value& value, Tokens& out) {
     out.columns({column});
     out.beginRow();
-    out.value(column, lastIdentity_);
+    out.value(column, value);
     out.done(1);
-    return true;
 }
 
 void Dialog::define(std::string_view text, Tokens& out) {
@@ -156,14 +161,22 @@ void Dialog::begin(Tokens& out) {
 
 void Dialog::end(bool committed, Tokens& out) {
     if (!inTransaction_) throw Failure{committed ? 3902 : 3903, "该请求没有对应的 BEGIN TRANSACTION。"};
-    if (committed)
+    if (committed) {
         database_.commit();
-    else
-        database_.rollback();
-    if (made_ && !committed) *made_ = madeBefore_;
-    inTransaction_ = false;
-    out.transactionEnded(committed);
+        inTransaction_ = false;
+        out.transactionEnded(true);
+    } else {
+        undo(out);
+    }
     out.done(std::nullopt);
+}
+
+void Dialog::undo(Tokens& out) {
+    if (!inTransaction_) return;
+    database_.rollback();
+    if (made_) *made_ = madeBefore_;
+    inTransaction_ = false;
+    out.transactionEnded(false);
 }
 
 void Dialog::requireMade(std::string_view table) const {

@@ -28,6 +28,8 @@ class Dialog {
 
     /// Runs a batch of statements with semicolons between them, as far as the first that fails.
     void answer(std::string_view batch, Tokens& out);
+    /// Ends an open transaction as a server does with that of a seat that loses to another.
+    void undo(Tokens& out);
 
   private:
     void statement(std::string_view text, Tokens& out);
@@ -36,6 +38,7 @@ class Dialog {
     void describe(const std::string& table, Tokens& out);
     void begin(Tokens& out);
     void end(bool committed, Tokens& out);
+    void single(const WireColumn& column, const Value& value, Tokens& out);
     void query(std::string_view text, Tokens& out);
     void write(std::string_view text, Tokens& out);
     void requireMade(std::string_view table) const;

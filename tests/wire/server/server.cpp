@@ -238,6 +238,7 @@ void Server::reply(Channel& channel, std::string_view batch, Dialog& dialog) {
     Tokens out;
     if (const auto failure = mine.failure(batch)) {
         out.failure(*failure);
+        if (failure->number == Failure::lostToAnother) dialog.undo(out);
         out.done(std::nullopt, false, true);
     } else {
         dialog.answer(batch, out);

@@ -14,6 +14,8 @@ namespace desk::wire {
 
 /// A failure as servers tell it.
 struct Failure {
+    static constexpr int lostToAnother = 1205;  ///< two seats have waited for each other
+
     int number = 0;
     std::string text{};
     int severity = 16;
