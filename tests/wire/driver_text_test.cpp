@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "base/failure.h"
+#include "db/odbc/odbc_failure.h"
 
 namespace desk::odbc {
 namespace {
@@ -58,6 +59,17 @@ TEST(DriverText, SpeaksToOtherDriversByTheRule) {
     EXPECT_TRUE(driverText({"db", "", "", ""}, trusting, Encryption::required)
                     .ends_with("Encrypt=yes;TrustServerCertificate=no;ServerCertificate={/own.pem};"));
     EXPECT_TRUE(driverText({"db", "", "", ""}, trusting, Encryption::wherePossible).ends_with("Encrypt=no;"));
+}
+
+/// A note that stands ahead of a failure is not its cause, and a lost line is, wherever it stands.
+TEST(Diagnoses, TheCauseIsTheFirstFailureOrTheLostLine) {
+    const Diagnosis note{"01000", 5701, "已将数据库上下文更改为 'office'。"};
+    const Diagnosis wrong{"42S02", 208, "对象名无效。"};
+    const Diagnosis lost{"01000", 20006, "Write to the server failed"};
+    EXPECT_EQ(causeOf({note, wrong, lost}).number, wrong.number);
+    EXPECT_EQ(causeOf({note, lost, wrong}).number, lost.number);
+    EXPECT_EQ(causeOf({note}).number, note.number);
+    EXPECT_FALSE(causeOf({}).text.empty());
 }
 
 }  // namespace
