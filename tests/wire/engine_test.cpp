@@ -298,6 +298,18 @@ TEST_F(ServerEngine, FailsWhenTheLineHasGone) {
 }
 
 /// A long answer that breaks off: what has come is read, and then the failure.
+/// Nobody asks anything while the server stops.
+TEST_F(ServerEngine, FailsWhenTheServerHasStopped) {
+    for (const auto encryption : {Encryption::notSupported, Encryption::on}) {
+        auto other = std::make_unique<Server>(folder, Behaviour{.encryption = encryption});
+        office.open(text("Data Source='" + other->dataSource() + "'"), std::chrono::seconds(5));
+        other.reset();
+        const Seen lost{failure::unspecified, lostText};
+        EXPECT_EQ(seen([&] { rows("Select * From YZ_组表"); }), lost);
+        EXPECT_EQ(seen([&] { office.execute("Delete From YZ_组表"); }), lost);
+    }
+}
+
 TEST_F(ServerEngine, FailsInTheMidstOfRows) {
     enter();
     Transaction all(office);

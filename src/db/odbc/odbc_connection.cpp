@@ -34,6 +34,12 @@ OdbcConnection::~OdbcConnection() {
     if (environment_ != nullptr) SQLFreeHandle(SQL_HANDLE_ENV, environment_);
 }
 
+bool OdbcConnection::isLost() const {
+    SQLUINTEGER dead = SQL_CD_FALSE;
+    SQLGetConnectAttrW(connection_, SQL_ATTR_CONNECTION_DEAD, &dead, SQL_IS_UINTEGER, nullptr);
+    return dead == SQL_CD_TRUE;
+}
+
 std::vector<Diagnosis> OdbcConnection::connect(const std::string& driverText) {
     auto text = toUtf16(driverText);
     const auto result =

@@ -22,6 +22,9 @@ class OdbcConnection {
     /// Connects as `driverText` says; where that fails, what the driver says of it.
     std::vector<Diagnosis> connect(const std::string& driverText);
 
+    /// Whether the driver knows that the line has gone.
+    bool isLost() const;
+
     SQLHDBC handle() const { return connection_; }
     std::chrono::seconds timeout() const { return timeout_; }
 

@@ -80,7 +80,10 @@ OdbcStatement::OdbcStatement(std::shared_ptr<OdbcConnection> connection, std::st
 
 void OdbcStatement::fail() const {
     connection_->statementFailed();
-    throw failureOf(causeOf(diagnosesOf(SQL_HANDLE_STMT, handle_.get())));
+    auto cause = causeOf(diagnosesOf(SQL_HANDLE_STMT, handle_.get()));
+    // Of a server that has stopped while nobody asked the driver says no more than that something is wrong.
+    if (cause.state == "HY000" && connection_->isLost()) cause.state = "08S01";
+    throw failureOf(cause);
 }
 
 void OdbcStatement::describe() {
