@@ -1,5 +1,7 @@
 #include "wire/server/server.h"
 
+#include <fstream>
+
 #include "admin_fixture.h"
 
 namespace desk {
@@ -68,6 +70,19 @@ TEST_F(AdminOnAServer, TellsInPlainWordsWhatIsWrongWithTheSettings) {
     EXPECT_EQ(half.code, 1);
     EXPECT_TRUE(half.tells("缺少表 设置管理处")) << half.output;
     EXPECT_TRUE(half.tells(std::to_string(schema::tables().size()) + " 处不符"));
+}
+
+/// The usual driver under another name, which is spoken to by the rule of other drivers.
+TEST_F(AdminOnAServer, ConnectsByTheDriverThatIsNamed) {
+    server.createDatabase("office");
+    ASSERT_EQ(checked(database("office")).code, 0);
+    fs::create_directory(folder / "odbc");
+    std::ofstream(folder / "odbc/odbcinst.ini") << "[Haus Driver]\nDriver=libtdsodbc.so\n";
+    const std::string named = "TENANT_DESK_ODBC_DRIVER='Haus Driver'";
+    const Outcome found = run("check --folder config", "ODBCSYSINI=odbc " + named);
+    EXPECT_EQ(found.code, 0) << found.output;
+    const Outcome missing = run("check --folder config", named);
+    EXPECT_TRUE(missing.tells("没有安装名为 'Haus Driver' 的 ODBC 驱动程序")) << missing.output;
 }
 
 /// A change to a column that a server describes, and what is told of it.
