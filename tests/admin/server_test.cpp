@@ -91,6 +91,7 @@ struct OtherColumn {
     wire::DescribedColumn as;
     const char* told;
     bool harmful = true;
+    std::string table = "YZ_引驻客户信息";
 };
 
 TEST_F(AdminOnAServer, TellsWhichKindsOfColumnsDoHarm) {
@@ -112,16 +113,26 @@ TEST_F(AdminOnAServer, TellsWhichKindsOfColumnsDoHarm) {
         {"业务员", {"", "nvarchar", 400, 0, 0, false}, "不能为空，留空的内容会被拒绝"},
         {"所在区域", {"", "nvarchar", 400, 0, 0, false, false, false, true}, "由服务器填入缺省值", false},
         {"企业性质", {"", "nvarchar", 400, 0, 0, true, false, true}, "由服务器计算，本程序不能写入"},
+        {"金额", {"", "smallmoney", 4, 10, 4}, "放不下较大的数", true, "YZ_意向金收款"},
+        {"单价", {"", "float", 8, 53}, "按浮点数保存", false, "YZ_意向金收款"},
+        {"退款金额", {"", "real", 4, 24}, "有效数字不够", true, "YZ_意向金收款"},
+        {"处理结束", {"", "tinyint", 1, 3}, "放得下需要的数", false, "YZ_意向金收款"},
+        {"收款日期", {"", "smalldatetime", 4}, "不保存秒", true, "YZ_意向金收款"},
+        {"提交日期", {"", "date", 3}, "不保存时刻", true, "YZ_意向书信息"},
+        {"流转结束日期", {"", "datetime2", 8}, "放得下需要的时间", false, "YZ_意向书信息"},
+        {"意向书ID", {"", "int", 4, 10}, "应总是与列 ID 相同", true, "YZ_意向书信息"},
+        {"报销单明细ID", {"", "int", 4, 10, 0, true, true}, "由服务器自动编号", true, "报销附件"},
     };
     const auto describing = [&](bool harmToo) {
         return [&others, harmToo](std::string_view table, std::vector<wire::DescribedColumn>& columns) {
-            if (table != "YZ_引驻客户信息") return;
             for (auto& column : columns)
                 for (const auto& other : others) {
-                    if (column.name != other.name || (other.harmful && !harmToo)) continue;
+                    if (table != other.table || column.name != other.name || (other.harmful && !harmToo))
+                        continue;
                     column = other.as;
                     column.name = other.name;
                 }
+            if (table != "报销附件") return;
             columns.push_back({"别的", "timestamp", 8, 0, 0, false});
             if (harmToo) columns.push_back({"多出", "int", 4, 10, 0, false});
         };
@@ -133,8 +144,8 @@ TEST_F(AdminOnAServer, TellsWhichKindsOfColumnsDoHarm) {
     long harmful = 1;
     for (const auto& other : others) {
         harmful += other.harmful ? 1 : 0;
-        const auto line = std::string(other.harmful ? "须改正" : "不妨碍") + "：表 YZ_引驻客户信息 的列 " +
-                          other.name + "（";
+        const auto line = std::string(other.harmful ? "须改正" : "不妨碍") + "：表 " + other.table +
+                          " 的列 " + other.name + "（";
         const auto at = bad.output.find(line);
         ASSERT_NE(at, std::string::npos) << line << "\n" << bad.output;
         const auto told = bad.output.substr(at, bad.output.find('\n', at) - at);
