@@ -151,7 +151,6 @@ Judged judgeUnknown(const Found& found) {
 
 std::vector<Judged> judge(const Column* wanted, const Found& found) {
     if (wanted == nullptr) return {judgeUnknown(found)};
-    if (!wanted->copyOf.empty()) return {judgeOrigin(*wanted, found)};
     return {judgeType(*wanted, found), judgeOrigin(*wanted, found), judgeNull(*wanted, found)};
 }
 
