@@ -25,8 +25,6 @@ class Area : public QMdiArea {
         setBackground(QColor(214, 224, 234));
         setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
         setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-        // Beside a maximised child each other one keeps the size that its screen has.
-        setOption(DontMaximizeSubWindowOnActivation);
         follow(this, screen.backgroundChanged, [this] {
             const QImage image = imageOf(screen_.background());
             setBackground(image.isNull() ? QBrush(QColor(214, 224, 234)) : QBrush(image.copy()));

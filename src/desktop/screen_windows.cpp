@@ -142,9 +142,13 @@ void ChildWindow::focusFirst() {
 void ChildWindow::bringToFront() {
     const QScopedValueRollback own(activating_, true);
     const WindowChange change;
+    const bool isLarge = shown_ && isMaximized();
+    shown_ = true;
     if (isMinimized()) showNormal();
     area_.setActiveSubWindow(this);
     raise();
+    // Qt makes it as large as a maximised one that it comes before, which goes back to its own size.
+    if (isMaximized() && !isLarge) showNormal();
     screens_.activated(screen_);
     if (screen_.isThere()) restoreFocus();
     change_.reset();

@@ -41,6 +41,7 @@ class ChildWindow : public QMdiSubWindow {
     Screen& screen_;
     QMdiArea& area_;
     bool activating_ = false;
+    bool shown_ = false;       ///< has been in front before
     QPointer<QWidget> field_;  ///< that the person was in last
     std::optional<WindowChange> change_;
     QObject listening_;  ///< to other objects, which outlive this part of the window

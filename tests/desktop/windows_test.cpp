@@ -275,14 +275,20 @@ TEST_F(Windows, APressIsBusyUntilAPersonIsAsked) {
     EXPECT_FALSE(isBusy());
 }
 
-TEST_F(Windows, AChildBesideAMaximisedOneHasTheSizeOfItsScreen) {
+TEST_F(Windows, AChildThatComesBeforeAMaximisedOneHasTheSizeOfItsScreen) {
     open("sheet");
     child("sheet")->showMaximized();
-    const Sheet& other = open("other");
-    EXPECT_FALSE(child("other")->isMaximized());
-    EXPECT_EQ(child("other")->widget()->width(), pixels(other.width()));
-    open("sheet");
-    EXPECT_TRUE(child("sheet")->isMaximized());
+    for (int time = 0; time < 2; ++time) {
+        const Sheet& other = open("other");
+        EXPECT_FALSE(child("other")->isMaximized());
+        EXPECT_EQ(child("other")->widget()->width(), pixels(other.width()));
+        // The buttons in the menu bar would be those of the one behind.
+        EXPECT_FALSE(child("sheet")->isMaximized());
+        open("sheet");
+        child("sheet")->showMaximized();
+        open("sheet");
+        EXPECT_TRUE(child("sheet")->isMaximized());
+    }
 }
 
 TEST_F(Windows, AChildThatComesBackHasTheFocusWhereItWas) {
