@@ -260,6 +260,10 @@ QWidget* atLeast(QWidget* part, double width, double height) {
     return part;
 }
 
+QWidget* twoLines(QWidget* text) {
+    return atLeast(text, 1500, 750);
+}
+
 QWidget* wideEnoughFor(std::string_view text, QWidget* part) {
     constexpr int frameAndMargins = 20;
     part->ensurePolished();

@@ -57,6 +57,8 @@ QWidget* pages(TabStrip& strip, std::vector<QWidget*> pages);
 QWidget* overLowerEdge(QWidget* area, QWidget* part, double height);
 /// A part of at least that size, in twips.
 QWidget* atLeast(QWidget* part, double width, double height);
+/// A text of several lines, of which two are enough where the screen is small.
+QWidget* twoLines(QWidget* text);
 /// A part at least so wide that `text` can be read in its field.
 QWidget* wideEnoughFor(std::string_view text, QWidget* part);
 /// A part of at most that width, in twips.

@@ -37,7 +37,9 @@ QWidget* letterLines(意向书信息块& letter, std::vector<Field> more) {
 }
 
 QWidget* letterTexts(意向书信息块& letter) {
-    return fields({{"承租方背景", letter["承租方背景"]}, {"申请说明", letter["申请说明"]}}, 2);
+    return fields({{"承租方背景", twoLines(plain(letter["承租方背景"]))},
+                   {"申请说明", twoLines(plain(letter["申请说明"]))}},
+                  2);
 }
 
 }  // namespace desk::desktop::layout

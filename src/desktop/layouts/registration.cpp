@@ -59,14 +59,10 @@ QWidget* choiceFields(登记页& page) {
     return fields(std::move(entries));
 }
 
-/// Two lines of a text are enough where the screen is small.
-QWidget* paragraph(TextBox& box) {
-    return atLeast(plain(box), 1500, 750);
-}
-
 QWidget* textFields(登记页& page) {
-    if (!page.洽谈重点) return fields({{"备    注", paragraph(page.备注)}});
-    return fields({{"洽谈重点", paragraph(*page.洽谈重点)}, {"备    注", paragraph(page.备注)}}, 2);
+    if (!page.洽谈重点) return fields({{"备    注", twoLines(plain(page.备注))}});
+    return fields({{"洽谈重点", twoLines(plain(*page.洽谈重点))}, {"备    注", twoLines(plain(page.备注))}},
+                  2);
 }
 
 /// The list of agencies, over the page below the field that it fills.

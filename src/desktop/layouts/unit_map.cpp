@@ -19,7 +19,10 @@ using namespace layout;
 namespace {
 
 QWidget* legendEntry(Swatch& box, const char* meaning) {
-    auto* entry = columns({plain(box), caption(meaning)}, {0, 0});
+    QWidget* colour = plain(box);
+    // Five of them leave room for the buttons beside them on a small screen.
+    colour->setFixedWidth(pixels(540));
+    auto* entry = columns({colour, caption(meaning)}, {0, 0});
     entry->setContentsMargins(0, 0, 12, 0);
     return entry;
 }
