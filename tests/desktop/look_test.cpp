@@ -23,6 +23,7 @@
 #include "desktop/layout.h"
 #include "desktop/main_window_view.h"
 #include "desktop/mnemonics.h"
+#include "desktop/person.h"
 #include "desktop/screen_keys.h"
 #include "desktop/screen_windows.h"
 #include "desktop/tree_count.h"
@@ -163,6 +164,10 @@ TEST_F(Look, WhatIsRevealedIsInViewAndNotSelected) {
     EXPECT_TRUE(grid.viewport()->rect().contains(grid.visualRect(grid.model()->index(299, 0)).center()));
     EXPECT_TRUE(tree.selectionModel()->selectedIndexes().empty());
     EXPECT_NE(form.grid.row(), 300);
+    // The key finds where the keyboard is.
+    grid.setFocus();
+    press(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(grid.isAncestorOf(QApplication::focusWidget()));
 }
 
 TEST_F(Look, RowsAreCopiedAsASpreadsheetTakesThem) {
@@ -184,15 +189,25 @@ TEST_F(Look, RowsAreCopiedAsASpreadsheetTakesThem) {
     EXPECT_EQ(clipboard(), "1\t甲\t7");
 
     // The menu takes the row below the pointer, and marks nothing.
-    view.customContextMenuRequested(view.visualRect(view.model()->index(1, 0)).center());
-    auto* menu = view.findChild<QMenu*>();
-    ASSERT_NE(menu, nullptr);
-    for (QAction* entry : menu->actions())
-        if (entry->text().startsWith("复制此行")) entry->trigger();
-    menu->close();
-    EXPECT_EQ(clipboard(), "2\t\"a\"\"b\"\t9");
+    const auto choose = [&](const char* start) {
+        view.customContextMenuRequested(view.visualRect(view.model()->index(1, 1)).center());
+        const std::unique_ptr<QMenu> menu(view.findChild<QMenu*>());
+        for (QAction* entry : menu->actions()) {
+            EXPECT_EQ(entry->isEnabled(), form.grid.rows() > 1 || entry->isSeparator());
+            if (entry->text().startsWith(start)) entry->trigger();
+        }
+        return clipboard();
+    };
+    EXPECT_EQ(choose("复制此行"), "2\t\"a\"\"b\"\t9");
+    EXPECT_EQ(choose("复制此格"), "\"a\"\"b\"");
+    EXPECT_EQ(choose("复制全部"), "1\t甲\t7\n2\t\"a\"\"b\"\t9");
+    EXPECT_EQ(choose("连同标题"), "序\t名称\t数量\n1\t甲\t7\n2\t\"a\"\"b\"\t9");
+    choose("查找");
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "qt_find");
     EXPECT_EQ(form.grid.row(), 1);
     EXPECT_EQ(clicks, 0);
+    form.grid.setRows(1);
+    choose("");
 }
 
 TEST_F(Look, SpareWidthGoesToTextsAndNumbersHaveRoom) {
@@ -210,6 +225,18 @@ TEST_F(Look, SpareWidthGoesToTextsAndNumbersHaveRoom) {
     const int before = view.columnWidth(1);
     window->resize(900, 500);
     EXPECT_TRUE(QTest::qWaitFor([&] { return view.columnWidth(1) > before; }));
+
+    // A width that a person has given stays with these rows.
+    auto& header = viewportOf(*view.horizontalHeader());
+    const QPoint edge(view.columnWidth(0) + view.columnWidth(1) - 1, header.height() / 2);
+    QTest::mousePress(&header, Qt::LeftButton, {}, edge);
+    QTest::mouseMove(&header, edge - QPoint(100, 0));
+    QTest::mouseRelease(&header, Qt::LeftButton, {}, edge - QPoint(100, 0));
+    const int dragged = view.columnWidth(1);
+    form.grid.setText(1, 1, "佳");
+    EXPECT_EQ(view.columnWidth(1), dragged);
+    form.grid.addRow({"3", "盛远"});
+    EXPECT_GT(view.columnWidth(1), dragged);
 }
 
 TEST_F(Look, ACutTextIsShownInFullWhileThePointerRestsOnIt) {
@@ -262,6 +289,12 @@ TEST_F(Look, KeysPressTheButtonsOfTheScreen) {
     form.sure.setEnabled(false);
     press(Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(pressed, "面板 确定 新增 ");
+    // One that is hidden does not stand before the others.
+    form.sure.setEnabled(true);
+    form.sure.setVisible(false);
+    form.panel.setVisible(true);
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(pressed, "面板 确定 新增 面板 ");
     EXPECT_EQ(widget<QPushButton>("add").text(), "取消(&C)");
     EXPECT_EQ(widget<QPushButton>("add").accessibleName(), "取消");
 }

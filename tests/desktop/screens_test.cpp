@@ -2,11 +2,13 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QTabBar>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <set>
@@ -239,18 +241,37 @@ TEST_F(ScreensByHand, TheMenuShowsWhatItsEntriesSay) {
     EXPECT_FALSE(action("客户跟进管理")->isEnabled());
 }
 
-TEST(Questions, AskedForADeletionEnterSaysNo) {
+TEST(Questions, AskedForADeletionEnterSaysNoAndEscapeAlways) {
     QtDesktop desktop;
-    const auto enterAt = [&](Answer preferred) {
-        QTimer::singleShot(0, qApp, [] {
+    const auto pressAt = [&](Answer preferred, Qt::Key key) {
+        QTimer::singleShot(0, qApp, [key] {
             EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() != nullptr; }));
-            QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);
+            QTest::keyClick(QApplication::activeModalWidget(), key);
         });
         return desktop.messageBox(
             {"确定要删除该信息吗？", "提醒", Icon::question, Buttons::yesNo, preferred});
     };
-    EXPECT_EQ(enterAt(Answer::no), Answer::no);
-    EXPECT_EQ(enterAt(Answer::yes), Answer::yes);
+    EXPECT_EQ(pressAt(Answer::no, Qt::Key_Return), Answer::no);
+    EXPECT_EQ(pressAt(Answer::yes, Qt::Key_Return), Answer::yes);
+    EXPECT_EQ(pressAt(Answer::yes, Qt::Key_Escape), Answer::no);
+}
+
+TEST(Questions, AFileToSaveIsProposedAndMayBeANewOne) {
+    QtDesktop desktop;
+    const QTemporaryDir folder;
+    const std::string path = utf8(folder.path());
+    for (const FilePurpose purpose : {FilePurpose::save, FilePurpose::open}) {
+        bool saves = false;
+        QTimer::singleShot(0, qApp, [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            saves = dialog->acceptMode() == QFileDialog::AcceptSave;
+            QTest::keyClick(dialog, saves ? Qt::Key_Return : Qt::Key_Escape);
+        });
+        const auto file = desktop.chooseFile({path, "表|*.xls", purpose, "统计.xls"});
+        EXPECT_EQ(saves, purpose == FilePurpose::save);
+        EXPECT_EQ(file.value_or(""), saves ? path + "/统计.xls" : "");
+    }
 }
 
 TEST_F(ScreensByHand, AllDeletionsPreferNoAndNothingIsDeletedByIt) {

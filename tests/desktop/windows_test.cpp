@@ -21,6 +21,7 @@
 #include "desktop/panel.h"
 #include "desktop/qt_desktop.h"
 #include "desktop/screen_list.h"
+#include "desktop/screen_windows.h"
 #include "intent/approval.h"
 #include "intent/unit_map.h"
 #include "session/main_window.h"
@@ -443,6 +444,11 @@ TEST_F(Windows, APanelTakesTheFocusKeepsItAndGivesItBackOnEscape) {
     EXPECT_EQ(QApplication::focusWidget(), widget(content, "above"));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_EQ(QApplication::focusWidget(), widget(content, "close"));
+    // In a field beside it the key means something else.
+    widget(content, "first")->setFocus();
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(shown->isVisible());
+    widget(content, "close")->setFocus();
     press(Qt::Key_Escape);
     EXPECT_FALSE(panel.isOpen());
     EXPECT_FALSE(shown->isVisible());
@@ -491,6 +497,15 @@ TEST_F(Windows, EveryScreenShowsEachOfItsButtonsOnASmallScreen) {
                 }
         enter([&] { app->screens.unload(screen); });
     }
+}
+
+TEST_F(Windows, AWindowOfItsOwnIsNoLargerThanTheDisplay) {
+    struct Huge : Screen {
+        Huge() : Screen("huge", "大", WindowKind::dialog, 90000, 90000) {}
+    } huge;
+    const DialogWindow window(app->screens, huge, new QWidget);
+    const QSize room = window.screen()->availableSize();
+    EXPECT_EQ(window.size().boundedTo(room), window.size());
 }
 
 /// A screen of 1280 × 800, less the title of the main window, has room for all that is measured out to fit
