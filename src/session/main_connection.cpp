@@ -11,8 +11,6 @@ bool 连接数据库(Application& app, std::string_view UID, std::string_view PW
     constexpr std::chrono::seconds connectionTimeout{30};
     app.连接字符串 = connectionStringOf(UID, PWD, DBname, Svr);
     try {
-        // A server that does not answer takes all of its time.
-        const Hourglass busy(app.desktop);
         app.主连接.open(app.连接字符串, connectionTimeout);
         return true;
     } catch (const RuntimeFailure& failure) {
