@@ -253,7 +253,7 @@ void 审批环节::move(bool up) {
     const Hourglass busy(app_.desktop);
     try {
         int row = 列表.row();
-        if (!moved(up, row)) row = 列表.row();
+        changePlaces(up, row);
         reload();
         if (row >= 列表.rows()) return;
         列表.setCurrent(row, 环节列);
@@ -263,15 +263,14 @@ void 审批环节::move(bool up) {
     }
 }
 
-/// Whether the current step has a neighbour in that direction; `row` is where the step stands afterwards.
-bool 审批环节::moved(bool up, int& row) {
+/// `row` is where the current step stands afterwards: where it was, if it has no neighbour in that direction.
+void 审批环节::changePlaces(bool up, int& row) {
     const auto id = toInt16(cell(编号列));
     const auto number = toInt16(环节序号.text());
     const int neighbour = row + (up ? -1 : 1);
-    if (up ? number < 2 : number >= toInt16(列表.text(列表.rows() - 1, 环节列))) return false;
+    if (up ? number < 2 : number >= toInt16(列表.text(列表.rows() - 1, 环节列))) return;
     UpdateHJXH(number, id, toInt16(列表.text(neighbour, 编号列)), up);
     row = neighbour;
-    return true;
 }
 
 void 审批环节::UpdateHJXH(std::int16_t HJ, std::int16_t ID, std::int16_t 邻ID, const bool& up) {

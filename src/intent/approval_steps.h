@@ -30,8 +30,8 @@ class 审批环节 {
     void clearDepartment() { 部门.setText(""); }
 
     /// Changes places with a neighbour: the row `ID` of step number `HJ` and the row `邻ID` of the number
-    /// before it
-    /// (`up`) or behind it, both or neither. Where the numbers have changed meanwhile nothing is written.
+    /// before it (`up`) or behind it, both or neither. Where the numbers have changed meanwhile nothing is
+    /// written.
     void UpdateHJXH(std::int16_t HJ, std::int16_t ID, std::int16_t 邻ID, const bool& up);
 
     Frame 框;
@@ -68,7 +68,7 @@ class 审批环节 {
     void remove();
     void closeGap(const std::string& 环节);
     void move(bool up);
-    bool moved(bool up, int& row);
+    void changePlaces(bool up, int& row);
 
     Application& app_;
     std::string pathId_;

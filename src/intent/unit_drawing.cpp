@@ -44,13 +44,12 @@ void 房源图::layColumns(double width) {
 
 void 房源图::clear() {
     grid_.setRows(0);
+    sections_.clear();
 }
 
 void 房源图::draw(房源行 rows) {
     const Batch drawing(grid_);
     clear();
-    units_.clear();
-    sections_.clear();
     std::int64_t section = 0;
     int column = 0;
     for (; !rows.atEnd(); rows.moveNext()) {
@@ -111,7 +110,7 @@ void 房源图::addContentRow(std::int64_t L_ID) {
 void 房源图::drawUnit(房源行& rows, int column) {
     const int row = grid_.rows() - 1;
     const auto place = static_cast<std::size_t>(placeOf(row, column));
-    units_.resize(place + 1);
+    if (place >= units_.size()) units_.resize(place + 1);
     grid_.setText(row, column, rows.室());
     grid_.setCellColour(row, column, colourOf(rows));
     units_[place] = rows.unit();

@@ -26,6 +26,7 @@ class 房源图 {
 
     /// As many columns as lie side by side in that width (twips); 1 at least.
     void layColumns(double width);
+    /// Leaves no cell and no section. The units keep their places: a mark on one of them may still be there.
     void clear();
     /// Draws all rows in place of what is there. A failure leaves what was drawn until then.
     void draw(房源行 rows);
@@ -53,7 +54,7 @@ class 房源图 {
 
     Grid& grid_;
     const 房源图例& legend_;
-    std::vector<房源> units_;  ///< by place; as far as the last cell drawn
+    std::vector<房源> units_;  ///< by place; as far as the last cell that was ever drawn
     std::vector<楼域统计> sections_;
     double rentable_ = 0;  ///< areas of the section that is being drawn
     double let_ = 0;

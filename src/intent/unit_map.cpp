@@ -51,7 +51,10 @@ void Frm房源一览表::load() {
 }
 
 void Frm房源一览表::openForPicking(std::string_view 管理项目) {
-    if (const int office = 区域.find(管理项目); office >= 0) 区域.setIndex(office);
+    if (const int office = 区域.find(管理项目); office >= 0 && office == 区域.index())
+        drawMap();  // as it is now, with the letter's office chosen anew
+    else if (office >= 0)
+        区域.setIndex(office);
     startPicking();
     选择房源.setVisible(true);
     房源选择确定.setVisible(true);

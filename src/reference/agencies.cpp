@@ -35,11 +35,6 @@ Frm中介公司设置::Frm中介公司设置(Application& app)
     退出.clicked += [this] { app_.screens.unload(*this); };
 }
 
-TextBox& Frm中介公司设置::operator[](std::string_view column) {
-    return *std::find_if(boxes.begin(), boxes.end(),
-                         [&](const TextBox& box) { return box.name() == column; });
-}
-
 void Frm中介公司设置::load() {
     窗体居中(app_, *this);
     status_.showAdding(title);
@@ -74,13 +69,12 @@ void Frm中介公司设置::showEntry() {
     if (列表.key().empty()) {
         清空文本框(*this);
         status_.showAdding(title);
-    } else {
-        for (std::size_t i = 0; i < boxes.size(); ++i)
-            boxes[i].setText(列表.text(列表.row(), static_cast<int>(i) + 1));
-        status_.showChanging(title);
+        return boxes.front().focus();
     }
-    boxes.front().selectAll();
-    boxes.front().focus();
+    for (std::size_t i = 0; i < boxes.size(); ++i)
+        boxes[i].setText(列表.text(列表.row(), static_cast<int>(i) + 1));
+    // The keyboard stays in the list, where it goes from row to row and copies.
+    status_.showChanging(title);
 }
 
 void Frm中介公司设置::save() {
@@ -89,18 +83,16 @@ void Frm中介公司设置::save() {
         return app_.tell("管理项目信息未选择，请选择相应的管理项目！");
     if (trimmed(boxes.front().text()).empty()) return app_.tell("公司名称不能为空，请填写公司名称！");
     const bool adding = status_.showsAdding();
-    if (adding) {
-        if (!add()) return;
-    } else {
-        change();
-    }
+    const std::string name = adding ? std::string(trimmed(boxes.front().text())) : 列表.key();
+    const bool written = adding ? add() : change();
+    if (adding && !written) return;
     // The row shows the typed name, also where the table keeps the former one.
     std::vector<std::string> cells;
     for (const TextBox& box : boxes) cells.emplace_back(trimmed(box.text()));
     列表.put(列表.row(), cells);
     if (adding) 列表.grow();
     列表.reveal(列表.row());
-    app_.saved(cells.front());
+    written ? app_.saved(name) : app_.foundNothing();
 }
 
 bool Frm中介公司设置::add() {
@@ -121,12 +113,14 @@ bool Frm中介公司设置::add() {
     return true;
 }
 
-void Frm中介公司设置::change() {
+bool Frm中介公司设置::change() {
     Recordset agency(app_.主连接,
                      sql("Select * From  YZ_中介公司设置 Where 管理处代号='{}' And 公司名称='{}'",
                          管理处代号_, 列表.key()),
                      Rows::updatable);
-    if (!agency.atEnd()) write(agency, 1);
+    if (agency.atEnd()) return false;
+    write(agency, 1);
+    return true;
 }
 
 void Frm中介公司设置::write(Recordset& agency, std::size_t firstField) {

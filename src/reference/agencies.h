@@ -25,9 +25,6 @@ class Frm中介公司设置 : public Screen {
     explicit Frm中介公司设置(Application& app);
     void load() override;
 
-    /// The box of that column; there must be one.
-    TextBox& operator[](std::string_view column);
-
     Tree 管理项目{*this, "管理项目"};
     SetupGrid 列表;
     std::deque<TextBox> boxes;  ///< one a field, named after its column
@@ -41,7 +38,8 @@ class Frm中介公司设置 : public Screen {
     void showEntry();
     void save();
     bool add();
-    void change();
+    /// Whether the row that is to be changed was still there.
+    bool change();
     void write(Recordset& agency, std::size_t firstField);
     void remove();
 

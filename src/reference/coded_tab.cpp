@@ -76,13 +76,11 @@ void CodedTab::save() {
         return app_.tell(fmt::format("{}不能为空，请重新输入！", kind.codeColumn.text()));
     if (名称.text().empty())
         return app_.tell(fmt::format("{}不能为空，请重新输入！", kind.nameColumn.text()));
-    if (status_.showsTitle(kind.title) && status_.showsAdding()) {
-        if (!add()) return;
-    } else {
-        change();
-    }
+    const bool adding = status_.showsTitle(kind.title) && status_.showsAdding();
+    const bool found = adding ? add() : change();
+    if (adding && !found) return;
     列表.reveal(列表.row());
-    app_.saved(代号.text() + " " + 名称.text());
+    found ? app_.saved(代号.text() + " " + 名称.text()) : app_.foundNothing();
     written();
 }
 
@@ -109,16 +107,16 @@ bool CodedTab::add() {
     return true;
 }
 
-void CodedTab::change() {
+bool CodedTab::change() {
     const std::string code = 列表.key();
     Recordset entry(app_.主连接, sql("Select * From {} Where {}='{}'", kind.table, kind.codeColumn, code),
                     Rows::updatable);
-    if (!entry.atEnd()) {
-        entry[kind.nameColumn] = 名称.text();
-        entry[kind.noteColumn] = 说明.text();
-        entry.update();
-    }
     列表.put(列表.row(), {code, 名称.text(), 说明.text()});
+    if (entry.atEnd()) return false;
+    entry[kind.nameColumn] = 名称.text();
+    entry[kind.noteColumn] = 说明.text();
+    entry.update();
+    return true;
 }
 
 void CodedTab::remove() {

@@ -55,7 +55,8 @@ class CodedTab {
     void focusCode();
     void save();
     bool add();
-    void change();
+    /// Whether the row that is to be changed was still there.
+    bool change();
     void remove();
 
     Application& app_;

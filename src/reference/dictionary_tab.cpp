@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "base/text.h"
+#include "session/helpers.h"
 
 namespace desk {
 
@@ -80,8 +81,7 @@ void DictionaryTab::focusName() {
 void DictionaryTab::showEntry() {
     列表.mark();
     if (列表.key().empty()) {
-        名称.setText("");
-        说明.setText("");
+        清空文本框(框.screen());
         status_.showAdding(kind.title);
         return 名称.focus();
     }
@@ -96,17 +96,14 @@ void DictionaryTab::save() {
     if (name.empty()) return app_.tell(fmt::format("{}不能为空，请重新输入！", kind.nameColumn.text()));
     if (!status_.showsTitle(kind.title)) return;
     const bool adding = status_.showsAdding();
-    if (adding) {
-        if (!add(name)) return;
-    } else {
-        change(name);
-    }
+    const bool written = adding ? add(name) : change(name);
+    if (adding && !written) return;
     // The current row stays where it was: a second new name without a click in between takes the place of the
     // first on the screen, while the table holds both.
     列表.put(列表.row(), {name, std::string(trimmed(说明.text()))});
     if (adding) 列表.grow();
     列表.reveal(列表.row());
-    app_.saved(name);
+    written ? app_.saved(name) : app_.foundNothing();
 }
 
 bool DictionaryTab::add(const std::string& name) {
@@ -124,14 +121,15 @@ bool DictionaryTab::add(const std::string& name) {
     return true;
 }
 
-void DictionaryTab::change(const std::string& name) {
+bool DictionaryTab::change(const std::string& name) {
     Recordset entry(app_.主连接,
                     sql("Select * From {} Where {}='{}'", kind.table, kind.nameColumn, 列表.key()),
                     Rows::updatable);
-    if (entry.atEnd()) return;
+    if (entry.atEnd()) return false;
     entry[kind.nameColumn] = name;
     entry["说明"] = trimmed(说明.text());
     entry.update();
+    return true;
 }
 
 void DictionaryTab::remove() {
@@ -140,8 +138,7 @@ void DictionaryTab::remove() {
     if (!app_.confirmDeletion(kind.question)) return;
     app_.主连接.execute(sql("Delete From {} Where {}='{}'", kind.table, kind.deleteColumn, name));
     列表.dropCurrent();
-    名称.setText("");
-    说明.setText("");
+    清空文本框(框.screen());
     status_.showAdding(kind.title);
 }
 

@@ -50,7 +50,8 @@ class DictionaryTab {
     void focusName();
     void save();
     bool add(const std::string& name);
-    void change(const std::string& name);
+    /// Whether the row that is to be changed was still there.
+    bool change(const std::string& name);
     void remove();
 
     Application& app_;

@@ -147,13 +147,17 @@ void MemberTab::save() {
     if (status_.showsAdding()) {
         if (!add(team)) return;
         readMembers(team);
-    } else {
-        const std::string changed = MSFlexGrid3.key();
-        change();
-        readMembers(team);
-        MSFlexGrid3.goTo(changed);
+        return app_.saved(Text7.text());
     }
-    app_.saved(Text7.text());
+    const std::string number = MSFlexGrid3.key();
+    const std::string name = MSFlexGrid3.text(MSFlexGrid3.row(), 姓名列);
+    const bool written = change();
+    readMembers(team);
+    MSFlexGrid3.goTo(number);
+    // A row keeps its person, whoever was picked meanwhile.
+    员工工号_ = number;
+    Text7.setText(name);
+    written ? app_.saved(name) : app_.foundNothing();
 }
 
 bool MemberTab::add(const std::string& team) {
@@ -173,12 +177,14 @@ bool MemberTab::add(const std::string& team) {
     return true;
 }
 
-void MemberTab::change() {
+bool MemberTab::change() {
     Recordset member(
         app_.主连接,
         sql("Select * From YZ_组人员设置 Where 员工工号='{}' And 终止日期 is Null", MSFlexGrid3.key()),
         Rows::updatable);
-    if (!member.atEnd()) write(member);
+    if (member.atEnd()) return false;
+    write(member);
+    return true;
 }
 
 void MemberTab::write(Recordset& member) {

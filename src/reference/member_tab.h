@@ -46,7 +46,8 @@ class MemberTab {
     void clearFields();
     void save();
     bool add(const std::string& team);
-    void change();
+    /// Whether the row that is to be changed was still there.
+    bool change();
     void write(Recordset& member);
     void remove();
 

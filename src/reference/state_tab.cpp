@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "db/statement.h"
+#include "session/helpers.h"
 #include "ui/batch.h"
 
 namespace desk {
@@ -41,9 +42,7 @@ void StateTab::load() {
 }
 
 void StateTab::clearFields() {
-    状态编号.setText("");
-    状态名称.setText("");
-    说明.setText("");
+    清空文本框(框.screen());
     颜色.setColour(windowColour);
 }
 
@@ -77,15 +76,12 @@ void StateTab::save() {
     if (trimmed(状态名称.text()).empty()) return app_.tell("状态名称不能为空，请重新输入！");
     if (!status_.showsTitle(title)) return;
     const bool adding = status_.showsAdding();
-    if (adding) {
-        if (!add()) return;
-    } else {
-        change();
-    }
+    const bool written = adding ? add() : change();
+    if (adding && !written) return;
     const int row = 列表.row();
     showSaved(adding);
     列表.reveal(row);
-    app_.saved(trimmed(状态名称.text()));
+    written ? app_.saved(trimmed(状态名称.text())) : app_.foundNothing();
 }
 
 bool StateTab::add() {
@@ -103,11 +99,13 @@ bool StateTab::add() {
     return true;
 }
 
-void StateTab::change() {
+bool StateTab::change() {
     Recordset state(app_.主连接, sql("Select * From YZ_跟进状态设置 Where 状态编号='{}'", 列表.key()),
                     Rows::updatable);
     // The code itself is never written: diary rows refer to it.
-    if (!state.atEnd()) write(state);
+    if (state.atEnd()) return false;
+    write(state);
+    return true;
 }
 
 void StateTab::write(Recordset& state) {

@@ -35,7 +35,8 @@ class StateTab {
     void chooseColour();
     void save();
     bool add();
-    void change();
+    /// Whether the row that is to be changed was still there.
+    bool change();
     void write(Recordset& state);
     void showSaved(bool added);
     void remove();

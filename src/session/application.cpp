@@ -1,5 +1,8 @@
 #include "session/application.h"
 
+#include <fmt/format.h>
+
+#include "base/text.h"
 #include "session/login.h"
 #include "ui/desktop.h"
 
@@ -24,7 +27,11 @@ void Application::inform(std::string_view text, std::string_view title) {
 }
 
 void Application::saved(std::string_view what) {
-    desktop.notify("已保存 " + std::string(what));
+    desktop.notify(fmt::format("已保存 {}", trimmed(what)));
+}
+
+void Application::foundNothing() {
+    desktop.notify("没有保存：要修改的记录已不存在");
 }
 
 bool Application::confirm(std::string_view text) {

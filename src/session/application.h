@@ -47,6 +47,8 @@ class Application {
     void inform(std::string_view text, std::string_view title = {});
     /// Tells in passing that `what` has been saved.
     void saved(std::string_view what);
+    /// Tells in passing that a save has found no row to change: somebody has deleted it, or renamed it.
+    void foundNothing();
     /// A Yes/No question titled "提醒"; true for Yes.
     bool confirm(std::string_view text);
     /// The same where something is to be deleted: a hasty Enter says No.

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
+#include <vector>
 
 #include "base/failure.h"
 #include "base/text.h"
@@ -121,9 +123,11 @@ void MDIForm1::权限设置(const std::string& 模块) {
                 "INNER JOIN GroupPrivilege ON 岗位权限设置.组代号 = GroupPrivilege.GroupID Where 授权 = 1 "
                 "AND 岗位代号='{}' AND memo='{}' ORDER BY GroupPrivilege.Popedom",
                 app_.session.登录岗位代号, 模块));
+        std::vector<std::pair<std::string, bool>> privileges;
+        for (auto& row : rows) privileges.emplace_back(row["FormName"].text(), row["Popedom"].flag());
         // Refusals come first, so that a grant in any one group wins.
-        for (auto& row : rows)
-            if (MenuEntry* named = entry(row["FormName"].text())) named->setEnabled(row["Popedom"].flag());
+        for (const auto& [caption, granted] : privileges)
+            if (MenuEntry* named = entry(caption)) named->setEnabled(granted);
     } catch (const RuntimeFailure& failure) {
         reportFailure(app_, failure);
     }

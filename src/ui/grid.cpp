@@ -113,12 +113,6 @@ void Grid::removeRow(int row) {
     structureIsNew();
 }
 
-void Grid::clearTexts() {
-    for (std::size_t i = static_cast<std::size_t>(fixedRows_); i < rows_.size(); ++i)
-        for (auto& cell : rows_[i].cells) cell.clear();
-    cellsAreNew();
-}
-
 void Grid::setCurrent(int row, int column) {
     checkCell(row, column);
     if (row == row_ && column == column_) return;

@@ -56,8 +56,6 @@ class Grid : public Control {
     void removeRow(int row);
     /// Drops all rows below the fixed ones.
     void clear() { setRows(fixedRows_); }
-    /// Empties all cells below the fixed rows; rows stay.
-    void clearTexts();
 
     /// The current cell. A new one raises `currentChanged`.
     int row() const { return row_; }

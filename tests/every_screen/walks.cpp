@@ -162,12 +162,14 @@ Walk unitMap() {
              {"选区域", [=](Scene& scene) { map(scene).区域.pick("01 东塔"); }, "B"},
              {"改变大小", [=](Scene& scene) { map(scene).地图.resize(5000, 3000); }, "B"},
              {"统计", [=](Scene& scene) { map(scene).统计信息.click(); }},
-             {"选房", [=](Scene& scene) {
+             {"选房",
+              [=](Scene& scene) {
                   map(scene).统计信息.click();
                   map(scene).openForPicking("01 东塔");
                   map(scene).地图.click(1, 0);
                   map(scene).房源选择确定.click();
-              }}}};
+              },
+              "BEE"}}};
 }
 
 template <class S>

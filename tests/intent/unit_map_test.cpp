@@ -312,13 +312,36 @@ TEST_F(UnitMap, MarkersStandForPlacesOfTheMap) {
     screen.地图.click(4, 2);
     screen.地图.resize(2 * 700 + 200, 3000);
     EXPECT_EQ(screen.选中.标记[0].area(), (Area{1400, 1900, 700, 650}));
-    // Place 18 is beyond the map of two columns: what is picked there cannot be told.
-    try {
-        screen.房源选择确定.click();
-        FAIL();
-    } catch (const RuntimeFailure& failure) {
-        EXPECT_EQ(failure.number(), 9);
-    }
+    // Its place is beyond the map of two columns: what was picked there is known all the same.
+    const auto area = screen.选中.面积合计();
+    EXPECT_GT(area, 0);
+    screen.地图.click(1, 0);
+    EXPECT_GT(screen.选中.面积合计(), area);
+    screen.房源选择确定.click();
+    EXPECT_EQ(program.app.screens.get<Frm意向书信息>().单元列表.rows(), 3);
+}
+
+/// Whoever comes from the letter sees the map as it is now, and can pick on it.
+TEST_F(UnitMap, OpenedAgainForTheSameOfficeItIsDrawnAnew) {
+    auto& screen = picking();
+    screen.选择房源.click();
+    screen.地图.click(4, 2);
+    screen.统计信息.click();
+    ASSERT_FALSE(screen.地图框.visible());
+    program.run({"Update 室表 Set 室='新名' Where 室='" + screen.地图.text(4, 2) + "'"});
+    screen.openForPicking(screen.区域.text());
+    EXPECT_TRUE(screen.地图框.visible());
+    EXPECT_FALSE(screen.突出显示.visible());
+    EXPECT_EQ(screen.地图.text(4, 2), "新名");
+}
+
+TEST_F(UnitMap, AnOfficeThatCannotBeReadHasNoStatistics) {
+    auto& screen = opened();
+    program.fault = {.in = 1, .number = failure::unspecified};
+    screen.区域.pick("02 西塔");
+    EXPECT_EQ(program.desktop.takeMessage().substr(0, 21), "错误，错误为：");
+    screen.统计信息.click();
+    EXPECT_EQ(screen.统计.块.count(), 0);
 }
 
 TEST_F(UnitMap, HandsThePickedUnitsToTheLetter) {

@@ -31,9 +31,9 @@ TEST_F(Agencies, ADeletionLeavesTheCustomersAlone) {
     EXPECT_EQ(program.rows("Select 公司名称 From YZ_中介公司设置 Where 管理处代号='01'"),
               std::vector<std::string>{"安居"});
     EXPECT_EQ(program.rows("Select 中介公司名称 From YZ_引驻客户信息"), std::vector<std::string>{"佳信"});
-    EXPECT_EQ(screen["公司名称"].text(), "");
+    EXPECT_EQ(screen.boxes.front().text(), "");
     EXPECT_EQ(screen.列表.rows(), 3);
-    screen["公司名称"].type("O'Neil");
+    screen.boxes.front().type("O'Neil");
     screen.确定.click();
     clickAgency("O'Neil");
     willAnswer(Answer::yes);

@@ -92,6 +92,28 @@ TEST_F(Personnel, TheOfficesOfATeamKeepTheirHistory) {
     ASSERT_EQ(program.desktop.messages.size(), 1U);
     EXPECT_EQ(program.desktop.messages[0].text, Fault::text);
     EXPECT_EQ(program.desktop.messages[0].icon, Icon::information);
+    EXPECT_TRUE(office.checked()) << "as it is stored";
+}
+
+/// The row is that of its member, whoever was picked before it was saved.
+TEST_F(Personnel, ASavedChangeShowsWhoWasChanged) {
+    program.run(
+        {"Insert Into YZ_组人员设置 (组代号,员工工号,主职代号,设置日期) Values ('1','E2','2','2011-1-1')"});
+    auto& screen = opened();
+    MemberTab& tab = screen.人员;
+    screen.页签.click(2);
+    tab.TreeView1.click(*tab.TreeView1.find("Z1"));
+    tab.MSFlexGrid3.click(1, 1);
+    ASSERT_EQ(tab.Text7.text(), "周平");
+    pick(tab, "岗位0101 [E01] 林晓");
+    tab.Text8.type("新");
+    tab.确定.click();
+    EXPECT_EQ(tab.Text7.text(), "周平");
+    EXPECT_EQ(program.desktop.notices.back(), "已保存 周平");
+    EXPECT_EQ(program.rows("Select 员工工号,备注 From YZ_组人员设置"), std::vector<std::string>{"E2|新"});
+    program.run({"Update YZ_组人员设置 Set 终止日期='2011-2-1'"});
+    tab.确定.click();
+    EXPECT_EQ(program.desktop.notices.back(), "没有保存：要修改的记录已不存在");
 }
 
 TEST_F(Personnel, AMemberWithTwoPositionsOfTheDepartmentAppearsTwice) {

@@ -85,6 +85,11 @@ std::string ScriptedDesktop::shortDate(const DateTime& day) {
     return formatDate(day, "YYYY/M/D");
 }
 
+void ScriptedDesktop::notify(std::string_view text) {
+    notices.emplace_back(text);
+    note("tells in passing \"" + notices.back() + "\"");
+}
+
 bool ScriptedDesktop::showProgress(std::string_view what, long done, long total, Stopping stopping) {
     showsProgress = total != 0;
     const bool goesOn = !showsProgress || watcher(what, done, total);

@@ -60,7 +60,7 @@ class ScriptedDesktop : public Desktop {
     std::string shortDate(const DateTime& day) override;
     std::optional<Picture> loadPicture(std::string_view path) override;
     void setBusy(bool busy) override { busyDepth += busy ? 1 : -1; }
-    void notify(std::string_view text) override { notices.emplace_back(text); }
+    void notify(std::string_view text) override;
     bool showProgress(std::string_view what, long done, long total, Stopping stopping) override;
     void letEventsRun() override { events(); }
     /// Each timer that runs ticks once.
