@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "platform/xls/container.h"
 #include "xls/fixture.h"
 #include "xls/stream_tools.h"
@@ -64,6 +66,30 @@ TEST_F(OddBooks, TextsThatAreAnnouncedButMissingStayMissing) {
                                      added)),
                   seen)
             << missing;
+}
+
+/// A large picture goes on over many records right ahead of the texts, and new looks come ahead of both.
+TEST_F(OddBooks, TheTextsStandBehindThePicturesHoweverManyLooksAreAdded) {
+    constexpr std::uint16_t pictures = 0x00EB;
+    constexpr int parts = 20;
+    std::string stream = streamWith(emptyWorkbook(), sheetOfTexts("旧", {"甲"}));
+    std::string before = rawRecord(pictures, "picture");
+    for (int i = 0; i < parts; ++i) before += rawRecord(id::continuation, "more of it");
+    for (const Record& each : globalsOf(stream))
+        if (each.id == id::sst) before += rawRecord(id::sst, std::string(each.body));
+    stream = withGlobal(stream, id::sst, before);
+    Worksheet sheet = sheetOfTexts("新", {"乙"});
+    for (int column = 1; column < 15; ++column) {
+        CellLook look;
+        look.fontSize = 10 + column;
+        sheet.at(0, column) = {"丙", look};
+    }
+    std::vector<std::uint16_t> order;
+    for (const Record& each : globalsOf(streamWith(stream, sheet))) order.push_back(each.id);
+    const auto at = std::find(order.begin(), order.end(), pictures);
+    ASSERT_GT(order.end() - at, parts + 1);
+    EXPECT_EQ(std::count(at + 1, at + 1 + parts, std::uint16_t{id::continuation}), parts);
+    EXPECT_EQ(*(at + 1 + parts), id::sst);
 }
 
 TEST_F(OddBooks, AnEmptyContinuationOfTheTextsHoldsNothing) {

@@ -118,7 +118,7 @@ SharedStrings::SharedStrings(Globals& globals) : globals_(globals) {
     const auto first =
         std::find_if(items.begin(), items.end(), [](const auto& item) { return item.id == id::sst; });
     if (first == items.end()) {
-        where_ = items.size() - 1;
+        behind_ = 1;
         segments_.emplace_back(headSize, '\0');
         return;
     }
@@ -127,7 +127,7 @@ SharedStrings::SharedStrings(Globals& globals) : globals_(globals) {
     // Some readers stumble over a continuation without anything in it, which some programs write.
     for (auto item = first; item != end; ++item)
         if (item == first || !item->body.empty()) segments_.push_back(std::move(item->body));
-    where_ = static_cast<std::size_t>(first - items.begin());
+    behind_ = static_cast<std::size_t>(items.end() - end);
     items.erase(first, end);
     readOld();
 }
@@ -237,14 +237,15 @@ void SharedStrings::finish() {
     for (std::string& segment : segments_)
         items.push_back({items.empty() ? id::sst : id::continuation, std::move(segment)});
     items.push_back(std::move(fast));
-    const auto place = globals_.items.begin() + static_cast<std::ptrdiff_t>(where_);
+    const auto place = globals_.items.end() - static_cast<std::ptrdiff_t>(behind_);
     globals_.items.insert(place, std::make_move_iterator(items.begin()),
                           std::make_move_iterator(items.end()));
 }
 
 std::string SharedStrings::extSst() const {
     std::size_t start = 0;
-    for (std::size_t i = 0; i < where_; ++i) start += headerSize + globals_.items[i].body.size();
+    for (std::size_t i = 0; i + behind_ < globals_.items.size(); ++i)
+        start += headerSize + globals_.items[i].body.size();
     std::vector<std::size_t> starts;
     for (const auto& segment : segments_) {
         starts.push_back(start);

@@ -71,7 +71,7 @@ class SharedStrings {
     std::string extSst() const;
 
     Globals& globals_;
-    std::size_t where_;                  ///< item of the globals at which the texts stand
+    std::size_t behind_;                 ///< items of the globals behind the texts; looks come ahead of them
     std::vector<std::string> segments_;  ///< bodies of the record and its continuations
     std::deque<Place> places_;
     std::uint32_t total_ = 0;
