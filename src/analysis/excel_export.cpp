@@ -74,7 +74,12 @@ void FrmToExcel::browse() {
     const auto chosen = app_.desktop.chooseFile({app_.platform.files.programDirectory(),
                                                  "Excel Flie *.xls|*.xls|All flie *.*|*.*", FilePurpose::save,
                                                  proposedName()});
-    if (chosen) 文件.setText(workbookName(*chosen));
+    if (chosen) 文件.setText(targetName(*chosen));
+}
+
+std::string FrmToExcel::targetName(const std::string& name) const {
+    // Who picks a workbook without an ending means that one, and not a new one beside it.
+    return app_.platform.files.exists(name) ? name : workbookName(name);
 }
 
 std::string FrmToExcel::proposedName() const {
@@ -86,7 +91,7 @@ std::string FrmToExcel::proposedName() const {
 
 void FrmToExcel::output() {
     if (文档标题.text().empty() || 工作表名称.text().empty()) return app_.tell("请输入标题内容");
-    if (!文件.text().empty()) 文件.setText(workbookName(文件.text()));
+    if (!文件.text().empty()) 文件.setText(targetName(文件.text()));
     bool done = false;
     To_Execl(*源表格, 文档标题.text(), 工作表名称.text(), done);
     if (done) return app_.screens.unload(*this);

@@ -40,6 +40,7 @@ class FrmToExcel : public Screen {
 
   private:
     void browse();
+    std::string targetName(const std::string& name) const;
     std::string proposedName() const;
     void output();
     void tellWhere();

@@ -63,8 +63,8 @@ Frm客户跟进记录::Frm客户跟进记录(Application& app)
     页签.selected += [this] { showTab(); };
 
     for (TextBox* box : {&跟进日期, &预约日期}) box->focused += [box] { box->selectAll(); };
-    日历.serve(跟进日期, 跟进日期按钮, 跟进日期序号);
-    日历.serve(预约日期, 预约日期按钮, 预约日期序号);
+    日历.serve(跟进日期, 跟进日期按钮, 跟进日期序号, DayGoesTo::openedField);
+    日历.serve(预约日期, 预约日期按钮, 预约日期序号, DayGoesTo::openedField);
     日历.dayTaken += [this](int field) {
         (field == 跟进日期序号 ? 跟进日期按钮 : 预约日期按钮).setVisible(false);
         if (field == 跟进日期序号)
@@ -128,8 +128,7 @@ void Frm客户跟进记录::clearEntry() {
 void Frm客户跟进记录::leaveCustomer() {
     clearEntry();
     删除.setEnabled(false);
-    跟进日期按钮.setVisible(false);
-    预约日期按钮.setVisible(false);
+    hideCalendar();
     清空文本框(*this);
 }
 
@@ -187,6 +186,7 @@ void Frm客户跟进记录::showDiaryRow() {
     // row.
     跟进人员.setIndex(-1);
     跟进状态.setIndex(-1);
+    颜色.setColour(windowColour);
     跟进人员.selectName(跟进列表.text(row, 跟进人列));
     跟进状态.selectName(跟进列表.text(row, 状态列));
     currentId_ = 跟进列表.text(row, 编号列);
@@ -251,7 +251,15 @@ void Frm客户跟进记录::remove() {
     reloadCustomer();
 }
 
+void Frm客户跟进记录::hideCalendar() {
+    日历.hide();
+    跟进日期按钮.setVisible(false);
+    预约日期按钮.setVisible(false);
+}
+
 void Frm客户跟进记录::showTab() {
+    // They float over the whole screen, and would lie over the diary.
+    hideCalendar();
     记录页.setVisible(页签.index() == 0);
     情况页.setVisible(页签.index() == 1);
 }

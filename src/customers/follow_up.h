@@ -53,6 +53,7 @@ class Frm客户跟进记录 : public Screen {
     void fillStates();
     void chooseOffice();
     void leaveCustomer();
+    void hideCalendar();
     void selectCustomer(const TreeNode& node);
     void showCustomer(const std::string& no);
     void readDiary(const std::string& no);

@@ -147,7 +147,11 @@ void 登记页::nameColumns() {
 }
 
 void 登记页::connect() {
-    管理项目.selected += [this] { refillTree(); };
+    管理项目.selected += [this] {
+        // What it offers are the agencies of the office before.
+        if (中介) 中介->面板.close();
+        refillTree();
+    };
     客户.nodeClicked += [this](TreeNode& node) { selectNode(node); };
     采用自动编号.clicked += [this] { followAutomaticBox(); };
     新增.clicked += [this] { startOrCancel(); };

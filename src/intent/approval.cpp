@@ -117,7 +117,7 @@ void Frm意向书审批::refuse() {
     if (const auto step = stepOf(sql("SELECT Top 1  环节序号, 意向书ID From YZ_意向书审批情况 WHERE 意向书ID "
                                      "= {} Order By 环节序号",
                                      numeral(id))))
-        *step == 0 ? 单级拒绝处理(id) : 多级拒绝处理(id);
+        *step == 0 ? 单级拒绝处理(id) : 拒绝意向书(id);
     removeNode();
 }
 

@@ -56,7 +56,7 @@ class Frm意向书审批 : public Screen {
     /// The number of the first approval that the statement gives, nothing where there is none.
     std::optional<std::int64_t> stepOf(const std::string& statement);
     void 单级拒绝处理(const std::string& 意向书ID);
-    void 多级拒绝处理(const std::string& 意向书ID);
+    void 拒绝意向书(const std::string& 意向书ID);
     void removeNode();
     std::string now() const;
 

@@ -57,10 +57,10 @@ void Frm意向书审批::单级拒绝处理(const std::string& 意向书ID) {
                 "FJ") == 0)
         on.execute(sql("UPDATE YZ_意向书信息 SET 流转通过 = 1,流转结束日期 = '{}' WHERE ID = {}", now(), id));
     else
-        多级拒绝处理(意向书ID);
+        拒绝意向书(意向书ID);
 }
 
-void Frm意向书审批::多级拒绝处理(const std::string& 意向书ID) {
+void Frm意向书审批::拒绝意向书(const std::string& 意向书ID) {
     app_.主连接.execute(sql("UPDATE YZ_意向书信息 SET 流转通过 = 0,流转结束日期 = '{}' WHERE ID = {}", now(),
                             numeral(意向书ID)));
 }

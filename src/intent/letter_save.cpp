@@ -7,8 +7,11 @@ namespace desk {
 
 void Frm意向书信息::save() {
     if (!管理项目.hasSelection()) return;
-    if (!新增.entering() && !shownOf_.empty() && !isShown()) return app_.desktop.notify(先选意向书);
     const std::string& number = 信息.登记编号.text();
+    // A new letter that was given up leaves a number behind that no letter has.
+    const bool givenUp = number == 自动编号提示;
+    if (!新增.entering() && (givenUp || (!shownOf_.empty() && !isShown())))
+        return app_.desktop.notify(先选意向书);
     if (number.empty() || number == 输入编号提示) return app_.tell("请输入登记编号");
     if (!storeLetter()) return;
     if (!单元.reserve(信息.id(), 信息["租赁起始日期"].text())) return;

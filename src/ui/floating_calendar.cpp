@@ -7,10 +7,11 @@ FloatingCalendar::FloatingCalendar(Screen& screen, Desktop& desktop, const std::
     日历.dayClicked += [this](const DateTime& day) { take(day); };
 }
 
-void FloatingCalendar::serve(TextBox& field, Button& button, int number) {
-    field.focused += [this, &field, &button, number] {
+void FloatingCalendar::serve(TextBox& field, Button& button, int number, DayGoesTo dayGoesTo) {
+    field.focused += [this, &field, &button, number, dayGoesTo] {
         button.setAnchor(&field);
         button.setVisible(true);
+        if (dayGoesTo == DayGoesTo::openedField) return;
         field_ = &field;
         number_ = number;
     };

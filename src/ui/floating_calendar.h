@@ -7,6 +7,10 @@
 
 namespace desk {
 
+/// Which field takes the day that is clicked: the one that had the focus last, or the one whose button opened
+/// the calendar, whatever had the focus since.
+enum class DayGoesTo { focusedField, openedField };
+
 /// One month calendar that serves several date fields. A field that takes the focus gets its button at its
 /// right edge; the button shows or hides the calendar below the field, at the field's own day where it has
 /// one, and a click on a day writes it into the field.
@@ -15,7 +19,7 @@ class FloatingCalendar {
     FloatingCalendar(Screen& screen, Desktop& desktop, const std::string& name);
 
     /// Serves `field`, remembered under `number`. Several fields may share a button.
-    void serve(TextBox& field, Button& button, int number);
+    void serve(TextBox& field, Button& button, int number, DayGoesTo dayGoesTo = DayGoesTo::focusedField);
     void hide() { 面板.close(); }
 
     Panel 面板;

@@ -55,13 +55,16 @@ TEST_F(ExcelExport, AClickChoosesAColumnAndADoubleClickGivesItUp) {
 TEST_F(ExcelExport, AnExistingBookKeepsItsSheetsAndAMissingOneIsMade) {
     form().Command2.click();
     EXPECT_EQ(namesIn("/data/a.xls"), std::vector<std::string>{"表"});
-    program.files.written["/data/old.xls"];
-    program.spreadsheets.books["/data/old.xls"].emplace_back("旧");
-    form().Config(source.grid, "新", "题");
-    form().文件.setText("/data/old.xls");
-    form().Command2.click();
-    EXPECT_EQ(namesIn("/data/old.xls"), (std::vector<std::string>{"旧", "新"}));
-    EXPECT_FALSE(isOpen());
+    for (const char* book : {"/data/old.xls", "/data/without ending"}) {
+        program.files.written[book];
+        program.spreadsheets.books[book].emplace_back("旧");
+        form().Config(source.grid, "新", "题");
+        program.desktop.files = {book};
+        form().Command1.click();
+        form().Command2.click();
+        EXPECT_EQ(namesIn(book), (std::vector<std::string>{"旧", "新"}));
+        EXPECT_FALSE(isOpen());
+    }
 }
 
 TEST_F(ExcelExport, WhatIsMissingIsToldAndNothingIsWritten) {

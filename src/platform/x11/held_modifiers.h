@@ -2,7 +2,6 @@
 
 #include <X11/Xlib.h>
 
-#include <map>
 #include <vector>
 
 #include "platform/x11/key_map.h"

@@ -3,7 +3,6 @@
 #include <X11/extensions/XTest.h>
 
 #include <algorithm>
-#include <bit>
 
 #include "base/failure.h"
 #include "platform/x11/key_symbols.h"
