@@ -49,6 +49,10 @@ TEST(AfterASave, TheLeadIsInViewUnselectedAndToldOf) {
     EXPECT_EQ(revealed, "DM31");
     EXPECT_EQ(page.客户.selected(), nullptr);
     EXPECT_EQ(at.program.desktop.notices, std::vector<std::string>{"已保存 31"});
+    // Each page has keys of its own.
+    std::string keys;
+    for (const 登记页* each : at.screen().pages()) keys += std::string(each->rules().键前缀) + " ";
+    EXPECT_EQ(keys, "RM DM ZM ");
 }
 
 TEST(AfterASave, TheEntryOfTheDiaryIsInView) {
@@ -66,21 +70,6 @@ TEST(AfterASave, TheEntryOfTheDiaryIsInView) {
     screen.确定.click();
     EXPECT_EQ(revealed, 2) << "between the two others";
     EXPECT_EQ(at.program.desktop.notices, std::vector<std::string>{"已保存 7"});
-}
-
-TEST(Diary, CancellingBringsBackTheEntryThatWasChosenIfAny) {
-    AtWork<Frm客户跟进记录> at;
-    auto& screen = at.screen();
-    screen.管理项目.pick("01 东塔");
-    screen.客户.click(*screen.客户.find("D7"));
-    screen.跟进列表.click(2, 1);
-    ASSERT_EQ(screen.跟进情况.text(), "回访");
-    // A new entry is of no row any more, so that its cancelling leaves it empty.
-    screen.新增.click();
-    EXPECT_EQ(screen.跟进情况.text(), "");
-    screen.新增.click();
-    EXPECT_EQ(screen.新增.caption(), "新增");
-    EXPECT_EQ(screen.跟进情况.text(), "");
 }
 
 }  // namespace
