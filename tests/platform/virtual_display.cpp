@@ -33,6 +33,9 @@ std::string lineFrom(int descriptor) {
 
 VirtualDisplay::VirtualDisplay(Manager manager) {
     if (const char* display = std::getenv("DISPLAY")) former_ = display;
+    // A display of its own belongs to no session: a library that asks for the session's bus would find the
+    // machine's, or try to start one, which leaks in there where that fails.
+    ::setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1);
     std::array<int, 2> ends{};
     if (::pipe(ends.data()) != 0) return;
     run({"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0", "800x600x24", "-nolisten", "tcp",
