@@ -1,19 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "base/failure.h"
 #include "base/money.h"
+#include "support/failures.h"
 
 namespace desk {
 namespace {
-
-long failureOf(const auto& action) {
-    try {
-        action();
-    } catch (const RuntimeFailure& failure) {
-        return failure.number();
-    }
-    return 0;
-}
 
 TEST(Money, HasFourPlacesAndRoundsHalvesToTheEvenNeighbour) {
     EXPECT_EQ(Money::of(12.5).text(), "12.5");

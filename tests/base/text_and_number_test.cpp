@@ -1,23 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "base/date.h"
-#include "base/failure.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "support/failures.h"
 
 namespace desk {
 namespace {
-
-long failureOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const RuntimeFailure& failure) {
-        return failure.number();
-    }
-    return 0;
-}
 
 TEST(Text, CodedEntriesSplitAtTheFirstBlankOnly) {
     EXPECT_EQ(codeBeforeBlank("01 东 塔"), "01");

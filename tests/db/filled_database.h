@@ -1,15 +1,14 @@
 #pragma once
 
 #include <fstream>
-#include <functional>
 #include <string>
 #include <vector>
 
-#include "base/failure.h"
 #include "base/text.h"
 #include "db/recordset.h"
 #include "db/statement.h"
 #include "schema/catalogue.h"
+#include "support/failures.h"
 #include "wire/engine_choice.h"
 
 namespace desk {
@@ -51,25 +50,5 @@ struct FilledDatabase : EmptyDatabase {
         for (const auto& statement : linesOf("filled.txt")) connection.execute(statement);
     }
 };
-
-/// The number of the failure that `action` ends with; 0 if it ends well.
-inline long failureOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const RuntimeFailure& failure) {
-        return failure.number();
-    }
-    return 0;
-}
-
-/// The text of the failure that `action` ends with.
-inline std::string failureTextOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const RuntimeFailure& failure) {
-        return failure.description();
-    }
-    return {};
-}
 
 }  // namespace desk

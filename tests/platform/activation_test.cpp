@@ -4,10 +4,10 @@
 #include <cstdlib>
 #include <thread>
 
-#include "base/failure.h"
 #include "platform/eventually.h"
 #include "platform/virtual_display.h"
 #include "platform/x11/x11_programs.h"
+#include "support/failures.h"
 
 // Behind all others: its macros have the commonest of names.
 #include <X11/Xutil.h>
@@ -62,12 +62,7 @@ class OtherProgram {
 };
 
 long failureOf(std::string_view title) {
-    try {
-        X11Programs().activate(title);
-        return 0;
-    } catch (const RuntimeFailure& failure) {
-        return failure.number();
-    }
+    return desk::failureOf([&] { X11Programs().activate(title); });
 }
 
 bool isManaged(Window window) {

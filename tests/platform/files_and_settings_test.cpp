@@ -6,11 +6,11 @@
 #include <fstream>
 #include <sstream>
 
-#include "base/failure.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/replaced_file.h"
 #include "platform/settings.h"
+#include "support/failures.h"
 
 namespace desk {
 namespace {
@@ -20,16 +20,6 @@ namespace fs = std::filesystem;
 std::string contents(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
-}
-
-template <class Action>
-long failureOf(Action action) {
-    try {
-        action();
-        return 0;
-    } catch (const RuntimeFailure& failure) {
-        return failure.number();
-    }
 }
 
 /// A folder of the test's own, gone when the test ends.

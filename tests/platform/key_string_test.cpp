@@ -3,8 +3,8 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include "base/failure.h"
 #include "base/text.h"
+#include "support/failures.h"
 
 namespace desk {
 namespace {
@@ -36,16 +36,6 @@ std::string read(std::string_view text) {
     std::vector<std::string> words;
     for (const auto& action : readKeyString(text)) words.push_back(std::visit(InShort(), action));
     return join(words, " ");
-}
-
-/// The text of the failure that must come.
-std::string refusalOf(std::string_view text) {
-    try {
-        return "accepted as " + read(text);
-    } catch (const RuntimeFailure& failure) {
-        EXPECT_EQ(failure.number(), failure::invalidCall) << text;
-        return failure.description();
-    }
 }
 
 const std::string enter = "#" + std::to_string(static_cast<int>(Key::enter));
@@ -164,7 +154,9 @@ TEST(KeyString, AWrongOneFailsWith5AndNamesThePositionButNotTheText) {
         {"{张三}", 2},    {"{\x01}", 2},
         {"((((", 4},      {"{h 99999999999999999999}", 8}};
     for (const auto& [text, position] : wrong)
-        EXPECT_EQ(refusalOf(text), fmt::format("无效的过程调用或参数：按键文本的第 {} 个字符有误", position))
+        EXPECT_EQ(outcomeOf([&] { readKeyString(text); }),
+                  (Outcome{failure::invalidCall,
+                           fmt::format("无效的过程调用或参数：按键文本的第 {} 个字符有误", position)}))
             << text;
 }
 

@@ -2,9 +2,9 @@
 
 #include <cstdlib>
 
-#include "base/failure.h"
 #include "platform/virtual_display.h"
 #include "platform/x11/x11_pointer.h"
+#include "support/failures.h"
 
 // Behind all others: its macros have the commonest of names.
 #include <X11/Xlib.h>
@@ -86,14 +86,6 @@ TEST(PointerOfX11, GoesWhereItIsPutAndPressesWhatItIsTold) {
 
 TEST(PointerOfX11, FailsWith70WithoutAServerWhereThereIsAnythingToDo) {
     ::unsetenv("DISPLAY");
-    const auto failureOf = [](const auto& call) -> long {
-        try {
-            call();
-            return 0;
-        } catch (const RuntimeFailure& failure) {
-            return failure.number();
-        }
-    };
     X11Pointer pointer;
     EXPECT_EQ(failureOf([&] { pointer.moveTo(0, 0); }), failure::permissionDenied);
     EXPECT_EQ(failureOf([&] { pointer.event(Pointer::leftDown, 0, 0); }), failure::permissionDenied);

@@ -21,6 +21,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr auto oftenEnough = std::chrono::milliseconds(20);
+/// Patience looks more often.
+constexpr auto betweenTicks = std::chrono::milliseconds(60);
 
 /// Empty also for a process that ends just now.
 std::string contentOf(const fs::path& file) {
@@ -45,10 +47,19 @@ Counter::Counter() {
     patience_.emplace();
     QObject::connect(&answering_, &QTimer::timeout, &answering_, [this] { answerBox(); });
     answering_.start(oftenEnough);
+    // The run waits for ticks of the screen's timer, and patience for the other program: no need to wait for
+    // both.
+    QObject::connect(&hurrying_, &QTimer::timeout, &hurrying_, [this] {
+        auto* screen = app().screens.loaded(Frm税控发票打印::screenName);
+        auto* timer = screen == nullptr ? nullptr : dynamic_cast<Timer*>(screen->control("计时"));
+        if (timer != nullptr && timer->enabled()) timer->tick();
+    });
+    hurrying_.start(betweenTicks);
 }
 
 Counter::~Counter() {
     answering_.stop();
+    hurrying_.stop();
     patience_.reset();
     program_.reset();
     for (const pid_t process : devices()) ::kill(process, SIGKILL);

@@ -50,6 +50,7 @@ class Counter : public testing::Test {
     std::optional<desktop::Program> program_;
     std::optional<tour::Patience> patience_;
     QTimer answering_;
+    QTimer hurrying_;
     QStringList answers_;
     QStringList said_;
     std::vector<const char*> told_;

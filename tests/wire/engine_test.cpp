@@ -6,28 +6,13 @@
 #include "db/recordset.h"
 #include "db/statement.h"
 #include "db/transaction.h"
+#include "support/failures.h"
 #include "wire/server_fixture.h"
 
 namespace desk::wire {
 namespace {
 
 constexpr const char* lostText = "与数据库服务器的连接已中断。请检查网络和服务器，然后重新登录。";
-
-/// What a person sees of a failure.
-struct Seen {
-    long number = 0;
-    std::string text{};
-    bool operator==(const Seen&) const = default;
-};
-
-Seen seen(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const RuntimeFailure& failure) {
-        return {failure.number(), failure.description()};
-    }
-    return {};
-}
 
 class ServerEngine : public ServedOffice {
   protected:
@@ -53,7 +38,7 @@ class ServerEngine : public ServedOffice {
 
 TEST_F(ServerEngine, TellsWhyItCannotConnect) {
     const auto opened = [&](const std::string& connectionString) {
-        const auto failed = seen([&] { office.open(connectionString, std::chrono::seconds(1)); });
+        const auto failed = outcomeOf([&] { office.open(connectionString, std::chrono::seconds(1)); });
         EXPECT_EQ(failed.number, failure::unspecified);
         EXPECT_FALSE(office.isOpen());
         const auto head = "无法连接数据库服务器 '" + server.dataSource() + "'：";
@@ -82,7 +67,7 @@ TEST_F(ServerEngine, TellsTheServerNamesAndSecretsAsTheyAre) {
         behave([&](Behaviour& b) { b.user = b.password = secret; });
         std::string doubled;
         for (const char* c = secret; *c != '\0'; ++c) doubled += std::string(*c == '\'' ? 2 : 1, *c);
-        EXPECT_EQ(seen([&] {
+        EXPECT_EQ(outcomeOf([&] {
                       office.open(text("User ID='" + doubled + "';Password='" + doubled + "'"),
                                   std::chrono::seconds(5));
                   }).text,
@@ -91,7 +76,7 @@ TEST_F(ServerEngine, TellsTheServerNamesAndSecretsAsTheyAre) {
         EXPECT_EQ(server.logins().back().user, secret);
         EXPECT_EQ(server.logins().back().database, "office");
     }
-    EXPECT_EQ(seen([&] { office.open(text("Password='a};b'"), std::chrono::seconds(5)); }).number,
+    EXPECT_EQ(outcomeOf([&] { office.open(text("Password='a};b'"), std::chrono::seconds(5)); }).number,
               failure::unspecified);
 }
 
@@ -116,7 +101,7 @@ TEST_F(ServerEngine, TrustsTheServerWhoseCertificateIsNamed) {
     const auto withCertificates = [&](const std::string& file, const std::string& more = {}) {
         ::setenv("TENANT_DESK_CERTIFICATES", file.c_str(), 1);
         ::setenv("TMPDIR", folder.c_str(), 1);
-        const auto failed = seen([&] { office.open(text(more), std::chrono::seconds(5)); });
+        const auto failed = outcomeOf([&] { office.open(text(more), std::chrono::seconds(5)); });
         ::unsetenv("TMPDIR");
         ::unsetenv("TENANT_DESK_CERTIFICATES");
         // What the driver was told by lies about no longer.
@@ -252,11 +237,11 @@ TEST_F(ServerEngine, AddressesARowByWhatKeepsItApart) {
     EXPECT_EQ(lastBatch(), "Update [YZ_引驻客户跟进记录] Set [跟进情况]='x' Where [ID]=1");
     office.execute("Delete From YZ_引驻客户跟进记录");
     lead["跟进情况"] = "y";
-    EXPECT_EQ(seen([&] { lead.update(); }).number, failure::rowGone);
+    EXPECT_EQ(outcomeOf([&] { lead.update(); }).number, failure::rowGone);
 
     Recordset partly(office, "Select 组名称 From YZ_组表", Rows::updatable);
     partly["组名称"] = "x";
-    EXPECT_EQ(seen([&] { partly.update(); }).number, failure::updateNotSupported);
+    EXPECT_EQ(outcomeOf([&] { partly.update(); }).number, failure::updateNotSupported);
 }
 
 TEST_F(ServerEngine, TellsServerFailuresByTheNumbersThatUsersKnow) {
@@ -273,10 +258,10 @@ TEST_F(ServerEngine, TellsServerFailuresByTheNumbersThatUsersKnow) {
         behave([number = told](Behaviour& b) {
             b.failure = [number](std::string_view) { return Failure{number, "服务器的话"}; };
         });
-        const auto failed = seen([&] { office.execute("Delete From YZ_组表"); });
+        const auto failed = outcomeOf([&] { office.execute("Delete From YZ_组表"); });
         EXPECT_EQ(failed.number, known) << told;
         EXPECT_EQ(failed.text == "服务器的话", known != failure::timedOut) << failed.text;
-        EXPECT_EQ(seen([&] { rows("Select * From YZ_组表"); }).number, known) << told;
+        EXPECT_EQ(outcomeOf([&] { rows("Select * From YZ_组表"); }).number, known) << told;
     }
     server.behave({});
     EXPECT_TRUE(rows("Select * From YZ_组表").empty());
@@ -288,11 +273,11 @@ TEST_F(ServerEngine, FailsWhenTheLineHasGone) {
         enter();
         Recordset open(office, "Select 1 As a");
         behave([&](Behaviour& b) { b.fate = [fate](std::string_view) { return fate; }; });
-        const Seen lost{failure::unspecified, lostText};
-        EXPECT_EQ(seen([&] { office.execute("Delete From YZ_组表"); }), lost);
-        EXPECT_EQ(seen([&] { office.execute("Delete From YZ_组表"); }), lost);
-        EXPECT_EQ(seen([&] { rows("Select * From YZ_组表"); }), lost);
-        EXPECT_EQ(seen([&] { office.begin(); }), lost);
+        const Outcome lost{failure::unspecified, lostText};
+        EXPECT_EQ(outcomeOf([&] { office.execute("Delete From YZ_组表"); }), lost);
+        EXPECT_EQ(outcomeOf([&] { office.execute("Delete From YZ_组表"); }), lost);
+        EXPECT_EQ(outcomeOf([&] { rows("Select * From YZ_组表"); }), lost);
+        EXPECT_EQ(outcomeOf([&] { office.begin(); }), lost);
         EXPECT_EQ(open[0].integer(), 1);
     }
 }
@@ -304,9 +289,9 @@ TEST_F(ServerEngine, FailsWhenTheServerHasStopped) {
         auto other = std::make_unique<Server>(folder, Behaviour{.encryption = encryption});
         office.open(text("Data Source='" + other->dataSource() + "'"), std::chrono::seconds(5));
         other.reset();
-        const Seen lost{failure::unspecified, lostText};
-        EXPECT_EQ(seen([&] { rows("Select * From YZ_组表"); }), lost);
-        EXPECT_EQ(seen([&] { office.execute("Delete From YZ_组表"); }), lost);
+        const Outcome lost{failure::unspecified, lostText};
+        EXPECT_EQ(outcomeOf([&] { rows("Select * From YZ_组表"); }), lost);
+        EXPECT_EQ(outcomeOf([&] { office.execute("Delete From YZ_组表"); }), lost);
     }
 }
 
@@ -318,18 +303,18 @@ TEST_F(ServerEngine, FailsInTheMidstOfRows) {
     all.commit();
     behave([](Behaviour& b) { b.fate = [](std::string_view) { return Fate::lostWithin; }; });
     int count = 0;
-    const auto failed = seen([&] {
+    const auto failed = outcomeOf([&] {
         for (auto& row : Recordset(office, "Select * From YZ_区域设置")) {
             EXPECT_EQ(row["说明"].text(), "说明说明说明说明说明说明说明");
             ++count;
         }
     });
-    EXPECT_EQ(failed, (Seen{failure::unspecified, lostText}));
+    EXPECT_EQ(failed, (Outcome{failure::unspecified, lostText}));
     EXPECT_LT(count, 500);
     server.behave({});
     enter();
     behave([](Behaviour& b) { b.fate = [](std::string_view) { return Fate::lostWithin; }; });
-    EXPECT_EQ(seen([&] { office.execute("Select * From YZ_区域设置"); }), failed);
+    EXPECT_EQ(outcomeOf([&] { office.execute("Select * From YZ_区域设置"); }), failed);
 }
 
 TEST_F(ServerEngine, GivesUpWaitingAfterItsTime) {
@@ -339,14 +324,14 @@ TEST_F(ServerEngine, GivesUpWaitingAfterItsTime) {
             return batch.starts_with("Delete") ? Fate::waitsUntilCalled : Fate::answered;
         };
     });
-    const Seen timedOut{failure::timedOut,
-                        "超时已过期：数据库服务器没有及时应答，或所需的数据正被其他工作站占用。"};
-    EXPECT_EQ(seen([&] { office.execute("Delete From YZ_组表"); }), timedOut);
+    const Outcome timedOut{failure::timedOut,
+                           "超时已过期：数据库服务器没有及时应答，或所需的数据正被其他工作站占用。"};
+    EXPECT_EQ(outcomeOf([&] { office.execute("Delete From YZ_组表"); }), timedOut);
     EXPECT_EQ(server.calledOff(), 1);
     EXPECT_EQ(rows("Select 1 As a").size(), 1U);
     behave([](Behaviour& b) { b.fate = [](std::string_view) { return Fate::unanswered; }; });
-    EXPECT_EQ(seen([&] { rows("Select 1 As a"); }), timedOut);
-    EXPECT_EQ(seen([&] { rows("Select 1 As a"); }), (Seen{failure::unspecified, lostText}));
+    EXPECT_EQ(outcomeOf([&] { rows("Select 1 As a"); }), timedOut);
+    EXPECT_EQ(outcomeOf([&] { rows("Select 1 As a"); }), (Outcome{failure::unspecified, lostText}));
 }
 
 TEST_F(ServerEngine, WritesWhileRowsWait) {
@@ -372,12 +357,12 @@ TEST_F(ServerEngine, KeepsATransactionTogether) {
     {
         Transaction all(office);
         office.execute("Insert Into YZ_组表 (组代号) Values ('1')");
-        EXPECT_EQ(seen([&] { office.execute("Insert Into YZ_组表 (组代号) Values (Null)"); }).number,
+        EXPECT_EQ(outcomeOf([&] { office.execute("Insert Into YZ_组表 (组代号) Values (Null)"); }).number,
                   failure::violatedRule);
     }
     EXPECT_TRUE(rows("Select * From YZ_组表").empty());
     Transaction all(office);
-    EXPECT_NE(seen([&] { office.execute("Insert Into YZ_组表 (组代号) Values (Null)"); }).number, 0);
+    EXPECT_NE(outcomeOf([&] { office.execute("Insert Into YZ_组表 (组代号) Values (Null)"); }).number, 0);
     office.execute("Insert Into YZ_组表 (组代号) Values ('1')");
     all.commit();
     EXPECT_EQ(rows("Select 组代号 From YZ_组表"), std::vector<std::string>{"1"});
@@ -393,18 +378,18 @@ TEST_F(ServerEngine, WritesNoMoreInATransactionThatTheServerHasUndone) {
             return Failure{Failure::lostToAnother, "已被选作死锁牺牲品。", 13};
         };
     });
-    const Seen undone{failure::unspecified, "数据库服务器已撤消了这一事务，其中的写入都没有保存。"};
+    const Outcome undone{failure::unspecified, "数据库服务器已撤消了这一事务，其中的写入都没有保存。"};
     {
         Transaction all(office);
         office.execute("Insert Into YZ_组表 (组代号) Values ('1')");
-        EXPECT_NE(seen([&] { office.execute("Delete From YZ_组表"); }).number, 0);
-        EXPECT_EQ(seen([&] { office.execute("Insert Into YZ_组表 (组代号) Values ('2')"); }), undone);
-        EXPECT_EQ(seen([&] { rows("Select * From YZ_组表"); }), undone);
+        EXPECT_NE(outcomeOf([&] { office.execute("Delete From YZ_组表"); }).number, 0);
+        EXPECT_EQ(outcomeOf([&] { office.execute("Insert Into YZ_组表 (组代号) Values ('2')"); }), undone);
+        EXPECT_EQ(outcomeOf([&] { rows("Select * From YZ_组表"); }), undone);
     }
     EXPECT_TRUE(rows("Select * From YZ_组表").empty());
     office.begin();
-    EXPECT_NE(seen([&] { office.execute("Delete From YZ_组表"); }).number, 0);
-    EXPECT_NE(seen([&] { office.commit(); }).number, 0);
+    EXPECT_NE(outcomeOf([&] { office.execute("Delete From YZ_组表"); }).number, 0);
+    EXPECT_NE(outcomeOf([&] { office.commit(); }).number, 0);
     office.execute("Insert Into YZ_组表 (组代号) Values ('3')");
     EXPECT_EQ(rows("Select 组代号 From YZ_组表"), std::vector<std::string>{"3"});
 }
@@ -433,7 +418,7 @@ TEST_F(ServerEngine, SavesNothingTwiceWhereverTheLineGoes) {
                 b.fate = [left, fate](std::string_view) { return (*left)-- == 0 ? fate : Fate::answered; };
             });
             const auto key = std::to_string(++number);
-            EXPECT_EQ(seen([&] { save(key); }), (Seen{failure::unspecified, lostText})) << at;
+            EXPECT_EQ(outcomeOf([&] { save(key); }), (Outcome{failure::unspecified, lostText})) << at;
             server.behave({});
             enter();
             save(key);

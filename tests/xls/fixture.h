@@ -12,9 +12,9 @@
 #include <string>
 #include <vector>
 
-#include "base/failure.h"
 #include "base/text.h"
 #include "platform/xls/xls_spreadsheets.h"
+#include "support/failures.h"
 
 namespace desk {
 
@@ -53,17 +53,6 @@ class WorkbookTest : public testing::Test {
         for (const auto& line : all)
             if (line.starts_with(kind + "|")) found.push_back(line.substr(kind.size() + 1));
         return found;
-    }
-
-    /// The description of the failure with which `action` ends, empty if it does not fail.
-    template <class Action>
-    static std::string refusal(Action action) {
-        try {
-            action();
-        } catch (const RuntimeFailure& failure) {
-            return failure.description();
-        }
-        return {};
     }
 
     const std::filesystem::path folder = std::filesystem::temp_directory_path() /

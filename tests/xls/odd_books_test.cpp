@@ -137,7 +137,7 @@ TEST_F(OddBooks, ABookWithoutAPasswordOfItsOwnIsToldFromASecretOne) {
                 record.push_back(static_cast<char>(std::stoi(line.substr(i, 2), nullptr, 16)));
             std::string stream = emptyWorkbook();
             stream.insert(recordAt(stream, 0).end(), rawRecord(id::filePass, record));
-            whys.push_back(refusal([&] { withSheet(stream, added); }));
+            whys.push_back(failureTextOf([&] { withSheet(stream, added); }));
         }
         return whys;
     };
@@ -148,7 +148,7 @@ TEST_F(OddBooks, ABookWithoutAPasswordOfItsOwnIsToldFromASecretOne) {
     for (std::size_t size = 0; size < 60; ++size) {
         std::string stream = emptyWorkbook();
         stream.insert(recordAt(stream, 0).end(), rawRecord(id::filePass, std::string(size, '\1')));
-        EXPECT_EQ(refusal([&] { withSheet(stream, added); }), "文件已加密，不能写入") << size;
+        EXPECT_EQ(failureTextOf([&] { withSheet(stream, added); }), "文件已加密，不能写入") << size;
     }
 }
 
@@ -156,7 +156,8 @@ TEST_F(OddBooks, HalfARecordAtTheEndIsRefused) {
     const std::string stream = emptyWorkbook();
     const std::string record = rawRecord(id::labelSst, "0123456789");
     for (std::size_t size = 1; size < record.size(); ++size)
-        EXPECT_EQ(refusal([&] { withSheet(stream + record.substr(0, size), added); }), "文件已损坏，不能写入")
+        EXPECT_EQ(failureTextOf([&] { withSheet(stream + record.substr(0, size), added); }),
+                  "文件已损坏，不能写入")
             << size;
     for (const auto& rest : {record, std::string(700, '\0'), std::string()})
         EXPECT_EQ(cellsOf(streamWith(stream + rest, added)).size(), 2U);

@@ -96,7 +96,7 @@ TEST_F(Saving, AStepThatTheMachineRefusesLeavesTheOldFileAlone) {
     for (std::size_t refused = 0; refused < steps.size(); ++refused) {
         std::size_t done = 0;
         XlsSpreadsheets hindered([&](SaveStep) { return done++ != refused; });
-        const std::string why = refusal([&] { hindered.put(file, report("乙")); });
+        const std::string why = failureTextOf([&] { hindered.put(file, report("乙")); });
         // A file system that cannot sync a folder has the new file all the same.
         const bool saved = steps[refused] == SaveStep::syncFolder;
         EXPECT_EQ(why.empty(), saved) << "step " << refused;
@@ -123,7 +123,7 @@ TEST_F(Safety, FilesThatAreNoWorkbookAreLeftAlone) {
     sheet.at(0, 0).text = "x";
     const auto refusedAs = [&](const std::string& name, const std::string& bytes) {
         std::ofstream(path(name), std::ios::binary) << bytes;
-        const std::string why = refusal([&] { spreadsheets.put(path(name), sheet); });
+        const std::string why = failureTextOf([&] { spreadsheets.put(path(name), sheet); });
         EXPECT_EQ(bytesOf(path(name)), bytes) << name;
         return why;
     };
@@ -148,7 +148,7 @@ TEST_F(Safety, FilesThatAreNoWorkbookAreLeftAlone) {
         root.children = {{name, false, {biff5}, {}, {}}};
         EXPECT_EQ(refusedAs("biff5.xls", xls::writeContainer(root)), "文件不是 Excel 97-2003 格式的工作簿");
     }
-    EXPECT_NE(refusal([&] { spreadsheets.put(path("missing.xls"), sheet); }), "");
+    EXPECT_NE(failureTextOf([&] { spreadsheets.put(path("missing.xls"), sheet); }), "");
 }
 
 TEST_F(Safety, DamageAnywhereIsRefusedOrHarmless) {
@@ -161,7 +161,7 @@ TEST_F(Safety, DamageAnywhereIsRefusedOrHarmless) {
 
     int refused = 0;
     const auto tryOn = [&](const std::string& bytes) {
-        if (!refusal([&] { xls::withSheet(bytes, sheet); }).empty()) ++refused;
+        if (!failureTextOf([&] { xls::withSheet(bytes, sheet); }).empty()) ++refused;
     };
     for (std::size_t length = 0; length < stream.size(); length += 7) tryOn(stream.substr(0, length));
     EXPECT_EQ(refused, static_cast<int>((stream.size() + 6) / 7));
@@ -187,7 +187,7 @@ TEST_F(Safety, DamageAnywhereIsRefusedOrHarmless) {
             bytes[at] = static_cast<char>(random());
         }
         if (i % 10 == 0) bytes.resize(random() % bytes.size());
-        refusal([&] { xls::fileWithSheet(bytes, sheet); });
+        failureTextOf([&] { xls::fileWithSheet(bytes, sheet); });
     }
 }
 

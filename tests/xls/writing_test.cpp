@@ -117,19 +117,20 @@ TEST_F(Writing, ManySheetsTextsAndMergesFit) {
 
 TEST_F(Writing, WhatTheFormatCannotHoldIsRefusedBeforeTheFileIsTouched) {
     Worksheet sheet("界");
-    EXPECT_EQ(refusal([&] { sheet.at(65536, 0); }), "工作表最多 65536 行");
-    EXPECT_EQ(refusal([&] { sheet.at(0, 256); }), "工作表最多 256 列");
-    EXPECT_EQ(refusal([&] { sheet.setColumnWidth(0, 256); }), "列宽必须在 0 到 255 个字符之间");
-    EXPECT_EQ(refusal([&] { sheet.merge({0, 0, 0, -1}); }), "没有可以合并的单元格");
+    EXPECT_EQ(failureTextOf([&] { sheet.at(65536, 0); }), "工作表最多 65536 行");
+    EXPECT_EQ(failureTextOf([&] { sheet.at(0, 256); }), "工作表最多 256 列");
+    EXPECT_EQ(failureTextOf([&] { sheet.setColumnWidth(0, 256); }), "列宽必须在 0 到 255 个字符之间");
+    EXPECT_EQ(failureTextOf([&] { sheet.merge({0, 0, 0, -1}); }), "没有可以合并的单元格");
     spreadsheets.create(path("a.xls"));
     const auto before = bytesOf(path("a.xls"));
     for (const std::string name :
          {"", "a/b", "a:b", "[x]", "'x", "三十二三十二三十二三十二三十二三十二三十二三十二三十二三十二三十"})
-        EXPECT_NE(refusal([&] { spreadsheets.put(path("a.xls"), Worksheet(name)); }), "") << name;
+        EXPECT_NE(failureTextOf([&] { spreadsheets.put(path("a.xls"), Worksheet(name)); }), "") << name;
     sheet.at(0, 0).text = std::string(32768, 'x');
-    EXPECT_EQ(refusal([&] { spreadsheets.put(path("a.xls"), sheet); }), "单元格的文字最多 32767 个字符");
+    EXPECT_EQ(failureTextOf([&] { spreadsheets.put(path("a.xls"), sheet); }),
+              "单元格的文字最多 32767 个字符");
     EXPECT_EQ(bytesOf(path("a.xls")), before);
-    EXPECT_NE(refusal([&] { spreadsheets.create("/proc/none/x.xls"); }), "");
+    EXPECT_NE(failureTextOf([&] { spreadsheets.create("/proc/none/x.xls"); }), "");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include "db/embedded/embedded.h"
 #include "filled_database.h"
+#include "seat_process.h"
 #include "temporary_folder.h"
 
 namespace desk {
@@ -62,6 +63,30 @@ TEST_F(Backup, NeverWritesOverAFileAndLeavesNothingHalf) {
     const std::filesystem::directory_iterator entries(folder_.path(""));
     EXPECT_EQ(std::distance(begin(entries), end(entries)), 2);
     EXPECT_EQ(bytesOf(path_), whole);
+}
+
+TEST(TwoSeats, RegisterAtTheSameTimeWithoutLosingARow) {
+    constexpr int each = 200;
+    const TemporaryFolder folder;
+    const auto path = folder.path("seats.db");
+    embedded::createDatabase(path);
+    const auto first = startSeat(path, "甲", each);
+    const auto second = startSeat(path, "乙", each);
+    ASSERT_GT(first, 0);
+    ASSERT_GT(second, 0);
+    EXPECT_EQ(exitCode(first), 0);
+    EXPECT_EQ(exitCode(second), 0);
+
+    Connection connection;
+    connection.open(fileConnection(path), std::chrono::seconds(5));
+    for (const auto* seat : {"甲", "乙"}) {
+        Recordset rows(connection, sql("Select Count(*) From YZ_引驻客户信息 Where 业务员='{}'", seat));
+        EXPECT_EQ(rows[0].integer(), each) << seat;
+    }
+    // Nothing keeps two seats from drawing the same number, but most draw one of their own.
+    Recordset highest(connection, "SELECT MAX(流水号) AS 流水号 From YZ_引驻客户信息 Where 管理处代号='01'");
+    EXPECT_LE(highest[0].integer(), 2 * each);
+    EXPECT_GE(highest[0].integer(), each);
 }
 
 }  // namespace
