@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "base/failure.h"
+#include "support/failures.h"
 #include "support/scripted_desktop.h"
 #include "ui/batch.h"
 #include "ui/canvas.h"
 #include "ui/choices.h"
 #include "ui/fields.h"
-#include "ui/folding_frame.h"
 #include "ui/grid.h"
 #include "ui/menu.h"
 #include "ui/panel.h"
@@ -70,41 +69,6 @@ TEST(ListBox, AllLinesAreMarkedAndUnmarkedInOneGo) {
     EXPECT_EQ(changes.times, 3);
 }
 
-TEST(FoldingFrame, IsHiddenAndShownByTheLinkThatIsThereAndLeavesItTheFocus) {
-    Sheet sheet;
-    FoldingFrame panel(sheet, "panel");
-    TextBox box(panel, "box");
-    Count toShow(panel.显示.focusAsked);
-    Count toHide(panel.隐藏.focusAsked);
-    panel.显示.click();
-    EXPECT_EQ(toHide.times, 0);
-    panel.隐藏.click();
-    EXPECT_TRUE(panel.isFolded());
-    EXPECT_FALSE(box.usable());
-    EXPECT_TRUE(panel.显示.usable());
-    EXPECT_EQ(toShow.times, 1);
-    panel.隐藏.click();
-    EXPECT_EQ(toShow.times, 1);
-    panel.显示.click();
-    EXPECT_FALSE(panel.isFolded());
-    EXPECT_TRUE(box.usable());
-    EXPECT_FALSE(panel.显示.usable());
-    EXPECT_EQ(toHide.times, 1);
-}
-
-TEST(Control, NothingInAHiddenFrameCanBeUsed) {
-    Sheet sheet;
-    Frame frame(sheet, "frame");
-    Button button(frame, "button", "确定");
-    Count clicks(button.clicked);
-    frame.setVisible(false);
-    button.click();
-    EXPECT_EQ(clicks.times, 0);
-    frame.setVisible(true);
-    button.click();
-    EXPECT_EQ(clicks.times, 1);
-}
-
 TEST(Panel, IsClosedByEscapeAndTellsOnceWhatBecomesOfIt) {
     Sheet sheet;
     Panel panel(sheet, "panel");
@@ -129,21 +93,6 @@ TEST(Panel, IsClosedByEscapeAndTellsOnceWhatBecomesOfIt) {
     EXPECT_EQ(closes.times, 1);
 }
 
-TEST(OptionButton, ExcludesTheOthersOfItsGroupOnly) {
-    Sheet sheet;
-    OptionButton a(sheet, "a", "甲");
-    OptionButton b(sheet, "b", "乙", &a);
-    OptionButton c(sheet, "c", "丙", &a);
-    OptionButton alone(sheet, "alone", "丁");
-    alone.choose();
-    a.choose();
-    c.choose();
-    EXPECT_FALSE(a.chosen());
-    EXPECT_FALSE(b.chosen());
-    EXPECT_TRUE(c.chosen());
-    EXPECT_TRUE(alone.chosen());
-}
-
 TEST(ComboBox, SelectingByCodeAndByHandRaiseTheSameEvent) {
     Sheet sheet;
     ComboBox combo(sheet, "combo");
@@ -162,22 +111,6 @@ TEST(ComboBox, SelectingByCodeAndByHandRaiseTheSameEvent) {
     EXPECT_EQ(combo.text(), "");
 }
 
-TEST(ListBox, OneOrSeveralLines) {
-    Sheet sheet;
-    ListBox single(sheet, "single");
-    ListBox several(sheet, "several", ListStyle::multiple);
-    for (ListBox* list : {&single, &several})
-        for (const auto* line : {"报纸", "网络", "路牌"}) list->addItem(line);
-    single.click(0);
-    single.click(2);
-    several.click(2);
-    several.click(0);
-    several.click(1);
-    several.click(1);
-    EXPECT_EQ(single.selectedTexts(), std::vector<std::string>{"路牌"});
-    EXPECT_EQ(several.selectedTexts(), (std::vector<std::string>{"报纸", "路牌"}));
-}
-
 TEST(Tree, RefusesAKeyTwiceAndForgetsRemovedKeys) {
     Sheet sheet;
     Tree tree(sheet, "tree");
@@ -186,13 +119,8 @@ TEST(Tree, RefusesAKeyTwiceAndForgetsRemovedKeys) {
     tree.add(&root, "", "无");
     tree.add(&root, "", "无");
     TreeNode& last = tree.add(&root, "RM2", "2");
-    try {
-        tree.add(nullptr, "RM1", "again");
-        FAIL();
-    } catch (const RuntimeFailure& failure) {
-        EXPECT_EQ(failure.number(), 35602);
-        EXPECT_EQ(failure.description(), "集合中的关键字不唯一");
-    }
+    EXPECT_EQ(outcomeOf([&] { tree.add(nullptr, "RM1", "again"); }),
+              (Outcome{35602, "集合中的关键字不唯一"}));
     tree.click(last);
     tree.remove(*tree.find("RM1"));
     EXPECT_EQ(tree.find("RM1"), nullptr);
