@@ -6,20 +6,18 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
-#include "desktop/person.h"
-#include "desktop/screen_list.h"
+#include "desktop/by_hand.h"
 #include "intent/approval_path.h"
-#include "support/test_program.h"
 
 namespace desk::desktop {
 namespace {
 
 /// Two departments with a position each, and a path of one step for office 01 by which letter 1 is asked.
-class ApprovalByHand : public testing::Test {
+class ApprovalByHand : public ByHand {
   protected:
-    ApprovalByHand() {
-        program.openDatabase();
-        addOfficesAndDictionaries(program);
+    ApprovalByHand() : ByHand(fill) {}
+
+    static void fill(TestProgram& program) {
         program.run(
             {"Insert Into 职能部门new (职能部门编号,职能部门名称) Values ('01','招商部'),('02','财务部')",
              "Insert Into 岗位信息new (岗位代号,岗位名称,职能部门代号) Values "
@@ -30,30 +28,7 @@ class ApprovalByHand : public testing::Test {
              "(1,1,'01','0101')",
              "Insert Into YZ_意向书信息 (意向书编号,管理处代号,承租方) Values ('7','01','甲公司')",
              "Insert Into YZ_意向书审批情况 (意向书ID,环节序号,部门代号,岗位代号) Values (1,1,'01','0101')"});
-        offerScreens(program.app);
-        program.enter();
     }
-
-    template <class S>
-    S& loaded() {
-        return program.app.screens.get<S>();
-    }
-    static void clickLine(const Person& person, const Control& control, std::initializer_list<int> rows,
-                          int column = 0) {
-        QWidget& view = person.at(control);
-        Person::click(viewportOf(view), lineOf(view, rows, column));
-    }
-    /// The names of what Tab comes to, beginning where the focus is.
-    static std::string wayByTab(const Person& person, int steps) {
-        std::string way;
-        for (int i = 0; i < steps; ++i) {
-            way += Person::focused() + " ";
-            person.press({Qt::Key_Tab});
-        }
-        return way;
-    }
-
-    TestProgram program;
 };
 
 TEST_F(ApprovalByHand, TabAndEnterGoThroughAPathAndItsSteps) {

@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QComboBox>
-#include <QListWidget>
-#include <QPlainTextEdit>
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
@@ -23,55 +20,6 @@ class Bindings : public testing::Test {
   protected:
     Form form;
 };
-
-TEST_F(Bindings, LinesOfAParagraphAreStoredAsOtherProgramsEndThem) {
-    const Person person(shown({&form.note}));
-    auto& edit = person.at<QPlainTextEdit>(form.note);
-    form.note.setText("一\r\n二");
-    EXPECT_EQ(edit.toPlainText(), "一\n二");
-    EXPECT_EQ(form.note.text(), "一\r\n二");
-    edit.moveCursor(QTextCursor::End);
-    QTest::keyClick(&edit, Qt::Key_Return);
-    QTest::keyClicks(&edit, "3");
-    EXPECT_EQ(form.note.text(), "一\r\n二\r\n3");
-}
-
-TEST_F(Bindings, AComboShowsItsNewLinesAfterARefillOfTheSameLength) {
-    form.combo.addItem("01 东塔");
-    const Person person(shown({&form.combo}));
-    auto& box = person.at<QComboBox>(form.combo);
-    form.combo.setIndex(0);
-    {
-        const Batch fill(form.combo);
-        form.combo.clear();
-        form.combo.addItem("02 西塔");
-    }
-    EXPECT_EQ(box.itemText(0), "02 西塔");
-    EXPECT_EQ(box.currentIndex(), -1);
-    int picked = 0;
-    form.combo.selected += [&] { ++picked; };
-    box.setFocus();
-    QTest::keyClick(&box, Qt::Key_Down);
-    EXPECT_EQ(form.combo.text(), "02 西塔");
-    EXPECT_EQ(picked, 1);
-}
-
-TEST_F(Bindings, LinesOfAListAreToggledByMouseAndKeyboard) {
-    for (const char* name : {"报纸", "网络", "展会"}) form.several.addItem(name);
-    const Person person(shown({&form.several}));
-    auto& list = person.at<QListWidget>(form.several);
-    const auto clickLine = [&](int line) {
-        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(line)).center());
-    };
-    clickLine(0);
-    clickLine(2);
-    EXPECT_EQ(form.several.selectedTexts(), (std::vector<std::string>{"报纸", "展会"}));
-    list.setFocus();
-    QTest::keyClick(&list, Qt::Key_Space);
-    EXPECT_EQ(form.several.selectedTexts(), std::vector<std::string>{"报纸"});
-    form.several.clearSelection();
-    EXPECT_TRUE(list.selectedItems().empty());
-}
 
 TEST_F(Bindings, ATreeThatIsFilledShowsWhatIsOpenAndMarked) {
     const Person person(shown({&form.tree}));
@@ -147,19 +95,6 @@ TEST(Edge, AFailureThatNobodyTrapsIsShownAndEndsTheProcess) {
         });
     };
     EXPECT_EXIT(failInAStatement(), testing::ExitedWithCode(1), "无效。\n语句：Select \\* From 无");
-}
-
-TEST_F(Bindings, ADayIsTypedAsOneReadsIt) {
-    const Person person(shown({&form.first, &form.day}));
-    form.day.setValue(DateTime(2026, 11, 25));
-    form.first.focus();
-    person.press({Qt::Key_Tab});
-    person.type("2020-01-05");
-    EXPECT_EQ(isoDay(form.day.value()), "2020-01-05");
-    // Also where the whole text was selected first.
-    person.press({Qt::Key_A}, Qt::ControlModifier);
-    person.type("2011-03-15");
-    EXPECT_EQ(isoDay(form.day.value()), "2011-03-15");
 }
 
 }  // namespace

@@ -9,10 +9,8 @@
 
 #include "base/text.h"
 #include "db/statement.h"
+#include "desktop/by_hand.h"
 #include "desktop/convert.h"
-#include "desktop/person.h"
-#include "desktop/screen_list.h"
-#include "support/test_program.h"
 
 namespace desk::desktop {
 namespace {
@@ -20,15 +18,11 @@ namespace {
 constexpr int leads = 200;
 
 /// The screen in its window: two teams, the first of which has all leads but ten.
-class ClassificationByHand : public testing::Test {
+class ClassificationByHand : public ScreenByHand<Frm客户分类统计> {
   protected:
-    ClassificationByHand() : screen(prepared()), person(layoutOf(screen)) {
-        person.window().resize(1240, 640);
-    }
+    ClassificationByHand() : ScreenByHand({1240, 640}, fill) {}
 
-    Frm客户分类统计& prepared() {
-        program.openDatabase();
-        addOfficesAndDictionaries(program);
+    static void fill(TestProgram& program) {
         program.run({
             "Insert Into YZ_组表 (组代号,组名称) Values ('1','一组')",
             "Insert Into YZ_组表 (组代号,组名称) Values ('2','二组')",
@@ -45,9 +39,6 @@ class ClassificationByHand : public testing::Test {
                 sql("Insert Into YZ_引驻客户分配 (登记编号,管理处代号,组代号) Values ('{}','01','{}')", lead,
                     lead < leads - 10 ? 1 : 2));
         }
-        offerScreens(program.app);
-        program.enter();
-        return program.app.screens.get<Frm客户分类统计>();
     }
 
     void clickLine(const Control& list, int line, Qt::KeyboardModifiers with = {}) const {
@@ -63,19 +54,10 @@ class ClassificationByHand : public testing::Test {
     }
     QTableView& table() const { return person.at<QTableView>(screen.MSFlexGrid1); }
     static std::string marked(const ListBox& list) { return join(list.selectedTexts(), " "); }
-
-    TestProgram program;
-    Frm客户分类统计& screen;
-    Person person;
 };
 
 TEST_F(ClassificationByHand, TabGoesThroughItAsItIsRead) {
-    std::string way;
-    for (int i = 0; i < 14; ++i) {
-        way += Person::focused() + " ";
-        person.press({Qt::Key_Tab});
-    }
-    EXPECT_EQ(way,
+    EXPECT_EQ(wayByTab(person, 14),
               "Combo1 Check1 List1 Check2 List2 Check3 List3 Text1 List4 Command1 Command13 Command4 隐藏 "
               "MSFlexGrid1 ");
 }
@@ -135,16 +117,6 @@ TEST_F(ClassificationByHand, TheMouseMarksSearchesAndClicksAnAgency) {
     EXPECT_EQ(screen.Text1.text(), last);
 }
 
-TEST_F(ClassificationByHand, TheWheelPicksNoOfficeAndMarksNothing) {
-    screen.Combo1.pick("01 东塔");
-    screen.Text1.focus();
-    person.wheel(screen.Combo1);
-    EXPECT_EQ(screen.Combo1.code(), "01");
-    Person::wheel(viewportOf(person.at(screen.List1)));
-    EXPECT_EQ(marked(screen.List1), "");
-    EXPECT_EQ(Person::focused(), "Text1");
-}
-
 TEST_F(ClassificationByHand, EqualTeamsAreOneCellWhoseNameStaysInView) {
     analyse();
     ASSERT_EQ(table().model()->rowCount(), leads);
@@ -169,26 +141,6 @@ TEST_F(ClassificationByHand, EqualTeamsAreOneCellWhoseNameStaysInView) {
     person.click(screen.Command1);
     ASSERT_EQ(table().model()->rowCount(), 10);
     EXPECT_EQ(table().rowSpan(0, 1), 10);
-}
-
-TEST_F(ClassificationByHand, ThePanelGoesComesBackAndTheTableStays) {
-    analyse();
-    const int narrow = table().width();
-    person.click(screen.条件.隐藏);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return table().width() > narrow + 300; }));
-    EXPECT_EQ(table().model()->rowCount(), leads);
-    person.press({Qt::Key_Return});
-    EXPECT_TRUE(QTest::qWaitFor([&] { return table().width() == narrow; }));
-    EXPECT_EQ(marked(screen.List2), "软件 贸易");
-}
-
-TEST_F(ClassificationByHand, TheExportIsOpenedAndTheScreenLeft) {
-    analyse();
-    program.desktop.modalPerson = [&](Screen& shown) { program.app.screens.unload(shown); };
-    person.click(screen.Command13);
-    EXPECT_EQ(program.desktop.shown.back(), "frmToExcel");
-    person.click(screen.Command4);
-    EXPECT_EQ(program.app.screens.loaded(Frm客户分类统计::screenName), nullptr);
 }
 
 }  // namespace

@@ -10,11 +10,9 @@
 #include <QTest>
 
 #include "db/statement.h"
+#include "desktop/by_hand.h"
 #include "desktop/cell_pictures.h"
 #include "desktop/convert.h"
-#include "desktop/person.h"
-#include "desktop/screen_list.h"
-#include "support/test_program.h"
 
 namespace desk::desktop {
 namespace {
@@ -23,17 +21,14 @@ using C = 收费列表;
 
 /// The deposits' screen in its window, on a letter with forty lines that are saved, the first of them paid
 /// back.
-class DepositByHand : public testing::Test {
+class DepositByHand : public ScreenByHand<Frm意向金收取> {
   protected:
-    DepositByHand() : screen(prepared()), person(layoutOf(screen)) {
-        person.window().resize(1200, 640);
+    DepositByHand() : ScreenByHand({1200, 640}, fill) {
         screen.管理项目.setIndex(0);
         screen.意向书.click(*screen.意向书.find("YM1"));
     }
 
-    Frm意向金收取& prepared() {
-        program.openDatabase();
-        addOfficesAndDictionaries(program);
+    static void fill(TestProgram& program) {
         program.run(
             {"Insert Into YZ_意向书信息 (意向书编号,管理处代号,承租方,流转通过) Values ('1','01','甲公司',1)",
              "Insert Into YZ_意向书信息 (意向书编号,管理处代号,承租方,流转通过) Values ('2','02','乙公司',1)",
@@ -47,9 +42,6 @@ class DepositByHand : public testing::Test {
                 sql("Insert Into YZ_意向金收款 (意向书ID,收费项目,科目编号,数量,单价,金额,处理结束,票据打印) "
                     "Values (1,'租金意向金','2181',1,{},{},{},{})",
                     line, line, line == 1 ? 1 : 0, line % 2));
-        offerScreens(program.app);
-        program.enter();
-        return program.app.screens.get<Frm意向金收取>();
     }
 
     int last() const { return screen.收费.lastRow(); }
@@ -72,10 +64,6 @@ class DepositByHand : public testing::Test {
     QRect placeOf(int row, int column) const {
         return cell(row, column).translated(view().viewport()->mapTo(&person.window(), QPoint()));
     }
-
-    TestProgram program;
-    Frm意向金收取& screen;
-    Person person;
 };
 
 TEST_F(DepositByHand, TheEditorLiesOverItsCellAndGoesAlongWithIt) {

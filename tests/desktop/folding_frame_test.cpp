@@ -79,10 +79,6 @@ TEST_F(FoldingPanel, IsFoldedAndShownAgainByTheSameKey) {
     EXPECT_EQ(Person::focused(), "grid");
 }
 
-TEST_F(FoldingPanel, HasTheFocusInItsFirstFieldWhenTheScreenOpens) {
-    EXPECT_EQ(Person::focused(), "filter");
-}
-
 TEST_F(FoldingPanel, StaysAsItIsWhileTheWindowChangesItsSize) {
     screen.filter.setText("大厦");
     person.click(screen.panel.隐藏);

@@ -2,27 +2,12 @@
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <functional>
 
-#include "base/failure.h"
 #include "desktop/convert.h"
 #include "desktop/late_spreadsheets.h"
+#include "support/failures.h"
 
 namespace desk::desktop {
-
-namespace {
-
-/// The number that the work fails with, 0 if it does not.
-long failureOf(const std::function<void()>& work) {
-    try {
-        work();
-    } catch (const RuntimeFailure& failure) {
-        return failure.number();
-    }
-    return 0;
-}
-
-}  // namespace
 
 TEST(LateSpreadsheets, AreThoseOfTheModuleBesideTheProgram) {
     const QTemporaryDir folder;

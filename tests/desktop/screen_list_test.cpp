@@ -2,16 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractSpinBox>
-#include <QComboBox>
 #include <QLayout>
-#include <QLineEdit>
-#include <QPlainTextEdit>
 #include <set>
 
+#include "desktop/by_hand.h"
 #include "desktop/convert.h"
 #include "session/main_window.h"
-#include "support/test_program.h"
 #include "ui/fields.h"
 #include "ui/menu.h"
 
@@ -24,29 +20,7 @@ const std::set<std::string> withoutMenu = {"frmLogin",      "MDIForm1",    "Frmt
 /// Holds a number that nobody sees.
 const std::set<std::string> neverShown = {"Text2"};
 
-class ScreenList : public testing::Test {
-  protected:
-    ScreenList() {
-        program.openDatabase();
-        addOfficesAndDictionaries(program);
-        offerScreens(program.app);
-        program.enter();
-    }
-
-    /// What `check` finds, on each screen that a window is made for.
-    template <class Check>
-    void onEachScreen(Check check) {
-        for (const KnownScreen& known : screenList()) {
-            if (known.layOut == nullptr) continue;
-            SCOPED_TRACE(known.name);
-            Screen& screen = program.app.screens.get(known.name);
-            const std::unique_ptr<QWidget> content(layoutOf(screen));
-            check(screen, *content);
-        }
-    }
-
-    TestProgram program;
-};
+using ScreenList = ByHand;
 
 bool isShown(const Control& control) {
     return dynamic_cast<const Timer*>(&control) == nullptr && !neverShown.contains(control.name());
@@ -85,17 +59,6 @@ TEST_F(ScreenList, EveryControlHasAWidgetInTheFrameThatHoldsItAndANameOfItsOwn) 
                  at = at->parentWidget())
                 around = dynamic_cast<Frame*>(screen.control(utf8(at->objectName())));
             EXPECT_EQ(around, control->holder()) << control->name();
-        }
-    });
-}
-
-TEST_F(ScreenList, EveryFieldCarriesItsCaption) {
-    onEachScreen([](Screen& screen, QWidget& content) {
-        for (const Control* control : screen.controls()) {
-            auto* field = content.findChild<QWidget*>(text(control->name()));
-            const bool typed = qobject_cast<QLineEdit*>(field) || qobject_cast<QPlainTextEdit*>(field) ||
-                               qobject_cast<QComboBox*>(field) || qobject_cast<QAbstractSpinBox*>(field);
-            EXPECT_FALSE(typed && field->accessibleName().isEmpty()) << control->name();
         }
     });
 }

@@ -17,55 +17,25 @@
 #include "analysis/status_analysis.h"
 #include "customers/registration.h"
 #include "desktop/binding.h"
+#include "desktop/by_hand.h"
 #include "desktop/main_window_view.h"
 #include "desktop/mnemonics.h"
-#include "desktop/person.h"
 #include "desktop/qt_desktop.h"
-#include "desktop/screen_list.h"
 #include "reference/customer_dictionaries.h"
 #include "session/login.h"
 #include "session/main_window.h"
-#include "support/test_program.h"
 
 namespace desk::desktop {
 namespace {
 
-/// The screens as they are laid out, before a person.
-class ScreensByHand : public testing::Test {
-  protected:
-    ScreensByHand() {
-        program.openDatabase();
-        addOfficesAndDictionaries(program);
-        offerScreens(program.app);
-        program.enter();
-    }
-
-    /// A screen, loaded as it is at its first use.
-    template <class S>
-    S& loaded() {
-        return program.app.screens.get<S>();
-    }
-
-    /// What `check` finds on each screen that a window is made for.
-    template <class Check>
-    void onEachScreen(Check check) {
-        for (const KnownScreen& known : screenList()) {
-            if (known.layOut == nullptr) continue;
-            SCOPED_TRACE(known.name);
-            const std::unique_ptr<QWidget> window(layoutOf(program.app.screens.get(known.name)));
-            check(*window);
-        }
-    }
-
-    TestProgram program;
-};
+using ScreensByHand = ByHand;
 
 bool takesFocus(const QWidget& widget) {
     return widget.focusPolicy() != Qt::NoFocus && widget.property(demandedProperty).isValid();
 }
 
 TEST_F(ScreensByHand, EveryFieldIsReadOutByItsCaption) {
-    onEachScreen([](const QWidget& window) {
+    onEachScreen([](Screen&, QWidget& window) {
         for (const QWidget* widget : window.findChildren<QWidget*>()) {
             if (!takesFocus(*widget) || qobject_cast<const QTabBar*>(widget) != nullptr) continue;
             const auto* button = qobject_cast<const QAbstractButton*>(widget);
@@ -85,7 +55,7 @@ TEST_F(ScreensByHand, EveryFieldIsReadOutByItsCaption) {
 
 TEST_F(ScreensByHand, TabComesToTheMainButtonBeforeTheOthersOfItsRow) {
     int rows = 0;
-    onEachScreen([&](const QWidget& window) {
+    onEachScreen([&](Screen&, QWidget& window) {
         for (QWidget* main : window.findChildren<QWidget*>()) {
             if (!main->property(mainButtonProperty).toBool()) continue;
             const auto fields = window.findChildren<QLineEdit*>();
@@ -274,16 +244,41 @@ TEST(Questions, AFileToSaveIsProposedAndMayBeANewOne) {
     }
 }
 
-TEST_F(ScreensByHand, AllDeletionsPreferNoAndNothingIsDeletedByIt) {
-    auto* const screen = &loaded<Frm客户相关信息设置>();
-    const Person person(layoutOf(*screen));
-    QWidget& list = person.at(screen->区域.列表);
-    Person::click(viewportOf(list), lineOf(list, {0}));
-    const std::size_t before = program.rows("Select * From YZ_区域设置").size();
-    program.desktop.answers = {Answer::no};
-    person.click(screen->区域.删除);
+TEST_F(ScreensByHand, AnEntryIsAddedChangedAndDeletedWithoutAMouse) {
+    auto& screen = loaded<Frm客户相关信息设置>();
+    const Person person(layoutOf(screen));
+    screen.区域.名称.focus();
+    person.type("Bund");
+    person.press({Qt::Key_Return});
+    person.type("by the river");
+    person.press({Qt::Key_Return});
+    EXPECT_EQ(Person::focused(), "区域设置.确定");
+    person.press({Qt::Key_Return});
+    EXPECT_EQ(program.rows("Select 说明 From YZ_区域设置 Where 区域名称='Bund'"),
+              std::vector<std::string>{"by the river"});
+
+    // Arrow keys look through the list, Enter takes the entry up.
+    person.backTab(3);
+    EXPECT_EQ(Person::focused(), "区域设置.列表");
+    person.press({Qt::Key_Up});
+    EXPECT_EQ(Person::focused(), "区域设置.列表");
+    EXPECT_EQ(screen.状态栏.panel(0), "修改");
+    person.press({Qt::Key_Down});
+    EXPECT_EQ(screen.区域.名称.text(), "Bund");
+    person.press({Qt::Key_Return});
+    EXPECT_EQ(Person::focused(), "区域设置.名称");
+    person.type("West Bund");
+    person.press({Qt::Key_Return, Qt::Key_Return, Qt::Key_Return});
+    EXPECT_EQ(program.rows("Select 区域名称 From YZ_区域设置 Where 说明='by the river'"),
+              std::vector<std::string>{"West Bund"});
+
+    // A deletion prefers to be refused.
+    program.desktop.answers = {Answer::no, Answer::yes};
+    person.press({Qt::Key_Tab, Qt::Key_Return});
     EXPECT_EQ(program.desktop.messages.back().preferred, Answer::no);
-    EXPECT_EQ(program.rows("Select * From YZ_区域设置").size(), before);
+    EXPECT_EQ(program.rows("Select * From YZ_区域设置 Where 说明='by the river'").size(), 1U);
+    person.press({Qt::Key_Return});
+    EXPECT_TRUE(program.rows("Select * From YZ_区域设置 Where 说明='by the river'").empty());
 }
 
 }  // namespace

@@ -3,9 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QComboBox>
-#include <QLabel>
-#include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -43,19 +40,6 @@ TEST(TaxInvoiceForm, IsGoneThroughAsItIsRead) {
     person.press({Qt::Key_Return});
     EXPECT_EQ(desk.desktop.takeMessage(), "未找到税控软件，请确认是否安装了税控发票打印软件");
     EXPECT_FALSE(person.at(screen.打印发票).isEnabled() || person.at(screen.关闭).isEnabled());
-}
-
-TEST(TaxInvoiceForm, ChoosesBookAndTicketByTheKeyboard) {
-    税控台 desk;
-    auto& screen = desk.open();
-    const Person person(layoutOf(screen));
-    screen.样张.空白票据.focus();
-    person.press({Qt::Key_Down});
-    EXPECT_EQ(screen.样张.发票号码.caption(), "9002");
-    EXPECT_EQ(person.at<QLabel>(screen.样张.发票号码).text(), "9002");
-    screen.样张.票据本.focus();
-    person.press({Qt::Key_Return});
-    EXPECT_EQ(Person::focused(), "空白票据");
 }
 
 TEST(TaxInvoiceForm, ShowsWhoCannotPrintAndWhatWentWrong) {
@@ -173,17 +157,6 @@ TEST_F(TaxInvoiceWindow, WaitsByItsTimerAndAsksSoThatAHastyEnterConfirmsNothing)
     EXPECT_EQ(app->screens.loaded(Frm税控发票打印::screenName), nullptr);
 }
 
-TEST_F(TaxInvoiceWindow, ConfirmedHandsTheTicketOverAndGoes) {
-    show([&](Frm税控发票打印& screen, QWidget& window) {
-        atBox([](QMessageBox& box) {
-            for (QAbstractButton* answer : box.buttons())
-                if (answer->text().startsWith("是")) return answer->click();
-        });
-        QTest::mouseClick(&button(window, screen.打印发票), Qt::LeftButton);
-    });
-    EXPECT_EQ(app->screens.get<Frm意向金收取>().票据打印保存.tag, "B1,9001,1");
-}
-
 TEST_F(TaxInvoiceWindow, ClosedInTheMidstOfAWaitItTypesNothingMore) {
     app->主连接.execute(
         "Insert Into SKStep (SK_ID,Operate_step,Stage,Operate_type,X) Values (1,1,'开票','延时','2')");
@@ -201,17 +174,6 @@ TEST_F(TaxInvoiceWindow, ClosedInTheMidstOfAWaitItTypesNothingMore) {
     EXPECT_EQ(parts.machine.take(), Journal({"has window 税控软件", "activate 税控软件"}));
     EXPECT_EQ(app->screens.loaded(Frm税控发票打印::screenName), nullptr);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !app->screens.hasUnloaded(); }));
-}
-
-TEST_F(TaxInvoiceWindow, WithBothButtonsOutOfUseItIsClosedByItsFrame) {
-    parts.programs.windows.clear();
-    show([&](Frm税控发票打印& screen, QWidget& window) {
-        atBox([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
-        QTest::mouseClick(&button(window, screen.打印发票), Qt::LeftButton);
-        EXPECT_FALSE(button(window, screen.打印发票).isEnabled() || button(window, screen.关闭).isEnabled());
-        window.close();
-        EXPECT_FALSE(screen.isThere());
-    });
 }
 
 TEST_F(TaxInvoiceWindow, ComesForwardWhereTheNumberIsMissing) {

@@ -14,7 +14,6 @@
 #include <cstdlib>
 
 #include "analysis/classification.h"
-#include "base/failure.h"
 #include "customers/registration.h"
 #include "desktop/binding.h"
 #include "desktop/layout.h"
@@ -25,6 +24,7 @@
 #include "intent/approval.h"
 #include "intent/unit_map.h"
 #include "session/main_window.h"
+#include "support/failures.h"
 #include "support/test_program.h"
 #include "ui/batch.h"
 #include "ui/choices.h"
@@ -163,12 +163,7 @@ TEST_F(Windows, AHandlerThatWaitsOutlivesItsScreenWhoseTimersStop) {
 
 TEST_F(Windows, AChildThatIsShownIsNotShownModally) {
     Sheet& sheet = open("sheet");
-    try {
-        desktop->showModally(sheet);
-        FAIL();
-    } catch (const RuntimeFailure& failure) {
-        EXPECT_EQ(failure.number(), 400);
-    }
+    EXPECT_EQ(failureOf([&] { desktop->showModally(sheet); }), 400);
     // One that was not shown is, also where it is a child, and one that has gone by itself is not waited for.
     Screen& other = app->screens.get("other");
     QTimer::singleShot(0, qApp, [&] { enter([&] { app->screens.unload(other); }); });
@@ -350,14 +345,6 @@ TEST_F(Windows, ALineThatTakesItsListAwayIsItsLast) {
     QTest::mouseClick(shown->viewport(), Qt::LeftButton, {},
                       shown->visualRect(shown->model()->index(0, 0)).center());
     EXPECT_FALSE(list.has_value());
-}
-
-TEST_F(Windows, AMinimisedChildComesBackFromTheMenu) {
-    bring("frmAbout");
-    child("frmAbout")->showMinimized();
-    static_cast<MDIForm1*>(app->screens.loaded(MDIForm1::screenName))->entry("关于我们")->click();
-    EXPECT_FALSE(child("frmAbout")->isMinimized());
-    EXPECT_TRUE(child("frmAbout")->widget()->isVisible());
 }
 
 TEST_F(Windows, AChildShrinksWithTheMainWindow) {
