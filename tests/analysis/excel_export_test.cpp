@@ -45,6 +45,7 @@ TEST_F(ExcelExport, AClickChoosesAColumnAndADoubleClickGivesItUp) {
     EXPECT_EQ(chooser.text(1, 0), "√");
     EXPECT_EQ(chooser.alignment(0), Align::centre);
     // What has no header is the program's own.
+    EXPECT_EQ(chooser.columnWidth(1), 0);
     chooser.click(1, 1);
     EXPECT_EQ(chooser.text(1, 1), "");
     chooser.doubleClick(1, 2);
@@ -102,6 +103,36 @@ TEST_F(ExcelExport, TheBookIsShownWhereThatIsWishedAndOnlyOnceItIsThere) {
     form().文件.setText("/data/b.xls");
     form().Command2.click();
     EXPECT_EQ(program.machine.lines.size(), 1U);
+}
+
+TEST_F(ExcelExport, TypedNamesGetTheEndingAndAMissingProgramIsTold) {
+    program.programs.canOpen = false;
+    form().文件.type("/data/d.1/2011.03");
+    form().文档标题.type("一/二");
+    program.desktop.files = {std::nullopt};
+    form().Command1.click();
+    EXPECT_EQ(program.desktop.fileQuestions.back().proposal, "一-二 2011-03-05.xls");
+    EXPECT_EQ(program.desktop.fileQuestions.back().purpose, FilePurpose::save);
+    form().Check1.click();
+    form().Command2.click();
+    EXPECT_TRUE(program.spreadsheets.books.contains("/data/d.1/2011.03.xls"));
+    EXPECT_EQ(program.desktop.messages.back().icon, Icon::information);
+    EXPECT_EQ(program.desktop.takeMessage(), "没有可以打开表格的程序。文件已保存在\r\n/data/d.1/2011.03.xls");
+}
+
+TEST_F(ExcelExport, ColumnsHaveNamesUpToTheHundredAndFiftySixth) {
+    const std::pair<int, const char*> names[] = {{0, "A1"},    {25, "Z1"}, {26, "AA1"},
+                                                 {155, "EZ1"}, {156, ""},  {-1, ""}};
+    for (const auto& [column, name] : names) EXPECT_EQ(FrmToExcel::RangeNom(column, 1), name) << column;
+    source.grid.setColumns(157);
+    for (int column = 0; column < 157; ++column) source.grid.setText(0, column, "列");
+    form().Config(source.grid, "表", "题");
+    form().Command2.click();
+    EXPECT_EQ(program.desktop.takeMessage(), "输出到Execl失败: 最多可以输出 156 列");
+    EXPECT_EQ(program.desktop.busyDepth, 0);
+    bool done = true;
+    form().To_Execl(source.grid, "", "", done);
+    EXPECT_FALSE(done);
 }
 
 TEST_F(ExcelExport, ItOpensInTheMiddleOfTheMainWindowAndCloses) {

@@ -30,15 +30,14 @@ bool isTitle(const Grid& grid, int row) {
     return title;
 }
 
-template <class S>
-class WeeklyScreen : public testing::Test {
+class Weekly : public testing::Test {
   protected:
-    WeeklyScreen() {
+    Weekly() {
         screen().选择区域.pick("01 东塔");
         span({2011, 3, 1}, {2011, 3, 3});
     }
 
-    S& screen() { return program.app.screens.get<S>(); }
+    Frm每周来客统计分析& screen() { return program.app.screens.get<Frm每周来客统计分析>(); }
     Grid& grid() { return screen().统计结果; }
     void span(const DateTime& from, const DateTime& to) {
         screen().开始日期.pick(from);
@@ -51,71 +50,29 @@ class WeeklyScreen : public testing::Test {
         screen().统计.click();
         return linesOf(grid());
     }
-    bool isOpen() { return program.app.screens.loaded(S::screenName) != nullptr; }
+    bool isOpen() { return program.app.screens.loaded(Frm每周来客统计分析::screenName) != nullptr; }
 
     WeeklyProgram program;
 };
-
-using Weekly = WeeklyScreen<Frm每周来客统计分析>;
-using WeeklyCalls = WeeklyScreen<Frm每周来电统计分析>;
-
-TEST_F(Weekly, EachViewHasItsHeaderItsColumnAndItsNames) {
-    EXPECT_EQ(count({"MT"}), (Lines{"序|媒体分析|人数|占比例", "1|报纸|1|33.33%", "2|网络|2|66.67%"}));
-    EXPECT_EQ(count({"QU"}), (Lines{"序|区域分析|人数|占比例", "1|浦东|2|66.67%", "2|静安|1|33.33%"}));
-    EXPECT_EQ(count({"HY"}), (Lines{"序|公司行业|人数|占比例", "1|软件|2|66.67%", "2|贸易|1|33.33%"}));
-    EXPECT_EQ(count({"XZ"}), (Lines{"序|企业性质|人数|占比例", "1|外资|2|66.67%", "2|民营|1|33.33%"}));
-    EXPECT_EQ(count({"XW"}), (Lines{"序|询问重点|人数|占比例", "1|租金|2|50.00%", "2|车位|2|50.00%"}));
-    // A lead that names no rent is no row.
-    EXPECT_EQ(count({"YS"}),
-              (Lines{"序|预算租金（元/平米/天）|人次|占比例", "1|2.5|1|50.00%", "2|3|1|50.00%"}));
-    EXPECT_EQ(count({"LR"}), (Lines{"序|每天来人量|人次|占比例", "1|03.01（周二）|2|66.67%",
-                                    "2|03.02（周三）|0|0.00%", "3|03.03（周四）|1|33.33%"}));
-    EXPECT_EQ(count({"MJ"}), (Lines{"序|面积分析|人次|占比例", "1|80.5|1|33.33%", "2|100|2|66.67%"}));
-    for (int column = 0; column < grid().columns(); ++column)
-        EXPECT_EQ(grid().alignment(column), Align::general);
-}
-
-TEST_F(Weekly, AnEmptyTableTellsWhatToDoOrThatNothingWasFound) {
-    EXPECT_EQ(grid().hint, "请选择区域、时段和项目，然后统计");
-    span({2011, 6, 30}, {2011, 7, 1});
-    EXPECT_EQ(count({"MJ"}).size(), 1U);
-    EXPECT_EQ(grid().hint, "没有统计结果");
-}
-
-TEST_F(Weekly, ViewsStandBelowEachOtherUnderColouredTitlesAndTheirNumbersRunOn) {
-    EXPECT_EQ(count({"LR", "MT"}), (Lines{"序|媒体分析|人数|占比例", "1|报纸|1|33.33%", "2|网络|2|66.67%",
-                                          "|每天来人量|人次|占比例", "4|03.01（周二）|2|66.67%",
-                                          "5|03.02（周三）|0|0.00%", "6|03.03（周四）|1|33.33%"}));
-    for (int row = 0; row < grid().rows(); ++row) EXPECT_EQ(isTitle(grid(), row), row == 3) << row;
-
-    screen().全部.click();
-    screen().统计.click();
-    std::vector<std::string> titles;
-    for (int row = 0; row < grid().rows(); ++row)
-        if (isTitle(grid(), row)) titles.push_back(linesOf(grid())[static_cast<std::size_t>(row)]);
-    EXPECT_EQ(titles, (Lines{"|区域分析|人数|占比例", "|公司行业|人数|占比例", "|企业性质|人数|占比例",
-                             "|询问重点|人数|占比例", "|预算租金（元/平米/天）|人次|占比例",
-                             "|每天来人量|人次|占比例", "|面积分析|人次|占比例"}));
-    EXPECT_EQ(linesOf(grid()).back(), "24|100|2|66.67%");
-
-    // A new count begins anew, with no colours left.
-    EXPECT_EQ(count({"XZ"}).size(), 3U);
-    for (int row = 0; row < grid().rows(); ++row) EXPECT_FALSE(isTitle(grid(), row)) << row;
-}
 
 TEST_F(Weekly, AnEmptyDictionaryHasAHeaderAndStillComesFirst) {
     program.run({"Delete From YZ_区域设置"});
     EXPECT_EQ(count({"QU", "XW"}), (Lines{"序|区域分析|人数|占比例", "|询问重点|人数|占比例",
                                           "2|租金|2|50.00%", "3|车位|2|50.00%"}));
     EXPECT_TRUE(isTitle(grid(), 1));
+    // A new count begins anew, with no colours left.
+    EXPECT_EQ(count({"XZ"}).size(), 3U);
+    EXPECT_FALSE(isTitle(grid(), 1));
 }
 
 TEST_F(Weekly, APeriodWithoutLeadsHasCountsOfNothingAndNoShares) {
+    EXPECT_EQ(grid().hint, "请选择区域、时段和项目，然后统计");
     span({2011, 6, 30}, {2011, 7, 1});
     EXPECT_EQ(count({"MT", "YS", "LR", "MJ"}),
               (Lines{"序|媒体分析|人数|占比例", "1|报纸|0|", "2|网络|0|",
                      "|预算租金（元/平米/天）|人次|占比例", "|每天来人量|人次|占比例", "5|06.30（周四）|0|",
                      "6|07.01（周五）|0|", "|面积分析|人次|占比例"}));
+    EXPECT_EQ(grid().hint, "没有统计结果");
 }
 
 TEST_F(Weekly, DaysAreCountedFromTheFirstToTheLastOverMonthsAndYears) {
@@ -127,26 +84,6 @@ TEST_F(Weekly, DaysAreCountedFromTheFirstToTheLastOverMonthsAndYears) {
     span({2012, 1, 1}, {2012, 12, 31});
     EXPECT_EQ(count({"LR"}).size(), 367U);
     EXPECT_EQ(grid().text(60, 1), "02.29（周三）");
-}
-
-TEST_F(Weekly, ANameCountsWhereItIsPartOfWhatWasChosen) {
-    program.run({"Insert Into YZ_媒体设置 (媒体名称,说明) Values ('络','')",
-                 "Insert Into YZ_媒体设置 (媒体名称,说明) Values ('O''Brien','')",
-                 "Update YZ_引驻客户信息 Set 媒体='O''Brien,络' Where 登记日期='2011-3-3'"});
-    EXPECT_EQ(count({"MT"}), (Lines{"序|媒体分析|人数|占比例", "1|报纸|1|14.29%", "2|网络|2|28.57%",
-                                    "3|络|3|42.86%", "4|O'Brien|1|14.29%"}));
-}
-
-TEST_F(WeeklyCalls, CallsAreAskedForNoRentAndCountAlone) {
-    EXPECT_EQ(screen().caption(), "每周来电统计分析");
-    Lines nodes;
-    for (const TreeNode* node : screen().统计项目.roots()) nodes.emplace_back(node->text());
-    EXPECT_EQ(nodes,
-              (Lines{"媒体分析", "区域分析", "公司行业", "企业性质", "询问重点", "每天来人量", "面积分析"}));
-    EXPECT_EQ(count({"MT"}), (Lines{"序|媒体分析|人数|占比例", "1|报纸|1|100.00%", "2|网络|0|0.00%"}));
-    EXPECT_EQ(count({"LR", "MJ"}),
-              (Lines{"序|每天来人量|人次|占比例", "1|03.01（周二）|1|100.00%", "2|03.02（周三）|0|0.00%",
-                     "3|03.03（周四）|0|0.00%", "|面积分析|人次|占比例", "5|100|1|100.00%"}));
 }
 
 TEST(Shares, AreReckonedInSinglePrecision) {
@@ -161,46 +98,6 @@ TEST(Shares, AreReckonedInSinglePrecision) {
     EXPECT_EQ(占比例(1, 32), "3.13%");
     // Seven digits: with more, this would be 12.34%.
     EXPECT_EQ(占比例(1234499, 9999995), "12.35%");
-}
-
-TEST_F(Weekly, WhatIsMissingIsToldAndNothingIsAsked) {
-    auto& form = screen();
-    count({"MT"});
-    const auto before = linesOf(grid());
-    program.fault.statements.clear();
-    span({2011, 3, 4}, {2011, 3, 3});
-    form.选择区域.setIndex(-1);
-    form.全部.click();
-    form.全部.click();
-    form.统计.click();
-    EXPECT_EQ(program.desktop.messages.back().icon, Icon::none);
-    EXPECT_EQ(program.desktop.messages.back().title, "");
-    EXPECT_EQ(program.desktop.takeMessage(), "统计开始日期不能大于结束日期，请重新选择日期！");
-    span({2011, 3, 3}, {2011, 3, 3});
-    int asked = 0;
-    const Subscription watch = form.选择区域.focusAsked.connect([&] { ++asked; });
-    form.统计.click();
-    EXPECT_TRUE(program.desktop.messages.empty());
-    EXPECT_EQ(asked, 1);
-    form.选择区域.pick("02 西塔");
-    form.统计.click();
-    EXPECT_EQ(program.desktop.messages.back().icon, Icon::none);
-    EXPECT_EQ(program.desktop.takeMessage(), "请选择统计项目");
-    EXPECT_EQ(linesOf(grid()), before);
-    EXPECT_TRUE(program.fault.statements.empty());
-}
-
-TEST_F(Weekly, ColumnsFitTheirTextsButForTheFirst) {
-    const int first = grid().columnWidth(0);
-    count({"MT"});
-    // Ten pixels a character, and 180 twips.
-    EXPECT_EQ(grid().columnWidth(0), first);
-    EXPECT_EQ(grid().columnWidth(1), 4 * 150 + 180);
-    EXPECT_EQ(grid().columnWidth(2), 2 * 150 + 180);
-    EXPECT_EQ(grid().columnWidth(3), 6 * 150 + 180);
-    program.run({"Insert Into YZ_媒体设置 (媒体名称,说明) Values ('户外广告牌','')"});
-    count({"MT"});
-    EXPECT_EQ(grid().columnWidth(1), 5 * 150 + 180);
 }
 
 /// What a person does while the count runs, at each of its reports in turn.

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "base/failure.h"
-#include "base/text.h"
 #include "session/document_number.h"
 #include "session/helpers.h"
 #include "support/test_program.h"
@@ -17,21 +16,6 @@ class MainWindow : public testing::Test {
     MainWindow() { program.openDatabase(); }
 
     MDIForm1& main() { return program.app.screens.get<MDIForm1>(); }
-    std::vector<std::string> enabledCaptions() {
-        std::vector<std::string> captions;
-        for (const auto& entry : main().entries())
-            if (entry.enabled() && !entry.isSeparator()) captions.push_back(entry.caption());
-        return captions;
-    }
-    void grant(const std::string& group, const std::string& position, const std::string& caption, int popedom,
-               const std::string& module = "引驻台账") {
-        if (program.rows("Select * From 岗位权限设置 Where 组代号='" + group + "'").empty())
-            program.db().execute("Insert Into 岗位权限设置 (组代号,岗位代号,授权) Values ('" + group + "','" +
-                                 position + "',1)");
-        program.db().execute("Insert Into GroupPrivilege (GroupID,FormName,Popedom,memo) Values ('" + group +
-                             "','" + caption + "'," + std::to_string(popedom) + ",'" + module + "')");
-    }
-
     TestProgram program;
 };
 
