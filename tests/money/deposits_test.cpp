@@ -4,6 +4,7 @@
 
 #include "base/failure.h"
 #include "base/text.h"
+#include "db/statement.h"
 #include "support/test_program.h"
 #include "support/transcripts_of_room.h"
 
@@ -42,22 +43,20 @@ class Deposits : public testing::Test {
         program.openDatabase();
         addOfficesAndDictionaries(program);
         program.run(
-            {"Insert Into YZ_意向书信息 (意向书编号,管理处代号,承租方,流转通过) Values ('1','01','甲公司',1)",
-             "Insert Into YZ_意向书信息 (意向书编号,管理处代号,承租方,流转通过) Values ('2','01','乙公司',1)",
+            {"Insert Into YZ_意向书信息 (意向书编号,管理处代号,承租方,流转通过) Values "
+             "('1','01','甲公司',1),('2','01','乙公司',1)",
              "Insert Into 财务科目 (科目代号,科目名称) Values ('2181','其他应付款')",
              "Insert Into SETUPSFXM (DH,XM,收费类别,对应科目) Values ('D1','租金意向金','押金','2181')",
-             "Insert Into 票据领用记录 (票据领用记录编号,领用部门代号) Values ('L1','01')"});
-        for (const std::string type : {"1", "2", "3"}) {
-            program.db().execute("Insert Into 票据类型 (票据类型代号,票据类型,税控,定额) Values ('" + type +
-                                 "','" + (type == "1" ? "税控',1,0)" : "收据',Null,0)"));
-            program.db().execute("Insert Into 票据入库单 (入库单编号,票据类型编号) Values ('B" + type +
-                                 "','" + type + "')");
-            program.db().execute("Insert Into 票据领用清单 (领用记录编号,入库单编号) Values ('L1','B" + type +
-                                 "')");
+             "Insert Into 票据领用记录 (票据领用记录编号,领用部门代号) Values ('L1','01')",
+             "Insert Into 票据类型 (票据类型代号,票据类型,税控,定额) Values "
+             "('1','税控',1,0),('2','收据',Null,0),('3','收据',Null,0)",
+             "Insert Into 票据入库单 (入库单编号,票据类型编号) Values ('B1','1'),('B2','2'),('B3','3')",
+             "Insert Into 票据领用清单 (领用记录编号,入库单编号) Values "
+             "('L1','B1'),('L1','B2'),('L1','B3')"});
+        for (int book = 1; book <= 3; ++book)
             for (int ticket = 0; ticket < 10; ++ticket)
-                program.db().execute("Insert Into 票据 (入库单编号,票据编号) Values ('B" + type + "','" +
-                                     type + "00" + std::to_string(ticket) + "')");
-        }
+                program.db().execute(sql("Insert Into 票据 (入库单编号,票据编号) Values ('B{}','{}00{}')",
+                                         book, book, ticket));
         program.enter();
         offerScreens<Frm意向金收取>(program);
         for (const char* name : {"frm税控发票打印", "frm票据打印"})
@@ -123,11 +122,25 @@ class Deposits : public testing::Test {
     Invoices invoices;
 };
 
-TEST_F(Deposits, FourTaxLinesGiveTwoInvoices) {
+TEST_F(Deposits, FourTaxLinesGiveTwoInvoicesAndOneThatDidNotComeOutStopsTheSavingOfAll) {
     for (int line = 0; line < 4; ++line) fillByHand(std::to_string(line + 1), 1, line);
     EXPECT_EQ(pictures(), "11111");
     tick({1, 2, 3, 4});
     EXPECT_EQ(cells(2, {C::票据簿编号, C::票据编号}), " ");
+    invoices.tickets = {"B1,1007,71", ""};
+    press();
+    EXPECT_EQ(invoices.asked.size(), 2U);
+    // The first has been printed, and its lines say so.
+    EXPECT_EQ(cells(3, {C::票据簿编号, C::票据编号}), "B1 1007");
+    EXPECT_EQ(cells(4, {C::票据簿编号, C::票据编号}), " ");
+    EXPECT_EQ(pictures(), "22221");
+    // What an earlier press handed back does not count.
+    press();
+    EXPECT_TRUE(payments().empty());
+    EXPECT_TRUE(program.desktop.notices.empty());
+    EXPECT_TRUE(program.rows("Select ID From 票据开票数据").empty());
+
+    invoices.asked.clear();
     invoices.tickets = {"B1,1007,71", "B1,1008,81"};
     press();
     EXPECT_EQ(invoices.asked,
@@ -145,24 +158,6 @@ TEST_F(Deposits, FourTaxLinesGiveTwoInvoices) {
     // Said once; there is nothing to say where nothing was left to save.
     press();
     EXPECT_EQ(program.desktop.notices, std::vector<std::string>{"已保存 1"});
-}
-
-TEST_F(Deposits, AnInvoiceThatDidNotComeOutStopsTheSavingOfAll) {
-    for (int line = 0; line < 4; ++line) fillByHand(std::to_string(line + 1), 1, line);
-    tick({1, 2, 3, 4});
-    invoices.tickets = {"B1,1007,71", ""};
-    press();
-    EXPECT_EQ(invoices.asked.size(), 2U);
-    EXPECT_TRUE(payments().empty());
-    EXPECT_TRUE(program.desktop.notices.empty());
-    EXPECT_TRUE(program.rows("Select ID From 票据开票数据").empty());
-    // The first has been printed, and its lines say so.
-    EXPECT_EQ(cells(3, {C::票据簿编号, C::票据编号}), "B1 1007");
-    EXPECT_EQ(cells(4, {C::票据簿编号, C::票据编号}), " ");
-    EXPECT_EQ(pictures(), "22221");
-    // What an earlier press handed back does not count.
-    press();
-    EXPECT_TRUE(payments().empty());
 }
 
 TEST_F(Deposits, GroupsGoTaxFirstAndThenByTypeInTheOrderOfRows) {
@@ -294,45 +289,6 @@ TEST_F(Deposits, ALineToBePrintedNeedsNumbers) {
     EXPECT_TRUE(payments().empty());
 }
 
-TEST_F(Deposits, ALetterThatAnotherSeatHasDeletedLeavesNothingBehind) {
-    fill("8", 2);
-    program.run({"Delete From YZ_意向书信息 Where ID=2"});
-    click("YM2");
-    EXPECT_EQ(screen().意向书信息["承租方"].text() + screen().意向书信息.id(), "");
-    EXPECT_EQ(screen().收费.rows(), 1);
-    press();
-    EXPECT_TRUE(payments().empty());
-}
-
-TEST_F(Deposits, TheVoucherSaysWhichBudgetItIsFrom) {
-    fillByHand("8", 2, 0);
-    fillByHand("9", 2, 1);
-    press();
-    const auto refund = [&](int row, OptionButton& kind) {
-        screen().收费.click(row, C::金额);
-        screen().退款处理.click();
-        EXPECT_TRUE(screen().退款.预算.chosen());
-        kind.click();
-        screen().退款.确定.click();
-        EXPECT_FALSE(screen().退款处理.usable()) << "once is enough";
-        screen().退款.关闭.click();
-    };
-    refund(1, screen().退款.非预算);
-    refund(2, screen().退款.预算);
-    EXPECT_EQ(program.rows("Select 报销类型 From 报销单表 Order By 报销单ID"),
-              (std::vector<std::string>{"非预算", "预算"}));
-    // Shown again each says it, whatever was shown before.
-    program.run({"Update YZ_意向金收款 Set 处理结束=0"});
-    click("YM1");
-    for (const int row : {2, 1}) {
-        screen().收费.click(row, C::金额);
-        screen().退款处理.click();
-        EXPECT_EQ(screen().退款.非预算.chosen(), row == 1);
-        EXPECT_EQ(screen().退款.借方金额.text(), row == 1 ? "8.00" : "9.00");
-        screen().退款.关闭.click();
-    }
-}
-
 TEST_F(Deposits, ARowWithHalfOfWhatItNeedsIsNotTakenForTheBlankOne) {
     type(C::金额, "5");
     press();
@@ -371,20 +327,6 @@ TEST_F(Deposits, ALineThatIsNoLongerTickedOffersItsBooksAgain) {
     EXPECT_EQ(screen().票据簿.list.items().front().data, 1);
 }
 
-TEST_F(Deposits, AnotherLetterLeavesTheRefundAndTheChosenRow) {
-    fillByHand("8", 2, 0);
-    press();
-    screen().收费.click(1, C::金额);
-    screen().退款处理.click();
-    EXPECT_TRUE(screen().退款.面板.isOpen());
-    click("YM2");
-    EXPECT_FALSE(screen().退款.面板.isOpen());
-    EXPECT_EQ(screen().收费.selection(), GridSelection::cell);
-    // There is nothing to pay back of a line without a record.
-    screen().退款.open(1);
-    EXPECT_FALSE(screen().退款.面板.isOpen());
-}
-
 TEST_F(Deposits, AVoucherStartsAfreshAndIsShownAsItWasMade) {
     fillByHand("8", 2, 0);
     fillByHand("9", 2, 1);
@@ -398,8 +340,10 @@ TEST_F(Deposits, AVoucherStartsAfreshAndIsShownAsItWasMade) {
     EXPECT_TRUE(voucher.借方金额.numeric());
     voucher.收款人.type("王先生");
     voucher.相关情况说明.type("不租了");
+    voucher.非预算.click();
     show(2);
     EXPECT_EQ(voucher.收款人.text() + voucher.相关情况说明.text(), "");
+    EXPECT_TRUE(voucher.预算.chosen());
     voucher.收款人.type("李女士");
     voucher.退款日期.setValue(*parseDate("2010-12-31"));
     // The refund goes on while another line is looked at.
@@ -409,20 +353,48 @@ TEST_F(Deposits, AVoucherStartsAfreshAndIsShownAsItWasMade) {
     EXPECT_EQ(screen().行操作.tag, "1");
     EXPECT_EQ(voucher.凭证编号.caption(), "TK-201100000001");
 
+    show(1);
+    voucher.非预算.click();
+    voucher.确定.click();
+    EXPECT_FALSE(screen().退款处理.usable()) << "once is enough";
+    EXPECT_EQ(program.rows("Select 报销类型 From 报销单表 Order By 报销单ID"),
+              (std::vector<std::string>{"预算", "非预算"}));
+    // Shown again each says what it is, whatever was shown before.
     program.run({"Update 报销单表 Set 制单人='周全'", "Update YZ_意向金收款 Set 处理结束=0"});
     click("YM1");
+    for (const int row : {2, 1}) {
+        show(row);
+        EXPECT_EQ(voucher.非预算.chosen(), row == 1);
+        EXPECT_EQ(voucher.借方金额.text(), row == 1 ? "8.00" : "9.00");
+        EXPECT_EQ(voucher.制单人.caption() + voucher.收款人.text(),
+                  row == 1 ? "制单人：周全" : "制单人：周全李女士");
+        EXPECT_FALSE(voucher.退款日期.enabled());
+    }
+    program.run({"Update YZ_意向金收款 Set 退款支付凭证编号=Null Where 金额=8"});
+    click("YM1");
     show(2);
-    EXPECT_EQ(voucher.制单人.caption() + voucher.收款人.text(), "制单人：周全李女士");
-    EXPECT_FALSE(voucher.退款日期.enabled());
     show(1);
     EXPECT_TRUE(voucher.退款日期.enabled());
 }
 
-TEST_F(Deposits, AnotherLetterStartsWithLinesThatKnowNothingOfTheOne) {
+TEST_F(Deposits, AnotherLetterStartsWithNothingOfTheOne) {
+    fillByHand("8", 2, 0);
+    press();
+    screen().收费.click(1, C::金额);
+    screen().退款处理.click();
+    EXPECT_TRUE(screen().退款.面板.isOpen());
+    click("YM2");
+    EXPECT_FALSE(screen().退款.面板.isOpen());
+    EXPECT_EQ(screen().收费.selection(), GridSelection::cell);
+    // There is nothing to pay back of a line without a record.
+    screen().退款.open(1);
+    EXPECT_FALSE(screen().退款.面板.isOpen());
+
     fill("8", 1);
     tick({1});
     screen().收费.click(2, C::收费项目);
     screen().收费项目.button.click();
+    click("YM1");
     click("YM2");
     EXPECT_FALSE(screen().收费项目.panel.isOpen() || screen().收费项目.button.visible());
     EXPECT_FALSE(screen().单元格编辑.visible());
@@ -430,6 +402,15 @@ TEST_F(Deposits, AnotherLetterStartsWithLinesThatKnowNothingOfTheOne) {
     EXPECT_FALSE(screen().收费.行打印标记[1] || screen().收费.行税控标记[1]);
     screen().收费.click(1, C::票据簿编号);
     EXPECT_TRUE(screen().票据簿.button.visible());
+
+    // Another seat has deleted it.
+    fill("8", 2);
+    program.run({"Delete From YZ_意向书信息 Where ID=1"});
+    click("YM1");
+    EXPECT_EQ(screen().意向书信息["承租方"].text() + screen().意向书信息.id(), "");
+    EXPECT_EQ(screen().收费.rows(), 1);
+    press();
+    EXPECT_EQ(payments().size(), 1U);
 }
 
 }  // namespace
