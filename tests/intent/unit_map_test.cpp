@@ -3,9 +3,10 @@
 #include <gtest/gtest.h>
 
 #include "base/failure.h"
+#include "base/text.h"
 #include "db/statement.h"
 #include "intent/letter.h"
-#include "support/test_program.h"
+#include "support/transcripts_of_room.h"
 
 namespace desk {
 
@@ -18,40 +19,28 @@ class UnitMap : public testing::Test {
     UnitMap() {
         program.openDatabase();
         addOfficesAndDictionaries(program);
-        program.app.screens.offer<Frm房源一览表>(program.app);
-        program.app.screens.offer<Frm意向书信息>(program.app);
+        offerScreens<Frm房源一览表, Frm意向书信息>(program);
         addSection(1, "9", "一");
         addSection(2, "10", "二");
-        see(1);
-        see(2);
-        addUnit(1, 101, "1", "101", "100.5");
-        addUnit(2, 101, "1", "102", "50");
-        addUnit(3, 101, "1", "103", "60", "'2011-3-1'");
-        addUnit(4, 101, "1", "104", "70");
-        addUnit(5, 101, "2", "201", "80");
-        addUnit(6, 102, "1", "A", "30");
-        addUnit(7, 102, "1", "B", "31.256");
-        addUnit(8, 102, "1", "C", "32");
+        program.run(
+            {"Insert Into 室表 (S_ID,L_ID,层次,室,建筑面积,装修日期,开始日期) Values "
+             "(1,101,'1','101',100.5,NULL,'2001-1-1'),(2,101,'1','102',50,NULL,'2001-1-1'),"
+             "(3,101,'1','103',60,'2011-3-1','2001-1-1'),(4,101,'1','104',70,NULL,'2001-1-1'),"
+             "(5,101,'2','201',80,NULL,'2001-1-1'),(6,102,'1','A',30,NULL,'2001-1-1'),"
+             "(7,102,'1','B',31.256,NULL,'2001-1-1'),(8,102,'1','C',32,NULL,'2001-1-1')"});
         let(2, "K2", "甲公司");
         letOut(4, "自用");
         letOut(5, "可出租");
         program.enter();
     }
 
-    void addSection(int id, const char* number, const char* name) {
+    /// A section that the session may see.
+    void addSection(int id, const std::string& number, const char* name) {
         program.db().execute(
             sql("Insert Into 楼表 (L_ID,楼编号,地址1,字1,地址2,管理处,开始日期) Values "
                 "({},'{}','{}','号','楼','01','2001-1-1')",
                 100 + id, number, name));
-    }
-    void see(int section) {
-        program.db().execute(sql("Insert Into 楼域范围设置 (工号,L_ID) Values ('E01',{})", 100 + section));
-    }
-    void addUnit(int id, int section, const char* floor, const char* room, const char* area,
-                 const char* fitting = "NULL") {
-        program.run({"Insert Into 室表 (S_ID,L_ID,层次,室,建筑面积,装修日期,开始日期) Values (" +
-                     std::to_string(id) + "," + std::to_string(section) + ",'" + floor + "','" + room + "'," +
-                     area + "," + fitting + ",'2001-1-1')"});
+        program.db().execute(sql("Insert Into 楼域范围设置 (工号,L_ID) Values ('E01',{})", 100 + id));
     }
     void let(int unit, const char* number, const char* tenant, const char* from = "2011-1-1",
              const char* to = "2012-1-1") {
@@ -106,8 +95,9 @@ class UnitMap : public testing::Test {
     static std::string infoOf(const Frm房源一览表& screen) {
         const 房源信息& info = screen.信息;
         if (!info.面板.isOpen()) return "closed";
-        return info.建筑面积.caption() + "|" + info.客户.caption() + "|" + info.客户编号.caption() + "|" +
-               info.层次.caption() + "|" + info.装修.caption() + "|" + info.状态.caption();
+        return join({info.建筑面积.caption(), info.客户.caption(), info.客户编号.caption(),
+                     info.层次.caption(), info.装修.caption(), info.状态.caption()},
+                    "|");
     }
     static std::vector<std::string> marked(const Frm房源一览表& screen) {
         std::vector<std::string> texts;
@@ -124,15 +114,10 @@ class UnitMap : public testing::Test {
     int contracts_ = 0;
 };
 
-const std::vector<std::string>& wholeMap() {
-    static const std::vector<std::string> lines{"[一号楼]", "101: 101+ 102$ 103! 104.", "101: 201+ . . .",
-                                                "[二号楼]", "102: A+ B+ C+ ."};
-    return lines;
-}
-
 TEST_F(UnitMap, DrawsABandForEachSectionAndACellForEachUnit) {
     auto& screen = opened();
-    EXPECT_EQ(drawn(screen), wholeMap());
+    EXPECT_EQ(drawn(screen), (Lines{"[一号楼]", "101: 101+ 102$ 103! 104.", "101: 201+ . . .", "[二号楼]",
+                                    "102: A+ B+ C+ ."}));
     EXPECT_EQ(screen.地图.rowHeight(0), 300);
     EXPECT_EQ(screen.地图.rowHeight(1), 650);
     EXPECT_EQ(screen.地图.columnWidth(3), 700);
@@ -175,7 +160,6 @@ TEST_F(UnitMap, CountsADayFromItsStartUpToItsEnd) {
 
 TEST_F(UnitMap, ShowsSectionsWithoutUnitsAndUnitsOfTwoTenants) {
     addSection(3, "11", "三");
-    see(3);
     letOut(6, "自用");
     let(6, "K6", "丙");
     let(6, "K7", "丁");
@@ -195,14 +179,23 @@ TEST_F(UnitMap, TellsWhoMaySeeNothing) {
     EXPECT_FALSE(screen.选择房源.enabled());
     screen.地图.resize(9000, 3000);
     EXPECT_EQ(program.desktop.messages.size(), 1U);
+    screen.关闭.click();
+    EXPECT_EQ(program.app.screens.loaded(Frm房源一览表::screenName), nullptr);
 }
 
-TEST_F(UnitMap, StopsAtAUnitThatNobodyHasMeasured) {
+TEST_F(UnitMap, WhatCannotBeReadIsToldAndHasNoStatistics) {
     program.run({"Update 室表 Set 建筑面积=NULL Where S_ID=4"});
     auto& screen = opened();
     EXPECT_EQ(program.desktop.takeMessage(), "错误，错误为：13 类型不匹配");
     EXPECT_EQ(drawn(screen), (Lines{"[一号楼]", "101: 101+ 102$ 103! 104."}));
     EXPECT_FALSE(screen.统计信息.enabled());
+    program.run({"Update 室表 Set 建筑面积=70 Where S_ID=4"});
+    screen.区域.pick("01 东塔");
+    program.fault = {.in = 1, .number = failure::unspecified};
+    screen.区域.pick("02 西塔");
+    EXPECT_EQ(program.desktop.takeMessage().substr(0, 21), "错误，错误为：");
+    screen.统计信息.click();
+    EXPECT_EQ(screen.统计.块.count(), 0);
 }
 
 TEST_F(UnitMap, HighlightsOneUnitAndTellsOfIt) {
@@ -229,6 +222,11 @@ TEST_F(UnitMap, HighlightsOneUnitAndTellsOfIt) {
     EXPECT_EQ(infoOf(screen), "80||【客户编号】  |2||单元可出租");
     screen.信息.关闭窗口.click();
     EXPECT_EQ(infoOf(screen), "closed");
+    // Who starts to pick has no use for it.
+    ASSERT_TRUE(light.visible());
+    screen.选择房源.setVisible(true);
+    screen.选择房源.click();
+    EXPECT_FALSE(light.visible());
 }
 
 TEST_F(UnitMap, TellsTheStateOfEachUnit) {
@@ -298,15 +296,6 @@ TEST_F(UnitMap, PicksWhatIsFreeAndCancelsIt) {
     EXPECT_EQ(screen.状态栏.panel(0), "所选面积合计：0.00");
 }
 
-TEST_F(UnitMap, StartsToPickWithTheHighlightGone) {
-    auto& screen = opened();
-    screen.选择房源.setVisible(true);
-    screen.地图.click(1, 0);
-    ASSERT_TRUE(screen.突出显示.visible());
-    screen.选择房源.click();
-    EXPECT_FALSE(screen.突出显示.visible());
-}
-
 TEST_F(UnitMap, MarkersStandForPlacesOfTheMap) {
     auto& screen = picking();
     screen.地图.click(4, 2);
@@ -333,15 +322,6 @@ TEST_F(UnitMap, OpenedAgainForTheSameOfficeItIsDrawnAnew) {
     EXPECT_TRUE(screen.地图框.visible());
     EXPECT_FALSE(screen.突出显示.visible());
     EXPECT_EQ(screen.地图.text(4, 2), "新名");
-}
-
-TEST_F(UnitMap, AnOfficeThatCannotBeReadHasNoStatistics) {
-    auto& screen = opened();
-    program.fault = {.in = 1, .number = failure::unspecified};
-    screen.区域.pick("02 西塔");
-    EXPECT_EQ(program.desktop.takeMessage().substr(0, 21), "错误，错误为：");
-    screen.统计信息.click();
-    EXPECT_EQ(screen.统计.块.count(), 0);
 }
 
 TEST_F(UnitMap, HandsThePickedUnitsToTheLetter) {
@@ -382,12 +362,7 @@ TEST_F(UnitMap, HandsThePickedUnitsToTheLetter) {
 
 TEST_F(UnitMap, TellsWhatIsLetOfEachSection) {
     let(4, "K4", "己");
-    addUnit(9, 102, "9", "Z", "NULL");
-    letOut(9, "自用");
     auto& screen = opened();
-    program.desktop.messages.clear();
-    program.run({"Delete From 室表 Where S_ID=9"});
-    screen.区域.pick("01 东塔");
     screen.统计信息.click();
     EXPECT_EQ(screen.统计信息.caption(), "关闭统计信息");
     EXPECT_FALSE(screen.地图框.visible());
@@ -431,10 +406,7 @@ TEST_F(UnitMap, DrawsThePiesOfTheSections) {
 }
 
 TEST_F(UnitMap, ScrollsTheTilesOfManySections) {
-    for (int id = 3; id <= 7; ++id) {
-        addSection(id, std::to_string(10 + id).c_str(), "丙");
-        see(id);
-    }
+    for (int id = 3; id <= 7; ++id) addSection(id, std::to_string(10 + id), "丙");
     auto& screen = opened();
     screen.统计信息.click();
     ScrollBar& bar = screen.统计.滚动条;
@@ -451,11 +423,6 @@ TEST_F(UnitMap, ScrollsTheTilesOfManySections) {
     screen.统计信息.click();
     EXPECT_EQ(bar.last(), 1);
     EXPECT_EQ(screen.统计.块[0].top(), 0);
-}
-
-TEST_F(UnitMap, ClosesByItsButton) {
-    opened().关闭.click();
-    EXPECT_EQ(program.app.screens.loaded(Frm房源一览表::screenName), nullptr);
 }
 
 }  // namespace

@@ -222,40 +222,33 @@ TEST_F(ASampleProperty, MarksAssignedCustomersAndTellsNothingOfTheFuture) {
 }
 
 TEST_F(ASampleProperty, TakesItsLettersThroughEveryStage) {
-    EXPECT_GT(count("From YZ_意向书信息 Where 提交日期 is Null"), 0);
-    EXPECT_GT(count("From YZ_意向书信息 Where 提交日期 is not Null And 流转结束日期 is Null"), 0);
-    EXPECT_GT(count("From YZ_意向书信息 Where 流转通过=1"), 0);
-    EXPECT_GT(count("From YZ_意向书信息 Where 流转通过=0"), 0);
-    EXPECT_GT(count("From YZ_意向书审批情况 Where 环节序号=0"), 0);
-    EXPECT_GT(count("From YZ_意向书审批情况 Where 环节序号=2"), 0);
+    const std::string letters = "From YZ_意向书信息 ";
+    const std::string approvals = "From YZ_意向书审批情况 ";
+    const std::string waiting = approvals + "Where 审批日期 is Null";
+    for (const std::string& some :
+         {letters + "Where 提交日期 is Null", letters + "Where 提交日期 is not Null And 流转结束日期 is Null",
+          letters + "Where 流转通过=1", letters + "Where 流转通过=0", letters + "Where 管理处代号='03'",
+          approvals + "Where 环节序号=0", approvals + "Where 环节序号=2", waiting + " And 环节序号=0",
+          waiting + " And 环节序号>0", std::string("From YZ_意向金收款 Where 处理结束=0")})
+        EXPECT_GT(count(some), 0) << some;
     // One office asks in turn, one all at once, and one has no path yet, so that nothing is submitted there.
     EXPECT_EQ(rows("Select 管理处代号,单级流转 From YZ_意向书审批路径设置 Order By 管理处代号"),
               (std::vector<std::string>{"01|0", "02|1"}));
-    EXPECT_GT(count("From YZ_意向书信息 Where 管理处代号='03'"), 0);
-    EXPECT_EQ(count("From YZ_意向书信息 Where 管理处代号='03' And 提交日期 is not Null"), 0);
-    // Letters of both kinds wait for somebody, and on no desk twice.
-    const std::string waiting = "From YZ_意向书审批情况 Where 审批日期 is Null";
-    EXPECT_GT(count(waiting + " And 环节序号=0"), 0);
-    EXPECT_GT(count(waiting + " And 环节序号>0"), 0);
-    const auto desks = rows("Select 岗位代号,意向书ID " + waiting);
-    EXPECT_EQ(std::set<std::string>(desks.begin(), desks.end()).size(), desks.size());
+    EXPECT_EQ(count(letters + "Where 管理处代号='03' And 提交日期 is not Null"), 0);
     // A letter is at its end when and only when nobody is left to decide.
-    EXPECT_EQ(count("From YZ_意向书信息 A Inner Join YZ_意向书审批情况 B On A.ID=B.意向书ID Where B.审批日期 "
-                    "is Null And "
-                    "A.流转结束日期 is not Null"),
-              0);
-    EXPECT_EQ(
-        count("From YZ_意向书信息 A Inner Join YZ_意向书审批情况 B On A.ID=B.意向书ID Where B.同意=0 And "
-              "A.流转通过=1"),
-        0);
-    const auto reserved = rows("Select 单元ID From YZ_意向书单元信息 Where 终止日期 is Null");
-    EXPECT_EQ(std::set<std::string>(reserved.begin(), reserved.end()).size(), reserved.size())
-        << "one letter a unit";
-    EXPECT_GT(count("From YZ_意向金收款 Where 处理结束=0"), 0);
-    EXPECT_EQ(
-        count(
-            "From YZ_意向金收款 A Inner Join 报销单表 B On A.退款支付凭证编号=B.凭证编号 Where A.处理结束=1"),
-        1);
+    const std::string decided = letters + "A Inner Join YZ_意向书审批情况 B On A.ID=B.意向书ID Where ";
+    EXPECT_EQ(count(decided + "B.审批日期 is Null And A.流转结束日期 is not Null"), 0);
+    EXPECT_EQ(count(decided + "B.同意=0 And A.流转通过=1"), 0);
+    // One letter a unit, and none on a desk twice.
+    for (const std::string& each :
+         {"Select 岗位代号,意向书ID " + waiting,
+          std::string("Select 单元ID From YZ_意向书单元信息 Where 终止日期 is Null")}) {
+        const auto all = rows(each);
+        EXPECT_EQ(std::set<std::string>(all.begin(), all.end()).size(), all.size()) << each;
+    }
+    EXPECT_EQ(count("From YZ_意向金收款 A Inner Join 报销单表 B On A.退款支付凭证编号=B.凭证编号 Where "
+                    "A.处理结束=1"),
+              1);
 }
 
 /// Who can log in, by the statements of the login itself.
