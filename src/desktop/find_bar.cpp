@@ -74,6 +74,8 @@ void FindBar::show(const QModelIndex& found) {
     result_->setText(found.isValid() || line_->text().isEmpty() ? QString() : "未找到");
     if (!found.isValid()) return;
     view_->scrollTo(found);
+    if (placeOf(found).intersects(foot())) view_->scrollTo(found, QAbstractItemView::PositionAtCenter);
+    lay();
     // The keyboard goes on from here, and nothing is selected or clicked.
     view_->selectionModel()->setCurrentIndex(found, QItemSelectionModel::NoUpdate);
 }
@@ -124,10 +126,21 @@ bool FindBar::eventFilter(QObject* watched, QEvent* event) {
     return takeKey(key.key(), key.modifiers());
 }
 
-void FindBar::lay() {
+QRect FindBar::placeOf(const QModelIndex& index) const {
+    return view_->visualRect(index).translated(view_->viewport()->pos());
+}
+
+QRect FindBar::foot() const {
     const QRect inside = view_->viewport()->geometry();
     const int height = sizeHint().height();
-    setGeometry(inside.left(), inside.bottom() - height + 1, inside.width(), height);
+    return QRect(inside.left(), inside.bottom() - height + 1, inside.width(), height);
+}
+
+void FindBar::lay() {
+    QRect place = foot();
+    // What stands at the very end cannot be scrolled away from the foot.
+    if (placeOf(rows_->marked()).intersects(place)) place.moveTop(view_->viewport()->y());
+    setGeometry(place);
 }
 
 }  // namespace desk::desktop

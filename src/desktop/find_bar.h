@@ -20,8 +20,9 @@ struct Searched {
     std::function<void(const QModelIndex&)> click;
 };
 
-/// A line at the foot of a tree or grid in which a text is typed that is looked for there. What is found is
-/// marked and comes into view, nothing is clicked; Enter clicks it, F3 goes on, Escape closes the line.
+/// A line at the foot of a tree or grid, or at its head where it would cover what is found, in which a text
+/// is typed that is looked for there. What is found is marked and comes into view, nothing is clicked; Enter
+/// clicks it, F3 goes on, Escape closes the line.
 class FindBar : public QFrame {
   public:
     FindBar(QAbstractItemView* view, RowDelegate* rows, Searched searched);
@@ -42,6 +43,8 @@ class FindBar : public QFrame {
     void show(const QModelIndex& found);
     void close();
     void take();
+    QRect placeOf(const QModelIndex& index) const;
+    QRect foot() const;
     void lay();
 
     QAbstractItemView* view_;

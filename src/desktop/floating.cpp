@@ -1,7 +1,8 @@
 #include "desktop/floating.h"
 
 #include <QAbstractButton>
-#include <QEvent>
+#include <QKeyEvent>
+#include <QPointer>
 #include <utility>
 
 #include "desktop/binding.h"
@@ -22,7 +23,10 @@ class Floating : public QObject {
         lay();
     }
 
-    bool eventFilter(QObject*, QEvent* event) override {
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == field_ && event->type() == QEvent::KeyPress)
+            return opensByKey(*static_cast<QKeyEvent*>(event));
+        if (watched != content_) return false;
         if (event->type() == QEvent::Resize || event->type() == QEvent::Show) lay();
         return false;
     }
@@ -78,11 +82,30 @@ class Floating : public QObject {
         if (std::exchange(followed_, table) != table) whenCellsMove(table, this, [this] { lay(); });
     }
 
+    /// The keys that open a drop-down press the arrow of a field, which no other key reaches from the field.
+    bool opensByKey(const QKeyEvent& key) {
+        const bool opens = key.key() == Qt::Key_F4
+                               ? key.modifiers() == Qt::NoModifier
+                               : key.key() == Qt::Key_Down && (key.modifiers() & Qt::AltModifier);
+        if (!opens || !part_->isVisible() || !part_->isEnabled()) return false;
+        static_cast<QAbstractButton*>(part_)->click();
+        return true;
+    }
+
+    void listenAt(QWidget* field) {
+        if (field == field_) return;
+        if (field_) field_->removeEventFilter(this);
+        field_ = field;
+        if (field_) field_->installEventFilter(this);
+    }
+
     QRect insideAnchor() {
         const QRect at = anchor();
         const int height = at.height() - 2;
         const auto* button = qobject_cast<QAbstractButton*>(part_);
         const QString word = button != nullptr ? button->text() : QString();
+        if (button != nullptr && word.size() == 1)
+            listenAt(content_->findChild<QWidget*>(text(control_.anchor()->name())));
         // An arrow stands in a square, a word needs room.
         const int width =
             word.size() < 2 ? height : button->fontMetrics().horizontalAdvance(word) + height / 2;
@@ -117,6 +140,7 @@ class Floating : public QObject {
     Control& control_;
     QWidget* part_;
     FloatsAt place_;
+    QPointer<QWidget> field_;         ///< whose arrow it is
     QTableView* followed_ = nullptr;  ///< the grid whose cells it goes along with
 };
 

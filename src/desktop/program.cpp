@@ -7,9 +7,14 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPixmap>
+#include <QProxyStyle>
+#include <QScreen>
 #include <QTranslator>
+#include <algorithm>
+#include <cmath>
 
 #include "desktop/screen_list.h"
+#include "desktop/sharp_frames.h"
 #include "desktop/words.h"
 
 /// The pictures lie in a library, from which nothing is linked that nobody names.
@@ -28,10 +33,17 @@ QIcon icon() {
     return QPixmap::fromImageReader(&reader);
 }
 
+bool isBetweenPixels(const QScreen* screen) {
+    const double ratio = screen->devicePixelRatio();
+    return ratio != std::floor(ratio);
+}
+
 }  // namespace
 
 void dress() {
     linkPictures();
+    const QList<QScreen*> screens = QApplication::screens();
+    if (std::any_of(screens.begin(), screens.end(), isBetweenPixels)) QApplication::setStyle(sharpFrames());
     QApplication::setApplicationName("引驻台账");
     QApplication::setWindowIcon(icon());
     const QLocale chinese(QLocale::Chinese, QLocale::China);

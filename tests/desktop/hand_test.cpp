@@ -14,8 +14,10 @@
 #include <QTimer>
 
 #include "base/text.h"
+#include "desktop/floating.h"
 #include "desktop/form.h"
 #include "desktop/person.h"
+#include "desktop/sharp_frames.h"
 #include "ui/batch.h"
 
 namespace desk::desktop {
@@ -329,6 +331,53 @@ TEST_F(Hand, TheKeysOfADropDownOpenTheCalendarAndChangeNothing) {
     EXPECT_EQ(isoDay(form.day.value()), "2026-11-25");
     EXPECT_FALSE(opens(Qt::Key_Down, {}));
     EXPECT_NE(isoDay(form.day.value()), "2026-11-25");
+}
+
+TEST_F(Hand, TheKeysOfADropDownPressTheArrowOfAField) {
+    Button arrow(form, "arrow", "▼");
+    int pressed = 0;
+    arrow.clicked += [&] { ++pressed; };
+    QWidget* window = shown({&form.first, &form.second});
+    floatOver(window, arrow, widgetFor(arrow), FloatsAt::rightEdge);
+    arrow.setAnchor(&form.first);
+    const Person person(window);
+    QTest::keyClick(&person.at(form.first), Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(pressed, 1);
+    QTest::keyClick(&person.at(form.second), Qt::Key_Down, Qt::AltModifier);
+    QTest::keyClick(&person.at(form.first), Qt::Key_Down);
+    EXPECT_EQ(pressed, 1);
+    arrow.setAnchor(&form.second);
+    QTest::keyClick(&person.at(form.first), Qt::Key_F4);
+    EXPECT_EQ(pressed, 1);
+    QTest::keyClick(&person.at(form.second), Qt::Key_F4);
+    EXPECT_EQ(pressed, 2);
+}
+
+/// Whether a line darker than the ground of the list goes along all its edges.
+bool isFramed(QWidget& list, double scale) {
+    QImage picture(list.size() * scale, QImage::Format_RGB32);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::white);
+    list.render(&picture);
+    const int right = picture.width() - 1;
+    const int bottom = picture.height() - 1;
+    const auto isLine = [&](int x, int y, int dx, int dy) {
+        const auto darkness = [&](int step) {
+            return 255 - qGray(picture.pixel(x + step * dx, y + step * dy));
+        };
+        return std::max({darkness(0), darkness(1), darkness(2)}) > 40;
+    };
+    return isLine(0, bottom / 2, 1, 0) && isLine(right, bottom / 2, -1, 0) && isLine(right / 2, 0, 0, 1) &&
+           isLine(right / 2, bottom, 0, -1);
+}
+
+TEST_F(Hand, AListIsFramedAtAnyScale) {
+    const std::unique_ptr<QProxyStyle> style(sharpFrames());
+    const Person person(shown({&form.list}));
+    QWidget& list = person.at(form.list);
+    list.setStyle(style.get());
+    for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0}) EXPECT_TRUE(isFramed(list, scale)) << scale;
+    list.setStyle(nullptr);
 }
 
 TEST_F(Hand, AClickLeavesATextSelectedThatIsToBeSoOnFocus) {

@@ -133,6 +133,17 @@ TEST_F(Look, FindingMarksAndEnterClicks) {
     EXPECT_EQ(clicks, std::vector<std::string>{"2026-1299"});
     EXPECT_EQ(QApplication::focusWidget(), &view);
 
+    // The line covers nothing that it has found, at the very end either.
+    press(Qt::Key_F, Qt::ControlModifier);
+    const auto* bar = window->findChild<QFrame*>("qt_findbar");
+    for (const char* wanted : {"company 4", "company 13", "company 299", "company 300"}) {
+        type(wanted);
+        const QRect at = view.visualRect(view.currentIndex()).translated(view.viewport()->pos());
+        EXPECT_TRUE(view.viewport()->geometry().contains(QPoint(at.left(), at.bottom()))) << wanted;
+        EXPECT_FALSE(bar->geometry().intersects(at)) << wanted;
+    }
+    press(Qt::Key_Escape);
+
     // From a field the first tree or grid is searched; Escape leaves all as it was.
     widget<QLineEdit>("页.公司名称").setFocus();
     press(Qt::Key_F, Qt::ControlModifier);
