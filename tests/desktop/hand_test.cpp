@@ -459,33 +459,6 @@ TEST_F(Hand, ARefilledComboShowsItsNewColours) {
     EXPECT_TRUE(combo.itemIcon(1).isNull());
 }
 
-/// Which of the cells that the model names is shown over how many others.
-TEST_F(Hand, EqualNeighboursAreOneCell) {
-    form.grid.setColumns(3);
-    form.grid.addRow({"a", "a", "b"});
-    form.grid.addRow({"c", "a", "a"});
-    form.grid.addRow({"c", "d", "e"});
-    form.grid.setMerging(Merge::free);
-    form.grid.setMergesRow(1, true);
-    form.grid.setMergesRow(2, true);
-    form.grid.setMergesRow(3, true);
-    const Person person(shown({&form.grid}));
-    auto& view = person.at<QTableView>(form.grid);
-    const auto spans = [&] {
-        std::string all;
-        for (int row = 0; row < 3; ++row)
-            for (int column = 0; column < 3; ++column)
-                all += std::to_string(view.rowSpan(row, column)) +
-                       std::to_string(view.columnSpan(row, column)) + (column == 2 ? "/" : " ");
-        return all;
-    };
-    EXPECT_EQ(spans(), "12 12 11/11 12 12/11 11 11/");
-    for (const int row : {1, 2, 3}) form.grid.setMergesRow(row, false);
-    form.grid.setMergesColumn(0, true);
-    form.grid.setMergesColumn(2, true);
-    EXPECT_EQ(spans(), "11 11 11/21 11 11/21 11 11/");
-}
-
 /// A header of two rows: where equal titles are one there is no line between them.
 TEST_F(Hand, EqualTitlesAreOne) {
     form.grid.addRow({"名称", "名称", "编号"});
@@ -506,28 +479,6 @@ TEST_F(Hand, EqualTitlesAreOne) {
     EXPECT_TRUE(lineBehind(1, 0));
     EXPECT_TRUE(lineBehind(0, 1));
     EXPECT_TRUE(lineBehind(1, 1));
-}
-
-TEST_F(Hand, CellsAreShownAsTheyLook) {
-    form.grid.addRow({"a", "b", "c"});
-    form.grid.setAlignment(0, Align::left);
-    form.grid.setAlignment(1, Align::right);
-    form.grid.setCellAlignment(1, 0, Align::centre);
-    form.grid.setCellColour(1, 1, rgb(1, 2, 3));
-    form.grid.setCellTextColour(1, 2, rgb(4, 5, 6));
-    form.grid.setCellBold(1, 2, true);
-    const Person person(shown({&form.grid}));
-    const auto& model = *person.at<QTableView>(form.grid).model();
-    const auto at = [&](int column, int role) { return model.index(0, column).data(role); };
-    EXPECT_EQ(at(0, Qt::TextAlignmentRole).toInt(), static_cast<int>(Qt::AlignCenter));
-    EXPECT_EQ(at(1, Qt::TextAlignmentRole).toInt(), static_cast<int>(Qt::AlignRight | Qt::AlignVCenter));
-    EXPECT_EQ(at(2, Qt::TextAlignmentRole).toInt(), static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter));
-    EXPECT_EQ(at(1, Qt::BackgroundRole).value<QColor>(), QColor(1, 2, 3));
-    EXPECT_FALSE(at(2, Qt::BackgroundRole).isValid());
-    EXPECT_EQ(at(2, Qt::ForegroundRole).value<QColor>(), QColor(4, 5, 6));
-    EXPECT_FALSE(at(1, Qt::ForegroundRole).isValid());
-    EXPECT_TRUE(at(2, Qt::FontRole).value<QFont>().bold());
-    EXPECT_FALSE(at(1, Qt::FontRole).isValid());
 }
 
 }  // namespace

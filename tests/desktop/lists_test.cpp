@@ -90,14 +90,6 @@ TEST_F(Lists, TheKeyboardMovesTurnsMarksAndExtends) {
     EXPECT_EQ(marked(), "abcde");
 }
 
-TEST_F(Lists, ATypedLetterGoesToItsLineAndTurnsNoMark) {
-    form.several.setSelected(3, true);
-    person.at(form.several).setFocus(Qt::TabFocusReason);
-    person.type("d");
-    EXPECT_EQ(current(), 3);
-    EXPECT_EQ(marked(), "d");
-}
-
 TEST_F(Lists, AllMarksComeAndGoWithTheScreen) {
     form.several.setAllSelected(true);
     EXPECT_EQ(marked(), "abcde");

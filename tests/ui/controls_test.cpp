@@ -1,14 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "support/failures.h"
-#include "support/scripted_desktop.h"
 #include "ui/batch.h"
 #include "ui/canvas.h"
 #include "ui/choices.h"
 #include "ui/fields.h"
 #include "ui/grid.h"
-#include "ui/menu.h"
-#include "ui/panel.h"
+#include "ui/screen.h"
 #include "ui/tree.h"
 
 namespace desk {
@@ -67,30 +65,6 @@ TEST(ListBox, AllLinesAreMarkedAndUnmarkedInOneGo) {
     list.setAllSelected(false);
     EXPECT_EQ(list.index(), -1);
     EXPECT_EQ(changes.times, 3);
-}
-
-TEST(Panel, IsClosedByEscapeAndTellsOnceWhatBecomesOfIt) {
-    Sheet sheet;
-    Panel panel(sheet, "panel");
-    Button inside(panel, "inside", "确定");
-    Count opens(panel.opened);
-    Count closes(panel.closed);
-    panel.escape();
-    panel.close();
-    EXPECT_FALSE(inside.usable());
-    panel.open();
-    panel.open();
-    EXPECT_TRUE(inside.usable());
-    panel.setEnabled(false);
-    panel.escape();
-    EXPECT_TRUE(panel.isOpen());
-    panel.setEnabled(true);
-    panel.escape();
-    EXPECT_FALSE(panel.isOpen());
-    panel.toggle();
-    EXPECT_TRUE(panel.isOpen());
-    EXPECT_EQ(opens.times, 2);
-    EXPECT_EQ(closes.times, 1);
 }
 
 TEST(ComboBox, SelectingByCodeAndByHandRaiseTheSameEvent) {
@@ -184,35 +158,6 @@ TEST(Refill, LeavesTheNewLinesOrNoneAndTellsOfThemOnce) {
     for (const Count* each : {&inTree, &inGrid, &inList}) EXPECT_EQ(each->times, 3);
 }
 
-TEST(Grid, ReadsItsHeader) {
-    Sheet sheet;
-    Grid grid(sheet, "grid", "<序|<主职代号|>数量   |^日期||");
-    EXPECT_EQ(grid.columns(), 6);
-    EXPECT_EQ(grid.rows(), 1);
-    EXPECT_EQ(grid.text(0, 2), "数量");
-    EXPECT_EQ(grid.alignment(2), Align::right);
-    EXPECT_EQ(grid.alignment(3), Align::centre);
-    EXPECT_EQ(grid.fixedAlignment(4), Align::general);
-    EXPECT_GT(grid.columnWidth(2), grid.columnWidth(0));
-    EXPECT_GT(grid.columnWidth(1), grid.columnWidth(2));
-    EXPECT_THROW(grid.text(1, 0), RuntimeFailure);
-    EXPECT_THROW(grid.setText(0, 6, "x"), RuntimeFailure);
-}
-
-TEST(Grid, LooksGoWithTheirRowWhenOthersAreRemoved) {
-    Sheet sheet;
-    Grid grid(sheet, "grid", "<a|<b");
-    for (const auto* text : {"1", "2", "3"}) grid.addRow({text});
-    grid.setCellColour(3, 1, rgb(255, 0, 0));
-    grid.setRowData(3, 7);
-    grid.setRow(3);
-    grid.removeRow(1);
-    EXPECT_EQ(grid.cellColour(2, 1), rgb(255, 0, 0));
-    EXPECT_EQ(grid.rowData(2), 7);
-    EXPECT_EQ(grid.row(), 2);
-    EXPECT_FALSE(grid.cellColour(1, 1));
-}
-
 TEST(Grid, AFillOfAnySizeIsOneChange) {
     Sheet sheet;
     Grid grid(sheet, "grid", "<a|<b");
@@ -256,18 +201,6 @@ TEST(Grid, ADoubleClickIsAClickFirst) {
     EXPECT_EQ(heard, "c1d");
 }
 
-TEST(MenuEntry, CannotBeReachedBelowADisabledTopEntry) {
-    Sheet sheet;
-    MenuEntry top(sheet, "引驻信息管理");
-    MenuEntry entry(sheet, "客户信息登记", &top);
-    Count clicks(entry.clicked);
-    top.setEnabled(false);
-    entry.click();
-    top.setEnabled(true);
-    entry.click();
-    EXPECT_EQ(clicks.times, 1);
-}
-
 TEST(Canvas, DrawsInTwipsAtTheResolutionOfTheScreen) {
     Sheet sheet;
     Canvas canvas(sheet, "canvas");
@@ -277,44 +210,6 @@ TEST(Canvas, DrawsInTwipsAtTheResolutionOfTheScreen) {
     EXPECT_EQ(canvas.point(750, 75), rgb(10, 20, 30));
     EXPECT_EQ(canvas.point(750, 90), windowColour);
     EXPECT_EQ(canvas.point(1500, 75), -1);
-}
-
-TEST(Picture, CopiesOnlyWhatLiesInBoth) {
-    Picture from(4, 4, rgb(1, 2, 3));
-    Picture to(3, 3);
-    to.copy(from, -1, 2, 10, 10, 1, 1);
-    EXPECT_EQ(to.at(1, 1), windowColour);
-    EXPECT_EQ(to.at(2, 1), rgb(1, 2, 3));
-    EXPECT_EQ(to.at(2, 2), rgb(1, 2, 3));
-    to.copy(from, 9, 9, 5, 5, 0, 0);
-    EXPECT_EQ(to.at(0, 0), windowColour);
-    Picture stretched(7, 5);
-    stretched.stretch(from);
-    EXPECT_EQ(stretched.at(6, 4), rgb(1, 2, 3));
-}
-
-struct Closing : Screen {
-    explicit Closing(std::string* log) : Screen("closing", "", WindowKind::child, 100, 100), log_(log) {}
-    ~Closing() override { *log_ += "gone"; }
-    void load() override { *log_ += "load "; }
-    void unload() override { *log_ += "unload "; }
-    std::string* log_;
-};
-
-TEST(Screens, OneInstanceThatOutlivesTheHandlerThatUnloadsIt) {
-    ScriptedDesktop desktop;
-    Screens screens(desktop);
-    std::string log;
-    screens.offer("closing", [&] { return std::make_unique<Closing>(&log); });
-    EXPECT_THROW(screens.get("another"), RuntimeFailure);
-    Screen& screen = screens.get("closing");
-    EXPECT_EQ(&screens.get("closing"), &screen);
-    screens.unload(screen);
-    screens.unload(screen);
-    EXPECT_EQ(log, "load unload ");
-    EXPECT_EQ(screens.loaded("closing"), nullptr);
-    screens.dropUnloaded();
-    EXPECT_EQ(log, "load unload gone");
 }
 
 }  // namespace

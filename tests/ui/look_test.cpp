@@ -3,7 +3,6 @@
 #include "ui/column_shares.h"
 #include "ui/find.h"
 #include "ui/screen.h"
-#include "ui/sheet_text.h"
 
 namespace desk {
 namespace {
@@ -47,21 +46,6 @@ TEST(Find, NodesComeInReadingOrderAroundTheEndAlsoOutOfFoldedBranches) {
     EXPECT_EQ(findNode(sheet.tree, only, nullptr, Towards::next), nullptr);
 }
 
-TEST(Find, TypedLettersBeginANumberOrANameBehindItsMark) {
-    Sheet sheet;
-    TreeNode& walkIn = sheet.tree.add(nullptr, "1", "（引驻来人）2026-000853 盛远");
-    TreeNode& call = sheet.tree.add(nullptr, "2", "（引驻来电）2026-000854 佳信");
-    const auto found = [&](const char* typed, const TreeNode* from) {
-        Wanted wanted(typed);
-        return findBeginning(sheet.tree, wanted, from);
-    };
-    EXPECT_EQ(found("2026-000854", nullptr), &call);
-    EXPECT_EQ(found("2026", &walkIn), &call);
-    EXPECT_EQ(found("盛", &call), &walkIn);
-    EXPECT_EQ(found("000854", nullptr), nullptr);
-    EXPECT_EQ(found("（引驻来电", nullptr), &call);
-}
-
 TEST(Find, CellsAreReadRowByRowWithoutHeaderAndHiddenColumns) {
     Sheet sheet;
     Grid& grid = sheet.grid;
@@ -77,17 +61,6 @@ TEST(Find, CellsAreReadRowByRowWithoutHeaderAndHiddenColumns) {
     EXPECT_EQ(findCell(grid, seven, GridPlace{2, 3}, Towards::previous), (GridPlace{1, 3}));
     grid.setRows(1);
     EXPECT_EQ(findCell(grid, seven, {}, Towards::next), std::nullopt);
-}
-
-TEST(SheetText, RowsComeWithTabsAndSpecialCellsInQuotes) {
-    Sheet sheet;
-    Grid& grid = sheet.grid;
-    grid.addRow({"1", "say \"yes\"", "键", "7"});
-    grid.addRow({"2", "一\r\n二", "键", "8\t9"});
-    grid.setColumnWidth(2, 0);
-    EXPECT_EQ(sheetRows(grid, 1, 3), "1\t\"say \"\"yes\"\"\"\t7\n2\t\"一\n二\"\t\"8\t9\"");
-    EXPECT_EQ(sheetRows(grid, 0, 1), "序\t名称\t数量");
-    EXPECT_EQ(sheetRows(grid, 1, 1), "");
 }
 
 TEST(ColumnShares, SpareWidthGoesToCutTextsFirstAndLosesNothing) {

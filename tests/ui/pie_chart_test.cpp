@@ -48,29 +48,6 @@ TEST_F(PieChart, SlicesLieInOrderFromTheLeftOverTheTop) {
     EXPECT_EQ(drawing.canvas.point(4500, 2800 + 1152 + 600 + 60), windowColour);
 }
 
-TEST_F(PieChart, OneSliceOfAllIsAWholeEllipse) {
-    drawPie(drawing.canvas, shape, {{red, 1.0}});
-    for (double turns = 0.01; turns < 1; turns += 0.02) EXPECT_EQ(at(turns, 0.9), red) << turns;
-}
-
-TEST_F(PieChart, SharesBelowTheWholeLeaveAGapAndAboveItRunOver) {
-    drawPie(drawing.canvas, shape, {{red, 0.33}, {green, 0.33}, {blue, 0.3}});
-    EXPECT_EQ(at(0.94), blue);
-    EXPECT_EQ(at(0.98), windowColour);
-    drawing.canvas.clear();
-    // The last slice ends beyond the left-hand end: it begins below the middle and nothing is drawn back over
-    // it.
-    drawPie(drawing.canvas, shape, {{red, 0.34}, {green, 0.34}, {blue, 0.34}});
-    EXPECT_EQ(at(0.1), red);
-    EXPECT_EQ(at(0.9), blue);
-}
-
-TEST_F(PieChart, DarkShadesEndAtBlack) {
-    EXPECT_EQ(darkShade(rgb(60, 61, 0)), rgb(0, 1, 0));
-    EXPECT_EQ(darkShade(0), 0);
-    EXPECT_EQ(darkShade(rgb(255, 255, 255)), rgb(195, 195, 195));
-}
-
 TEST_F(PieChart, ARaisedSliceIsABlockOverThePie) {
     const std::vector<PieSlice> slices = {{red, 0.25}, {green, 0.5}, {blue, 0.25}};
     drawPie(drawing.canvas, shape, slices);
@@ -86,11 +63,6 @@ TEST_F(PieChart, ARaisedSliceIsABlockOverThePie) {
     drawRaised(drawing.canvas, shape, slices, 1);
     EXPECT_EQ(drawing.canvas.point(4500 + 900, 2800 - 150 + 1152 * std::sqrt(0.75) + 75), darkShade(green));
     EXPECT_EQ(at(0.5, 0.9, raisedBy), green);
-}
-
-TEST_F(PieChart, NothingIsDrawnWithoutSlices) {
-    drawPie(drawing.canvas, shape, {});
-    EXPECT_EQ(at(0.5), windowColour);
 }
 
 }  // namespace

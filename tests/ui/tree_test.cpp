@@ -3,7 +3,6 @@
 #include <map>
 #include <random>
 
-#include "base/failure.h"
 #include "ui/batch.h"
 #include "ui/screen.h"
 #include "ui/tree.h"
@@ -70,20 +69,6 @@ TEST(TreeStore, HoldsWhatWasPutInAndNothingElse) {
         EXPECT_EQ(node->text(), text);
         EXPECT_EQ(node->image(), node->text().starts_with("另") ? node->image() : "image");
     }
-}
-
-TEST(TreeStore, KnowsAKeyAgainWhateverItsOrder) {
-    Wood wood;
-    Tree& tree = wood.tree;
-    for (const char* key : {"A1", "A2", "A10", "A3", "B", "A11"}) tree.add(nullptr, key, key);
-    for (const char* key : {"A1", "A2", "A10", "A3", "B", "A11"}) {
-        EXPECT_EQ(tree.find(key)->text(), key);
-        EXPECT_THROW(tree.add(nullptr, key, "again"), RuntimeFailure) << key;
-    }
-    tree.remove(*tree.find("A11"));
-    tree.add(nullptr, "A11", "again");
-    EXPECT_THROW(tree.add(nullptr, "A11", "again"), RuntimeFailure);
-    EXPECT_EQ(tree.roots().size(), 6U);
 }
 
 TEST(TreeStore, TakesTextsOfAnyLength) {
