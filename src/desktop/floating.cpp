@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QTimer>
 #include <utility>
 
 #include "desktop/binding.h"
@@ -96,7 +97,10 @@ class Floating : public QObject {
         if (field == field_) return;
         if (field_) field_->removeEventFilter(this);
         field_ = field;
-        if (field_) field_->installEventFilter(this);
+        // While the field is being told its focus, one listener more would make it tell the others twice.
+        QTimer::singleShot(0, this, [this] {
+            if (field_) field_->installEventFilter(this);
+        });
     }
 
     QRect insideAnchor() {

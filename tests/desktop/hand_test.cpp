@@ -341,12 +341,14 @@ TEST_F(Hand, TheKeysOfADropDownPressTheArrowOfAField) {
     floatOver(window, arrow, widgetFor(arrow), FloatsAt::rightEdge);
     arrow.setAnchor(&form.first);
     const Person person(window);
+    QApplication::processEvents();
     QTest::keyClick(&person.at(form.first), Qt::Key_Down, Qt::AltModifier);
     EXPECT_EQ(pressed, 1);
     QTest::keyClick(&person.at(form.second), Qt::Key_Down, Qt::AltModifier);
     QTest::keyClick(&person.at(form.first), Qt::Key_Down);
     EXPECT_EQ(pressed, 1);
     arrow.setAnchor(&form.second);
+    QApplication::processEvents();
     QTest::keyClick(&person.at(form.first), Qt::Key_F4);
     EXPECT_EQ(pressed, 1);
     QTest::keyClick(&person.at(form.second), Qt::Key_F4);
