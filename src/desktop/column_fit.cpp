@@ -64,9 +64,8 @@ class ColumnFit : public QObject {
     ColumnWish wishOf(int column) const {
         if (grid_.columnWidth(column) == 0) return {0, 0, false};
         const QFontMetrics font = view_->fontMetrics();
-        const int width =
-            std::max(pixels(grid_.columnWidth(column)), font.horizontalAdvance("0000")) + margins;
-        ColumnWish wish{width, width, false};
+        const int number = font.horizontalAdvance("0000") + margins;
+        ColumnWish wish{std::max(pixels(grid_.columnWidth(column)) + margins, number), number, false};
         for (int row = 0; row < std::min(grid_.rows(), looked); ++row) {
             const std::string& cell = grid_.text(row, column);
             wish.needed = std::max(wish.needed, font.horizontalAdvance(text(cell)) + margins);

@@ -71,6 +71,11 @@ TEST(ColumnShares, SpareWidthGoesToCutTextsFirstAndLosesNothing) {
     EXPECT_EQ(columnShares(wishes, 300), (std::vector<int>{30, 160, 50, 60}));
     EXPECT_EQ(columnShares(wishes, 405), (std::vector<int>{30, 240, 75, 60}));
     EXPECT_EQ(columnShares({{30, 30, false}}, 100), std::vector<int>{30});
+    // A little less is taken from texts that can spare it, but not where some column stays out of sight.
+    const std::vector<ColumnWish> roomy = {{30, 20, false}, {100, 60, true}, {50, 60, true}, {80, 70, true}};
+    EXPECT_EQ(columnShares(roomy, 230), (std::vector<int>{30, 76, 50, 74}));
+    EXPECT_EQ(columnShares(roomy, 210), (std::vector<int>{30, 60, 50, 70}));
+    EXPECT_EQ(columnShares(roomy, 209), (std::vector<int>{30, 100, 50, 80}));
 }
 
 }  // namespace
