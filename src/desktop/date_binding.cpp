@@ -42,7 +42,7 @@ class DateEdit : public QDateEdit {
   protected:
     void keyPressEvent(QKeyEvent* event) override {
         const bool withAlt = event->modifiers() & Qt::AltModifier;
-        if (event->key() == Qt::Key_F4 || (withAlt && event->key() == Qt::Key_Down)) return openCalendar();
+        if (opensDropDown(*event)) return openCalendar();
         if (withAlt && event->key() == Qt::Key_Up) return;
         const QString key = event->text();
         if (key.size() == 1 && key[0].isDigit() && lineEdit()->selectedText() == text())

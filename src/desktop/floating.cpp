@@ -1,13 +1,13 @@
 #include "desktop/floating.h"
 
 #include <QAbstractButton>
-#include <QKeyEvent>
 #include <QPointer>
 #include <QTimer>
 #include <utility>
 
 #include "desktop/binding.h"
 #include "desktop/cell_place.h"
+#include "desktop/keys.h"
 
 namespace desk::desktop {
 
@@ -85,10 +85,7 @@ class Floating : public QObject {
 
     /// The keys that open a drop-down press the arrow of a field, which no other key reaches from the field.
     bool opensByKey(const QKeyEvent& key) {
-        const bool opens = key.key() == Qt::Key_F4
-                               ? key.modifiers() == Qt::NoModifier
-                               : key.key() == Qt::Key_Down && (key.modifiers() & Qt::AltModifier);
-        if (!opens || !part_->isVisible() || !part_->isEnabled()) return false;
+        if (!opensDropDown(key) || !part_->isVisible() || !part_->isEnabled()) return false;
         static_cast<QAbstractButton*>(part_)->click();
         return true;
     }
