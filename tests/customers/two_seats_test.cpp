@@ -6,12 +6,12 @@
 #include "db/embedded/embedded.h"
 #include "db/statement.h"
 #include "seats.h"
-#include "wire/engine_choice.h"
+#include "wire/process/engine_choice.h"
 
 namespace desk {
 namespace {
 
-constexpr int leadsPerSeat = 1000;
+constexpr int leadsPerSeat = 300;
 constexpr int pipelineLeads = 300;
 
 /// A database file that goes with the test.

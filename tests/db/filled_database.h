@@ -9,7 +9,7 @@
 #include "db/statement.h"
 #include "schema/catalogue.h"
 #include "support/failures.h"
-#include "wire/engine_choice.h"
+#include "wire/process/engine_choice.h"
 
 namespace desk {
 

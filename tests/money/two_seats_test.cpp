@@ -6,7 +6,7 @@
 #include "db/embedded/embedded.h"
 #include "money/deposits.h"
 #include "support/test_program.h"
-#include "wire/engine_choice.h"
+#include "wire/process/engine_choice.h"
 
 namespace desk {
 namespace {

@@ -6,7 +6,7 @@
 #include "session/background.h"
 #include "session/login.h"
 #include "session/main_window.h"
-#include "wire/engine_choice.h"
+#include "wire/process/engine_choice.h"
 
 namespace desk {
 

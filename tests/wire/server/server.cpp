@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
@@ -77,6 +78,8 @@ Server::~Server() {
 void Server::listen() {
     while (true) {
         const int socket = ::accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
+        // A client that has gone before it was served is no end.
+        if (socket < 0 && (errno == ECONNABORTED || errno == EINTR)) continue;
         if (socket < 0) return;
         const int yes = 1;
         ::setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);

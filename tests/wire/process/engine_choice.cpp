@@ -1,10 +1,11 @@
-#include "wire/engine_choice.h"
+#include "wire/process/engine_choice.h"
 
 #include <fmt/format.h>
 
 #include <cstdlib>
 #include <string_view>
 
+#include "wire/process/server_process.h"
 #include "wire/server/server.h"
 
 namespace desk {
@@ -12,8 +13,8 @@ namespace desk {
 namespace {
 
 /// All tests of the process speak to one server; each connection gets a database of its own.
-const wire::Server& sharedServer() {
-    static const wire::Server server("", {.encryption = wire::Encryption::on});
+const wire::ServerProcess& sharedServer() {
+    static const wire::ServerProcess server;
     return server;
 }
 

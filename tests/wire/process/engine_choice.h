@@ -6,7 +6,7 @@
 namespace desk {
 
 /// Which engine the tests of this run work on: the embedded one, or with TENANT_TEST_ENGINE=server the one
-/// for servers, which then speaks to a server inside of this process.
+/// for servers, which then speaks to a server in a process beside this one.
 enum class TestEngine { embedded, server };
 TestEngine testEngine();
 
