@@ -1,4 +1,3 @@
-#include <QClipboard>
 #include <QDate>
 #include <QInputDialog>
 
@@ -6,77 +5,6 @@
 
 namespace desk::tax {
 namespace {
-
-TEST_F(AtTheDevice, LogsInWithTheKeyboard) {
-    start();
-    EXPECT_EQ(program->login->windowTitle(), "用户登录 - 税控发票开票软件");
-    EXPECT_EQ(focused(), "用户名");
-    type("01");
-    press(Qt::Key_Return);
-    EXPECT_EQ(focused(), "密码") << "Enter without a password goes there";
-    EXPECT_EQ(program->login->message.text(), "请输入用户名和密码");
-    type("wrong");
-    press(Qt::Key_Return);
-    EXPECT_FALSE(program->main);
-    EXPECT_EQ(program->login->message.text(), "用户名或密码不正确，请重新输入");
-    EXPECT_EQ(program->login->password.selectedText().size(), 5);
-    press(Qt::Key_Backtab, Qt::ShiftModifier);
-    EXPECT_EQ(focused(), "用户名");
-    type("02");
-    press(Qt::Key_Tab);
-    type("123456");
-    press(Qt::Key_Return);
-    EXPECT_FALSE(program->main) << "another user";
-    press(Qt::Key_Backtab, Qt::ShiftModifier);
-    type("01");
-    press(Qt::Key_Return);
-    ASSERT_TRUE(program->main);
-    EXPECT_EQ(program->main->windowTitle(), "税控发票开票软件");
-    EXPECT_FALSE(program->login->isVisible());
-    EXPECT_EQ(news(), "按 F2 新开发票");
-}
-
-TEST_F(AtTheDevice, CannotHaveItsLogInMinimised) {
-    start();
-    program->login->showMinimized();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !program->login->isMinimized(); }));
-    EXPECT_TRUE(program->login->isVisible());
-}
-
-TEST_F(AtTheDevice, TakesItsFieldsInAFixedOrder) {
-    logIn();
-    press(Qt::Key_F2);
-    EXPECT_EQ(form().number.selectedText(), "30843100");
-    QStringList passed;
-    for (int i = 0; i < 15; ++i) {
-        passed << focused();
-        press(Qt::Key_Tab);
-    }
-    EXPECT_EQ(
-        passed.join(" "),
-        "发票号码 付款单位 编号1 单价1 数量1 金额1 编号2 单价2 数量2 金额2 编号3 单价3 数量3 金额3 备注");
-    passed.clear();
-    press(Qt::Key_F2);
-    for (int i = 0; i < 5; ++i) {
-        press(Qt::Key_F6);
-        passed << focused();
-        press(Qt::Key_Tab);
-    }
-    EXPECT_EQ(passed.join(" "), "编号1 编号2 编号3 备注 编号1");
-}
-
-TEST_F(AtTheDevice, GivesItsNumberToTheClipboard) {
-    logIn();
-    for (const auto with :
-         {Qt::KeyboardModifiers(Qt::ControlModifier), Qt::ControlModifier | Qt::ShiftModifier}) {
-        QApplication::clipboard()->clear();
-        press(Qt::Key_F2);
-        press(Qt::Key_C, with);
-        EXPECT_EQ(QApplication::clipboard()->text(), "30843100");
-    }
-    press(Qt::Key_9);
-    EXPECT_EQ(form().number.text(), "30843100") << "it is the device's";
-}
 
 TEST_F(AtTheDevice, WritesOneLineAFieldInItsJournal) {
     logIn();
@@ -234,18 +162,6 @@ TEST_F(AtTheDevice, RemembersWhereItsRollIs) {
     EXPECT_EQ(form().number.text(), "00000100");
 }
 
-TEST_F(AtTheDevice, IsSlowWhereItIsToldSo) {
-    options.slow = 24 * 60 * 60 * 1000;
-    program = std::make_unique<Program>(options);
-    program->start();
-    for (int i = 0; i < 5; ++i) QApplication::processEvents();
-    EXPECT_FALSE(program->login->isVisible());
-    options.slow = 40;
-    program = std::make_unique<Program>(options);
-    program->start();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return program->login->isVisible(); }));
-}
-
 TEST_F(AtTheDevice, ShowsAnotherTitleOrNumberOrNone) {
     options.title = "开票软件 V2";
     options.number = "99999999";
@@ -296,15 +212,6 @@ TEST_F(AtTheDevice, SaysThatItsJournalCannotBeWritten) {
     }
 }
 
-TEST_F(AtTheDevice, DiesAtAFieldOfTheInvoice) {
-    options.dieAt = 5;
-    logIn();
-    press(Qt::Key_F2);
-    for (int i = 0; i < 3; ++i) press(Qt::Key_Tab);
-    EXPECT_EQ(focused(), "单价1");
-    EXPECT_EXIT(press(Qt::Key_Tab), testing::ExitedWithCode(1), "");
-}
-
 TEST(AmountsInWords, AreSaidAsOnABanknote) {
     const std::pair<qint64, const char*> amounts[] = {{0, "零元整"},
                                                       {1, "壹分"},
@@ -320,32 +227,6 @@ TEST(AmountsInWords, AreSaidAsOnABanknote) {
     for (const auto& [hundredths, words] : amounts) EXPECT_EQ(inWords(hundredths), words);
     EXPECT_EQ(inFigures(-5), "-0.05");
     EXPECT_EQ(inFigures(1234567), "12345.67");
-}
-
-TEST(TheOptions, ComeFromTheCommandLineAndFromTheEnvironment) {
-    qputenv("TAX_PROGRAM_TITLE", "从环境");
-    qputenv("TAX_PROGRAM_DIE_AT", "7");
-    qputenv("TAX_PROGRAM_FIRST_NUMBER", "100");
-    qputenv("TAX_PROGRAM_NO_NUMBER", "1");
-    const Options options =
-        Options::read({"tax-program", "--title", "从命令行", "--slow", "90", "--number", "5", "--refuse",
-                       "no", "--user", "u", "--password", "p", "--folder", "/f"});
-    for (const char* name : {"TITLE", "DIE_AT", "FIRST_NUMBER", "NO_NUMBER"})
-        qunsetenv(("TAX_PROGRAM_" + std::string(name)).c_str());
-    EXPECT_EQ(options.title, "从命令行");
-    EXPECT_EQ(options.dieAt, 7);
-    EXPECT_EQ(options.firstNumber, "100");
-    EXPECT_TRUE(options.noNumber);
-    EXPECT_EQ(options.slow, 90);
-    EXPECT_EQ(options.number + options.refusal + options.user + options.password, "5noup");
-    EXPECT_EQ(options.journal, "/f/journal.txt");
-
-    const Options plain = Options::read({"tax-program"});
-    EXPECT_EQ(plain.title, "税控发票开票软件");
-    EXPECT_EQ(plain.dieAt, 0);
-    EXPECT_FALSE(plain.noNumber);
-    EXPECT_TRUE(plain.folder.endsWith("/tax-program")) << plain.folder.toStdString();
-    EXPECT_EQ(Options::read({"tax-program", "--journal", "/j.txt"}).journal, "/j.txt");
 }
 
 }  // namespace

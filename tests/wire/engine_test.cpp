@@ -157,35 +157,6 @@ TEST_F(ServerEngine, StoresTextsAsTheyAre) {
     EXPECT_EQ(rows("Select 跟进情况,预约日期 From YZ_引驻客户跟进记录"), std::vector<std::string>{"-|-"});
 }
 
-TEST_F(ServerEngine, ReadsEveryKind) {
-    enter();
-    Recordset letter(office, "Select * From YZ_意向书信息 Where 1=0", Rows::updatable);
-    letter.addNew();
-    letter["意向书编号"] = "1";
-    letter["管理处代号"] = "01";
-    letter["租赁面积"] = 0.1;
-    letter["流转通过"] = true;
-    letter["提交日期"] = "2011-3-5 23:59:59";
-    letter["租赁起始日期"] = "2011/4/1";
-    letter.update();
-    EXPECT_EQ(letter["ID"].integer(), 1);
-    EXPECT_EQ(letter["意向书ID"].integer(), 1);
-    Recordset read(
-        office,
-        "Select ID,租赁面积,流转通过,提交日期,租赁起始日期,流水号,月租金,Count(*) As n From YZ_意向书信息 "
-        "Group By ID,租赁面积,流转通过,提交日期,租赁起始日期,流水号,月租金");
-    EXPECT_EQ(read[0].value(), Value(1));
-    EXPECT_EQ(read[1].value(), Value(0.1));
-    EXPECT_EQ(read[2].value(), Value(1));
-    EXPECT_EQ(read[3].value(),
-              Value(DateTime({std::chrono::year(2011) / 3 / 5}, std::chrono::seconds(86399))));
-    EXPECT_EQ(read[3].text(), "2011-03-05 23:59:59");
-    EXPECT_EQ(read[4].text(), "2011-04-01");
-    EXPECT_TRUE(read[5].isNull());
-    EXPECT_TRUE(read[6].isNull());
-    EXPECT_EQ(read["N"].value(), Value(1));
-}
-
 TEST_F(ServerEngine, SeesNothingOfTheRowBeforeWhereAFieldIsNull) {
     enter();
     office.execute("Insert Into YZ_区域设置 (区域名称,说明) Values ('1','有')");
@@ -282,7 +253,6 @@ TEST_F(ServerEngine, FailsWhenTheLineHasGone) {
     }
 }
 
-/// A long answer that breaks off: what has come is read, and then the failure.
 /// Nobody asks anything while the server stops.
 TEST_F(ServerEngine, FailsWhenTheServerHasStopped) {
     for (const auto encryption : {Encryption::notSupported, Encryption::on}) {
@@ -295,6 +265,7 @@ TEST_F(ServerEngine, FailsWhenTheServerHasStopped) {
     }
 }
 
+/// A long answer that breaks off: what has come is read, and then the failure.
 TEST_F(ServerEngine, FailsInTheMidstOfRows) {
     enter();
     Transaction all(office);
@@ -332,24 +303,6 @@ TEST_F(ServerEngine, GivesUpWaitingAfterItsTime) {
     behave([](Behaviour& b) { b.fate = [](std::string_view) { return Fate::unanswered; }; });
     EXPECT_EQ(outcomeOf([&] { rows("Select 1 As a"); }), timedOut);
     EXPECT_EQ(outcomeOf([&] { rows("Select 1 As a"); }), (Outcome{failure::unspecified, lostText}));
-}
-
-TEST_F(ServerEngine, WritesWhileRowsWait) {
-    enter();
-    office.begin();
-    for (int i = 10; i < 60; ++i) office.execute(sql("Insert Into YZ_组表 (组代号) Values ('{}')", i));
-    office.commit();
-    std::string seenCodes;
-    for (auto& row : Recordset(office, "Select 组代号 From YZ_组表 Order By 组代号")) {
-        for (auto& inner : Recordset(office, sql("Select * From YZ_组表 Where 组代号='{}'", row[0].text())))
-            seenCodes += inner["组代号"].text();
-        office.execute(sql("Delete From YZ_组表 Where 组代号='{}'", row[0].text()));
-    }
-    EXPECT_EQ(seenCodes.size(), 100U);
-    EXPECT_TRUE(rows("Select * From YZ_组表").empty());
-    Recordset looked(office, "Select 1 As a");
-    looked = Recordset(office, "Select 2 As a");
-    EXPECT_EQ(looked[0].integer(), 2);
 }
 
 TEST_F(ServerEngine, KeepsATransactionTogether) {

@@ -44,7 +44,6 @@ void Channel::writeRaw(std::string_view bytes) {
     while (!bytes.empty()) {
         const auto count = ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
         if (count <= 0) throw LineGone();
-        sent_ += static_cast<std::size_t>(count);
         bytes.remove_prefix(static_cast<std::size_t>(count));
     }
     if (!cut) return;
@@ -74,7 +73,7 @@ Message Channel::receive() {
 }
 
 void Channel::send(Packet type, std::string_view payload) {
-    const std::size_t room = packetSize_ - headerSize;
+    const std::size_t room = packetSize - headerSize;
     unsigned char number = 0;
     do {
         const auto part = payload.substr(0, room);

@@ -44,9 +44,7 @@ class Channel {
 
     /// From now on the line is cut as soon as so many bytes have been sent.
     void cutAfter(std::size_t bytes) { left_ = bytes; }
-    void limitPackets(std::size_t size) { packetSize_ = size; }
-    std::size_t packetSize() const { return packetSize_; }
-    std::size_t sentBytes() const { return sent_; }
+    static constexpr std::size_t packetSize = 4096;
 
     /// Shakes hands inside of prelogin messages; all that follows is encrypted.
     void encrypt(const Certificate& certificate);
@@ -64,8 +62,6 @@ class Channel {
     void writeRaw(std::string_view bytes);
 
     int socket_;
-    std::size_t packetSize_ = 4096;
-    std::size_t sent_ = 0;
     std::optional<std::size_t> left_;
     std::string readAhead_;
     std::unique_ptr<SecureLayer> secure_;

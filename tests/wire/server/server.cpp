@@ -112,17 +112,9 @@ std::vector<std::string> Server::batches() const {
     const std::lock_guard lock(mutex_);
     return batches_;
 }
-void Server::forgetBatches() {
-    const std::lock_guard lock(mutex_);
-    batches_.clear();
-}
 std::vector<Login> Server::logins() const {
     const std::lock_guard lock(mutex_);
     return logins_;
-}
-int Server::encryptedLogins() const {
-    const std::lock_guard lock(mutex_);
-    return encryptedLogins_;
 }
 int Server::encryptedBatches() const {
     const std::lock_guard lock(mutex_);
@@ -179,7 +171,6 @@ bool Server::greet(Seat& seat) {
     {
         const std::lock_guard lock(mutex_);
         logins_.push_back(login);
-        encryptedLogins_ += channel.isEncrypted() ? 1 : 0;
     }
     if (agreed == Encryption::forLogin) channel.endEncryption();
     Tokens out;
@@ -198,7 +189,7 @@ bool Server::greet(Seat& seat) {
         out.note(5701, "已将数据库上下文更改为 '" + login.database + "'。");
         out.changedCollation();
         out.loginAccepted(std::min(mine.version, std::max(login.version, version72)));
-        out.changed(4, std::to_string(channel.packetSize()), "4096");
+        out.changed(4, std::to_string(Channel::packetSize), "4096");
         out.done(std::nullopt);
     }
     channel.send(Packet::reply, out.finished());

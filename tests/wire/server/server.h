@@ -72,11 +72,9 @@ class Server {
     void behave(Behaviour behaviour);
     /// All batches that have come so far, in UTF-16 as they came.
     std::vector<std::string> batches() const;
-    void forgetBatches();
     /// What the clients told about themselves.
     std::vector<Login> logins() const;
-    /// How many of the logins came encrypted, and how many batches.
-    int encryptedLogins() const;
+    /// How many of the batches came encrypted.
     int encryptedBatches() const;
     /// How many statements were called off.
     int calledOff() const;
@@ -103,7 +101,6 @@ class Server {
     std::map<std::string, std::shared_ptr<MadeTables>, std::less<>> empty_;
     std::vector<std::string> batches_;
     std::vector<Login> logins_;
-    int encryptedLogins_ = 0;
     int encryptedBatches_ = 0;
     int calledOff_ = 0;
     bool ending_ = false;
