@@ -2,18 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTest>
 #include <QTimer>
 
-#include "desktop/edge.h"
+#include "desktop/in_windows.h"
 #include "desktop/person.h"
-#include "desktop/qt_desktop.h"
-#include "desktop/screen_list.h"
 #include "money/tax_desk.h"
-#include "session/main_window.h"
 
 namespace desk::desktop {
 namespace {
@@ -87,16 +82,9 @@ TEST(TaxInvoiceForm, TheRecoveryTakesTheFocusAndKeepsIt) {
 }
 
 /// The screen in its own modal window, on the real desktop of the program.
-class TaxInvoiceWindow : public testing::Test {
+class TaxInvoiceWindow : public InWindows {
   protected:
-    TaxInvoiceWindow() {
-        desktop->serve(app->screens, layoutOf);
-        desk::desktop::offerScreens(*app);
-        app->screens.offer<Frm意向金收取>(*app);
-        app->主连接.open("Initial Catalog=':memory:';Data Source='(embedded)'", std::chrono::seconds(5));
-        加税控台(app->主连接);
-        app->session = {"E01", "林晓", "01", "招商部", "0101", "招商专员", "A", "业务", "P1", "专员"};
-        app->screens.open(MDIForm1::screenName);
+    TaxInvoiceWindow() : InWindows(layoutOf, [](TestProgram& program) { 加税控台(program.db()); }) {
         parts.programs.windows = {"税控软件", "税控发票打印"};
     }
 
@@ -128,13 +116,9 @@ class TaxInvoiceWindow : public testing::Test {
         });
         looking->start(5);
     }
-    static QPushButton& button(QWidget& window, const Control& control) {
-        return *window.findChild<QPushButton*>(QString::fromStdString(control.name()));
+    static void press(QWidget& window, const Control& button) {
+        QTest::mouseClick(widget(&window, button), Qt::LeftButton);
     }
-
-    TestProgram parts;
-    std::optional<QtDesktop> desktop{std::in_place};
-    std::optional<Application> app{std::in_place, *desktop, parts.platform};
 };
 
 TEST_F(TaxInvoiceWindow, WaitsByItsTimerAndAsksSoThatAHastyEnterConfirmsNothing) {
@@ -145,7 +129,7 @@ TEST_F(TaxInvoiceWindow, WaitsByItsTimerAndAsksSoThatAHastyEnterConfirmsNothing)
             proposed = box.defaultButton()->text();
             QTest::keyClick(&box, Qt::Key_Return);
         });
-        QTest::mouseClick(&button(window, screen.打印发票), Qt::LeftButton);
+        press(window, screen.打印发票);
         EXPECT_TRUE(screen.恢复.面板.isOpen());
         window.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -168,7 +152,7 @@ TEST_F(TaxInvoiceWindow, ClosedInTheMidstOfAWaitItTypesNothingMore) {
         dynamic_cast<Timer&>(*screen.control("计时")).tick += [&] {
             if (++ticks == 4) window.close();
         };
-        QTest::mouseClick(&button(window, screen.打印发票), Qt::LeftButton);
+        press(window, screen.打印发票);
         EXPECT_EQ(ticks, 4);
     });
     EXPECT_EQ(parts.machine.take(), Journal({"has window 税控软件", "activate 税控软件"}));
@@ -187,9 +171,9 @@ TEST_F(TaxInvoiceWindow, ComesForwardWhereTheNumberIsMissing) {
         });
         app->screens.loaded(MDIForm1::screenName)->activate();
         window.showMinimized();
-        QTest::mouseClick(&button(window, screen.打印发票), Qt::LeftButton);
+        press(window, screen.打印发票);
         EXPECT_FALSE(window.isMinimized());
-        EXPECT_TRUE(button(window, screen.打印发票).isEnabled());
+        EXPECT_TRUE(widget(&window, screen.打印发票)->isEnabled());
     });
 }
 

@@ -2,19 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QMainWindow>
-#include <QMdiSubWindow>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QTableView>
-#include <QTest>
 #include <QTreeView>
 
-#include "desktop/binding.h"
 #include "desktop/by_hand.h"
-#include "desktop/qt_desktop.h"
-#include "session/main_window.h"
+#include "desktop/in_windows.h"
 
 namespace desk::desktop {
 namespace {
@@ -135,53 +129,29 @@ TEST_F(WeeklyByHand, TitleRowsAreBoldAndColouredAndNumbersStandRightBelowTheirTi
     EXPECT_EQ(view.columnWidth(2) + view.columnWidth(3), numbers);
 }
 
-/// Both screens in the program's own windows.
-class WeeklyInWindows : public testing::Test {
+/// The screen in the program's own windows.
+class WeeklyInWindows : public InWindows {
   protected:
-    WeeklyInWindows() {
-        desktop.serve(app.screens, layoutOf);
-        offerScreens(app);
-        parts.openDatabase();
-        addOfficesAndDictionaries(parts);
-        addLeads(parts);
-        app.主连接 = std::move(parts.app.主连接);
-        app.session = {"E01", "林", "01", "招商部", "0101", "招商专员", "A", "业务", "P", "专员"};
-        app.session.登录工号 = SessionRecord::superUser;
-        app.screens.open(MDIForm1::screenName);
-        main = window<QMainWindow>(MDIForm1::screenName);
-        main->resize(1280, 800);
-        main->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(main));
-        enter([this] { app.screens.open(Frm每周来客统计分析::screenName); });
+    WeeklyInWindows()
+        : InWindows(layoutOf, [](TestProgram& program) {
+              addOfficesAndDictionaries(program);
+              addLeads(program);
+          }) {
+        bring(Frm每周来客统计分析::screenName);
     }
     ~WeeklyInWindows() override {
         parts.fault.seen = [](std::string_view) {};
     }
 
-    template <class W>
-    W* window(const char* name) {
-        for (QWidget* each : QApplication::allWidgets())
-            if (each->objectName() == name)
-                if (auto* found = qobject_cast<W*>(each)) return found;
-        return nullptr;
-    }
-    Frm每周来客统计分析& screen() { return app.screens.get<Frm每周来客统计分析>(); }
-    QWidget* at(const Control& control) {
-        return window<QMdiSubWindow>(Frm每周来客统计分析::screenName)
-            ->findChild<QWidget*>(QString::fromStdString(control.name()));
-    }
+    QWidget* at(const Control& control) { return widget(main, control); }
     static QProgressDialog* progress() {
         return qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
     }
 
-    TestProgram parts;
-    QtDesktop desktop;
-    Application app{desktop, parts.platform};
-    QMainWindow* main = nullptr;
+    Frm每周来客统计分析& form = app->screens.get<Frm每周来客统计分析>();
 };
 
 TEST_F(WeeklyInWindows, ALongCountShowsHowFarItIsAndCanBeStopped) {
-    auto& form = screen();
     form.选择区域.pick("01 东塔");
     form.开始日期.pick({2011, 1, 5});
     form.统计项目.tick(*form.统计项目.find("MT"), true);
@@ -210,33 +180,18 @@ TEST_F(WeeklyInWindows, ALongCountShowsHowFarItIsAndCanBeStopped) {
 }
 
 TEST_F(WeeklyInWindows, TheScreenMayBeClosedInTheMidstOfACount) {
-    auto& form = screen();
     form.选择区域.pick("01 东塔");
     form.开始日期.pick({2010, 3, 5});
     form.全部.click();
     int days = 0;
     parts.fault.seen = [&](std::string_view statement) {
         if (!statement.starts_with("Select Count(登记日期)") || ++days != 10) return;
-        window<QMdiSubWindow>(Frm每周来客统计分析::screenName)->close();
+        child(Frm每周来客统计分析::screenName)->close();
     };
     QTest::mouseClick(at(form.统计), Qt::LeftButton);
     EXPECT_EQ(days, 10);
-    EXPECT_EQ(app.screens.loaded(Frm每周来客统计分析::screenName), nullptr);
-    EXPECT_TRUE(
-        QTest::qWaitFor([&] { return window<QMdiSubWindow>(Frm每周来客统计分析::screenName) == nullptr; }));
-}
-
-TEST_F(WeeklyInWindows, ItsWindowIsNormalWheneverItComesToTheFront) {
-    auto* child = window<QMdiSubWindow>(Frm每周来客统计分析::screenName);
-    child->showMaximized();
-    EXPECT_TRUE(child->isMaximized());
-    enter([this] { app.screens.open(Frm每周来电统计分析::screenName); });
-    EXPECT_FALSE(window<QMdiSubWindow>(Frm每周来电统计分析::screenName)->isMaximized());
-    enter([this] { app.screens.open(Frm每周来客统计分析::screenName); });
-    EXPECT_FALSE(child->isMaximized());
-    child->showMinimized();
-    enter([this] { app.screens.open(Frm每周来客统计分析::screenName); });
-    EXPECT_FALSE(child->isMinimized());
+    EXPECT_EQ(app->screens.loaded(Frm每周来客统计分析::screenName), nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return child(Frm每周来客统计分析::screenName) == nullptr; }));
 }
 
 }  // namespace
