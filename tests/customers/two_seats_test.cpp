@@ -11,8 +11,8 @@
 namespace desk {
 namespace {
 
-constexpr int leadsPerSeat = 300;
-constexpr int pipelineLeads = 300;
+constexpr int leadsPerSeat = 100;
+constexpr int pipelineLeads = 100;
 
 /// A database file that goes with the test.
 class TwoSeats : public testing::Test {
