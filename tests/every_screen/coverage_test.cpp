@@ -3,7 +3,7 @@
 #include <set>
 
 #include "desktop/screen_list.h"
-#include "every_screen/walks.h"
+#include "every_screen/scene.h"
 
 namespace desk {
 namespace {
@@ -14,13 +14,13 @@ const std::set<std::string> withoutWalk = {"frmLogin", "frmAbout", "Frmtu", "frm
 TEST(Walks, GoThroughEveryScreenOfTheList) {
     std::set<std::string> visited = withoutWalk;
     for (const Walk& walk : walks()) {
-        const auto scene = sceneOf(walk, "甲");
+        Scene scene(walk, "甲");
         for (const Step& step : walk.steps) {
-            step.act(*scene);
+            scene.take(step);
             for (const auto& known : desktop::screenList())
-                if (scene->program.app.screens.loaded(known.name) != nullptr) visited.insert(known.name);
+                if (scene.program.app.screens.loaded(known.name) != nullptr) visited.insert(known.name);
         }
-        visited.insert(scene->program.desktop.shown.begin(), scene->program.desktop.shown.end());
+        visited.insert(scene.program.desktop.shown.begin(), scene.program.desktop.shown.end());
     }
     for (const auto& known : desktop::screenList())
         EXPECT_TRUE(visited.contains(known.name)) << known.name << " has no walk";

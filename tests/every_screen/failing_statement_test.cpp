@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "base/failure.h"
-#include "every_screen/walks.h"
+#include "every_screen/scene.h"
 
 namespace desk {
 namespace {
@@ -15,8 +15,8 @@ class EveryScreen : public testing::TestWithParam<std::size_t> {
 
     /// A program in which everything before that step has been done.
     std::unique_ptr<Scene> sceneBefore(std::size_t step) const {
-        auto scene = sceneOf(walk(), "甲");
-        for (std::size_t i = 0; i < step; ++i) walk().steps[i].act(*scene);
+        auto scene = std::make_unique<Scene>(walk(), "甲");
+        for (std::size_t i = 0; i < step; ++i) scene->take(walk().steps[i]);
         scene->program.desktop.messages.clear();
         scene->program.fault.statements.clear();
         return scene;
@@ -26,7 +26,7 @@ class EveryScreen : public testing::TestWithParam<std::size_t> {
 /// What became of a failure: the letters of Step::whenFailing, "?" for anything else.
 char fateOf(Scene& scene, const Step& step) {
     try {
-        step.act(scene);
+        scene.take(step);
     } catch (const RuntimeFailure& failure) {
         return failure.number() == failure::rowGone && failure.description() == Fault::text ? 'E' : '?';
     }
@@ -50,11 +50,11 @@ TEST_P(EveryScreen, LosesAStatementAndKeepsItsOrder) {
         whole->program.fault.seen = [&](std::string_view statement) {
             if (std::exchange(looking, true)) return;
             // Whatever fails within a transaction, all of it is undone.
-            rowsBefore.push_back(together ? rowsBefore.back() : everyRow(whole->program));
+            rowsBefore.push_back(together ? rowsBefore.back() : whole->everyRow());
             together = statement == "(begin)" || (together && statement != "(commit)");
             looking = false;
         };
-        step.act(*whole);
+        whole->take(step);
         const auto statements = whole->program.fault.statements;
 
         std::string fates;
@@ -66,13 +66,12 @@ TEST_P(EveryScreen, LosesAStatementAndKeepsItsOrder) {
             EXPECT_EQ(scene->program.fault.in, 0) << "not met: " << statements[n];
             if (n < step.whenFailing.size() && step.whenFailing[n] == 'G' && fates.back() == 'S') {
                 fates.back() = 'G';
-                EXPECT_NE(everyRow(scene->program), rowsBefore[n]) << statements[n];
+                EXPECT_NE(scene->everyRow(), rowsBefore[n]) << statements[n];
             } else {
-                EXPECT_EQ(everyRow(scene->program), rowsBefore[n]) << statements[n];
+                EXPECT_EQ(scene->everyRow(), rowsBefore[n]) << statements[n];
             }
             // What the person sees can still be read, and closed.
-            for (auto front = screensInFront(scene->program); !front.empty();
-                 front = screensInFront(scene->program)) {
+            for (auto front = scene->screensInFront(); !front.empty(); front = scene->screensInFront()) {
                 EXPECT_FALSE(shownBy(*front.front()).empty());
                 scene->program.app.screens.unload(*front.front());
             }
@@ -82,7 +81,8 @@ TEST_P(EveryScreen, LosesAStatementAndKeepsItsOrder) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Walks, EveryScreen, testing::Range(std::size_t{0}, walks().size()));
+INSTANTIATE_TEST_SUITE_P(Walks, EveryScreen, testing::Range(std::size_t{0}, walks().size()),
+                         [](const auto& walk) { return walks()[walk.param].name; });
 
 }  // namespace
 }  // namespace desk

@@ -1,9 +1,11 @@
+#include "every_screen/scene.h"
+
 #include <algorithm>
 #include <set>
 #include <utility>
 
 #include "base/text.h"
-#include "every_screen/walks.h"
+#include "desktop/screen_list.h"
 #include "schema/catalogue.h"
 #include "ui/choices.h"
 #include "ui/fields.h"
@@ -21,8 +23,68 @@ void show(std::string& all, const TreeNodes& nodes) {
     }
 }
 
+std::string replaced(std::string all, std::string_view mark, std::string_view by) {
+    for (auto at = all.find(mark); at != std::string::npos; at = all.find(mark, at + by.size()))
+        all.replace(at, mark.size(), by);
+    return all;
+}
+
+std::string filled(const std::string& line, const std::string& text) {
+    std::string dense = text;
+    std::erase(dense, ' ');
+    const auto code = replaced(replaced(line, "{dense}", dense), "{code}", codeBeforeBlank(text));
+    return replaced(code, "{text}", text);
+}
+
+}  // namespace
+
+Scene::Scene(const Walk& walk, std::string text) : text_(std::move(text)) {
+    program.desktop.note = [this](const std::string& words) {
+        if (const auto [what, rest] = firstWord(words); what == "shows") hand_.shown(firstWord(rest).first);
+    };
+    desktop::offerScreens(program.app);
+    program.openDatabase();
+    addOfficesAndDictionaries(program);
+    for (const auto& line : walk.before) prepare(line);
+}
+
+void Scene::prepare(const std::string& line) {
+    const auto [word, rest] = firstWord(line);
+    if (word == "given") return execute(rest);
+    if (word == "window") return program.programs.windows.push_back(filled(rest, text_));
+    if (word == ">") return act(rest);
+    const auto parts = split(rest, '|');
+    const auto fields = program.app.session.fields();
+    for (std::size_t i = 0; i < fields.size(); ++i) *fields[i] = filled(parts.at(i), text_);
+}
+
+void Scene::take(const Step& step) {
+    for (const auto& line : step.lines) act(firstWord(line).second);
+}
+
+void Scene::act(const std::string& line) {
+    const auto [verb, rest] = firstWord(line);
+    if (verb == "enter") {
+        program.enter();
+    } else if (verb == "meanwhile") {
+        // Another seat's doing is no statement of the program.
+        const auto fault = std::exchange(program.fault, {});
+        execute(rest);
+        program.fault = fault;
+    } else if (verb == "resize") {
+        dynamic_cast<Grid&>(*hand_.current().control(rest)).resize(5000, 3000);
+    } else {
+        hand_.act(filled(line, text_));
+    }
+}
+
+void Scene::execute(const std::string& statement) {
+    // The text stands between quotes.
+    program.db().execute(filled(statement, replaced(text_, "'", "''")));
+}
+
 /// The tables with a row, by one statement: most are empty, and a server is asked over a line.
-std::vector<std::string> filledTables(TestProgram& program) {
+std::vector<std::string> Scene::filledTables() {
     std::vector<std::string> looks;
     for (const auto& table : schema::tables())
         looks.push_back("Case When 0 In (Select Count(*) From " + std::string(table.name) +
@@ -32,23 +94,12 @@ std::vector<std::string> filledTables(TestProgram& program) {
     return names;
 }
 
-}  // namespace
-
-std::unique_ptr<Scene> sceneOf(const Walk& walk, std::string text) {
-    auto scene = std::make_unique<Scene>();
-    scene->text = std::move(text);
-    scene->program.openDatabase();
-    addOfficesAndDictionaries(scene->program);
-    walk.before(*scene);
-    return scene;
-}
-
-std::vector<std::string> everyRow(TestProgram& program) {
+std::vector<std::string> Scene::everyRow() {
     // To look is no statement of the program.
     const int in = std::exchange(program.fault.in, 0);
     const auto statements = program.fault.statements;
     std::vector<std::string> all;
-    for (const std::string& name : filledTables(program))
+    for (const std::string& name : filledTables())
         for (const auto& row : program.rows("Select * From " + name)) all.push_back(name + ": " + row);
     program.fault.in = in;
     program.fault.statements = statements;
@@ -74,7 +125,7 @@ std::string shownBy(const Screen& screen) {
     return all;
 }
 
-std::vector<Screen*> screensInFront(TestProgram& program) {
+std::vector<Screen*> Scene::screensInFront() const {
     std::vector<Screen*> front;
     if (Screen* child = program.app.screens.activeChild()) front.push_back(child);
     const auto& shown = program.desktop.shown;

@@ -6,7 +6,7 @@
 
 #include "base/text.h"
 #include "db/embedded/embedded.h"
-#include "every_screen/walks.h"
+#include "every_screen/scene.h"
 #include "session/login.h"
 
 namespace desk {
@@ -55,13 +55,13 @@ std::string withoutMeaning(std::string all, const std::string& text) {
 
 /// After each step: all rows of the database, and all that the screens show and have said.
 std::vector<std::string> traceOf(const Walk& walk, const std::string& text) {
-    const auto scene = sceneOf(walk, text);
+    Scene scene(walk, text);
     std::vector<std::string> trace;
     for (const Step& step : walk.steps) {
-        step.act(*scene);
-        std::string state = join(everyRow(scene->program), "\n");
-        for (const Message& message : scene->program.desktop.messages) state += "\n" + message.text;
-        for (const Screen* screen : screensInFront(scene->program)) state += "\n" + shownBy(*screen);
+        scene.take(step);
+        std::string state = join(scene.everyRow(), "\n");
+        for (const Message& message : scene.program.desktop.messages) state += "\n" + message.text;
+        for (const Screen* screen : scene.screensInFront()) state += "\n" + shownBy(*screen);
         trace.push_back(std::move(state));
     }
     return trace;
@@ -84,7 +84,8 @@ TEST_P(TypedText, MeansNothing) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Walks, TypedText, testing::Range(std::size_t{0}, walks().size()));
+INSTANTIATE_TEST_SUITE_P(Walks, TypedText, testing::Range(std::size_t{0}, walks().size()),
+                         [](const auto& walk) { return walks()[walk.param].name; });
 
 TEST(TypedTextAtTheDoor, OpensItForNobody) {
     const std::string path = testing::TempDir() + "door_" + std::to_string(::getpid()) + ".db";

@@ -13,8 +13,6 @@
 #include "base/failure.h"
 #include "base/text.h"
 #include "db/engine.h"
-#include "session/main_window.h"
-#include "ui/menu.h"
 
 namespace desk {
 
@@ -28,28 +26,6 @@ std::string contentOf(const std::string& path) {
     std::ostringstream content;
     content << file.rdbuf();
     return content.str();
-}
-
-/// The word before the first blank, and what stands behind it.
-std::pair<std::string, std::string> firstWord(const std::string& line) {
-    return {std::string(codeBeforeBlank(line)), std::string(nameAfterBlank(line))};
-}
-
-/// A text as a script has it: between quotes where blanks at its ends matter, "\n" for a line end.
-std::string unquoted(std::string text) {
-    if (text.size() > 1 && text.starts_with('"') && text.ends_with('"'))
-        text = text.substr(1, text.size() - 2);
-    for (std::size_t at = 0; (at = text.find("\\n", at)) != std::string::npos; at += 2)
-        text.replace(at, 2, "\r\n");
-    return text;
-}
-
-TreeNode* findNode(const TreeNodes& nodes, const std::string& text) {
-    for (TreeNode* node : nodes) {
-        if (node->text() == text) return node;
-        if (TreeNode* below = findNode(node->children(), text)) return below;
-    }
-    return nullptr;
 }
 
 /// Where two texts part, with a few lines before and behind.
@@ -69,9 +45,7 @@ std::string difference(const std::string& expected, const std::string& played) {
 
 Transcript::Transcript(std::string path, const std::function<void(TestProgram&)>& offer,
                        std::unique_ptr<Actor> actor)
-    : path_(std::move(path)),
-      rewritable_(actor == nullptr),
-      actor_(actor ? std::move(actor) : std::make_unique<ControlActor>()) {
+    : path_(std::move(path)), rewritable_(actor == nullptr), hand_(program, std::move(actor)) {
     offer(program);
     program.fault.seen = [this](std::string_view statement) {
         if (watching_) say(std::string(statement));
@@ -88,12 +62,10 @@ Transcript::Transcript(std::string path, const std::function<void(TestProgram&)>
         say(words);
         const auto [what, rest] = firstWord(words);
         const std::string screen = firstWord(rest).first;
-        if (what == "shows") {
-            screens_.push_back(screen);
-            actor_->shown(*program.app.screens.loaded(screen));
-        } else if (what == "closes") {
-            actor_->closed(screen);
-        }
+        if (what == "shows")
+            hand_.shown(screen);
+        else if (what == "closes")
+            hand_.actor().closed(screen);
     };
     program.desktop.modalPerson = [this](Screen& screen) {
         settle();
@@ -136,8 +108,8 @@ void Transcript::play() {
 void Transcript::step(const std::string& line) {
     played_ += line + "\n";
     const bool acts = line.starts_with("> ");
-    const auto [verb, rest] = firstWord(acts ? line.substr(2) : line);
     if (!acts) {
+        const auto [verb, rest] = firstWord(line);
         if (verb == "include") return include(rest);
         if (verb == "given") return given_.push_back(rest);
         if (verb == "window") return program.programs.windows.push_back(rest);
@@ -151,7 +123,7 @@ void Transcript::step(const std::string& line) {
         return;
     }
     try {
-        act(verb, rest);
+        act(line.substr(2));
     } catch (const RuntimeFailure& failure) {
         say(fmt::format("fails with {} {}", failure.number(), failure.description()));
     } catch (const ProcessEnded&) {
@@ -174,26 +146,14 @@ void Transcript::enter() {
     settle();
 }
 
-void Transcript::act(const std::string& verb, const std::string& rest) {
-    auto& desktop = program.desktop;
+void Transcript::act(const std::string& line) {
+    const auto [verb, rest] = firstWord(line);
     if (verb == "start") {
         program.app.start(rest);
     } else if (verb == "enter") {
         const auto from = played_.size();
         enter();
         played_.resize(from);
-    } else if (verb == "open") {
-        program.app.screens.open(rest);
-    } else if (verb == "close") {
-        Screen& screen = current();
-        screen.closeAsked();
-        program.app.screens.unload(screen);
-    } else if (verb == "answer") {
-        desktop.answers.push_back(rest == "yes" ? Answer::yes : Answer::no);
-    } else if (verb == "colour") {
-        desktop.colours.push_back(rest == "cancel" ? std::nullopt : std::optional(std::stoi(rest)));
-    } else if (verb == "file") {
-        desktop.files.push_back(rest == "cancel" ? std::nullopt : std::optional(rest));
     } else if (verb == "setting") {
         const auto [key, value] = firstWord(rest);
         program.settings.keys[key] = value;
@@ -202,75 +162,9 @@ void Transcript::act(const std::string& verb, const std::string& rest) {
         program.db().execute(rest);
         watching_ = true;
         for (auto& [table, rows] : tables_) rows = rowsOf(table);
-    } else if (verb == "within") {
-        scope_ = rest.empty() ? "" : rest + ".";
     } else {
-        const auto [name, argument] = firstWord(rest);
-        actOn(control(name), verb, unquoted(argument));
+        hand_.act(line);
     }
-}
-
-void Transcript::actOn(Control& control, const std::string& verb, const std::string& rest) {
-    const auto as = [&]<class C>(C*& found) { return (found = dynamic_cast<C*>(&control)) != nullptr; };
-    TextBox* box;
-    Button* button;
-    Label* label;
-    CheckBox* check;
-    OptionButton* option;
-    ComboBox* combo;
-    DatePicker* picker;
-    ListBox* list;
-    Tree* tree;
-    Grid* grid;
-    TabStrip* strip;
-    MonthCalendar* calendar;
-    MenuEntry* entry;
-    const bool twice = verb == "doubleclick";
-    if (verb == "focus") return actor_->focus(control);
-    if (as(box)) return actor_->type(*box, rest);
-    if (as(button)) return actor_->press(*button);
-    if (as(label)) return actor_->click(*label);
-    if (as(check)) return actor_->tick(*check);
-    if (as(option)) return actor_->tick(*option);
-    if (as(combo)) return actor_->pick(*combo, rest);
-    if (as(picker)) return actor_->pick(*picker, parseDate(rest).value());
-    if (as(list))
-        return twice ? actor_->doubleClick(*list, list->find(rest)) : actor_->click(*list, list->find(rest));
-    if (as(strip)) {
-        const auto& titles = strip->titles();
-        return actor_->choose(
-            *strip, static_cast<int>(std::find(titles.begin(), titles.end(), rest) - titles.begin()));
-    }
-    if (as(calendar)) return actor_->clickDay(*calendar, parseDate(rest).value());
-    if (as(entry)) return entry->click();
-    if (as(tree)) {
-        TreeNode* node = findNode(tree->roots(), rest);
-        if (node == nullptr) return say("no such node");
-        return verb == "tick" ? actor_->tick(*tree, *node) : actor_->click(*tree, *node);
-    }
-    if (as(grid)) {
-        const auto [row, column] = firstWord(rest);
-        const int c = column.empty() ? 1 : std::stoi(column);
-        return twice ? actor_->doubleClick(*grid, std::stoi(row), c)
-                     : actor_->click(*grid, std::stoi(row), c);
-    }
-    say("nobody knows how to " + verb + " that");
-}
-
-Screen& Transcript::current() const {
-    for (auto name = screens_.rbegin(); name != screens_.rend(); ++name)
-        if (Screen* screen = program.app.screens.loaded(*name)) return *screen;
-    throw RuntimeFailure(failure::unspecified, "no screen is open");
-}
-
-Control& Transcript::control(const std::string& name) const {
-    Screen& screen = current();
-    if (Control* found = screen.control(scope_ + name)) return *found;
-    if (Control* found = screen.control(name)) return *found;
-    // The menu is in reach whatever screen is in front.
-    if (const Screen* main = program.app.screens.loaded(MDIForm1::screenName))
-        if (Control* found = main->control(name)) return *found;
-    throw RuntimeFailure(failure::unspecified, "no control " + name);
 }
 
 void Transcript::say(const std::string& line) {
@@ -292,18 +186,13 @@ void Transcript::settle() {
 }
 
 void Transcript::settleScreens() {
-    std::vector<std::string> names;
-    for (const auto& name : screens_)
-        if (program.app.screens.loaded(name) != nullptr &&
-            std::find(names.begin(), names.end(), name) == names.end())
-            names.push_back(name);
     std::erase_if(portraits_,
                   [&](const auto& held) { return program.app.screens.loaded(held.first) == nullptr; });
-    for (const auto& name : names) {
+    for (const auto& name : hand_.screens()) {
         const Screen& screen = *program.app.screens.loaded(name);
         if (!portraits_.contains(name)) watchFocus(screen);
         const Portrait now = portraitOf(screen);
-        const std::string lead = &screen == &current() ? "" : name + "/";
+        const std::string lead = &screen == &hand_.current() ? "" : name + "/";
         for (const auto& line : changes(portraits_[name], now)) say(lead + line);
         portraits_[name] = now;
     }
@@ -313,7 +202,7 @@ void Transcript::watchFocus(const Screen& screen) {
     for (Control* control : screen.controls()) {
         focusWatches_.push_back(control->focusAsked.connect([this, control] {
             say("focus " + control->name());
-            actor_->led(*control);
+            hand_.actor().led(*control);
         }));
         if (auto* box = dynamic_cast<TextBox*>(control))
             focusWatches_.push_back(

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "support/actor.h"
 #include "support/portrait.h"
+#include "support/scripted_hand.h"
 #include "support/test_program.h"
 
 namespace desk {
@@ -23,7 +23,7 @@ namespace desk {
 ///     window 鸿序楼台                another program's window that can be brought to the front
 ///     file c:\税控\开票.exe          a file that is on the machine
 ///     copies 9001                  what the clipboard holds once a program was asked to copy
-///     > open frm中介公司设置         what the person does
+///     > open frm中介公司设置         what the person does, in the words of ScriptedHand
 ///         select …                 what the program did
 ///
 /// With TRANSCRIPTS=rewrite in the environment the files are written anew instead, by whoever acts through
@@ -46,8 +46,7 @@ class Transcript {
     void play();
     void include(const std::string& file);
     void step(const std::string& line);
-    void act(const std::string& verb, const std::string& rest);
-    void actOn(Control& control, const std::string& verb, const std::string& rest);
+    void act(const std::string& line);
     void enter();
 
     /// Writes down what has changed on the screens and in the tables since it was called last.
@@ -59,24 +58,20 @@ class Transcript {
     void settleMachine();
     void say(const std::string& line);
     void tellWaiting();
-    Screen& current() const;
-    Control& control(const std::string& name) const;
     std::vector<std::string> rowsOf(const std::string& table);
 
     std::string path_;
     bool rewritable_;
-    std::unique_ptr<Actor> actor_;
+    ScriptedHand hand_;
     std::deque<std::string> script_;  ///< lines still to come
     std::string played_;
 
     bool watching_ = true;
     bool ended_ = false;
     std::vector<std::string> given_;
-    std::vector<std::string> screens_;  ///< loaded, the current one last
     std::map<std::string, Portrait> portraits_;
     std::vector<Subscription> focusWatches_;
     std::map<std::string, std::vector<std::string>> tables_;
-    std::string scope_;
     std::string session_;
     int ticks_ = 0;  ///< waited since the last line
 };
