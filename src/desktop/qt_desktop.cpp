@@ -245,6 +245,8 @@ bool QtDesktop::showProgress(std::string_view what, long done, long total, Stopp
         progress_->setMinimumDuration(400);
         progress_->setAutoReset(false);
         progress_->setAutoClose(false);
+        // From here on Qt counts that time: without a first step it waits for four seconds.
+        progress_->setValue(0);
     }
     progress_->setLabelText(text(what));
     progress_->setMaximum(static_cast<int>(total));
