@@ -56,12 +56,6 @@ class ClassificationByHand : public ScreenByHand<Frm客户分类统计> {
     static std::string marked(const ListBox& list) { return join(list.selectedTexts(), " "); }
 };
 
-TEST_F(ClassificationByHand, TabGoesThroughItAsItIsRead) {
-    EXPECT_EQ(wayByTab(person, 14),
-              "Combo1 Check1 List1 Check2 List2 Check3 List3 Text1 List4 Command1 Command13 Command4 隐藏 "
-              "MSFlexGrid1 ");
-}
-
 TEST_F(ClassificationByHand, TheKeyboardAloneMarksAndCounts) {
     person.press({Qt::Key_Down});
     ASSERT_EQ(screen.Combo1.code(), "01");
@@ -83,38 +77,6 @@ TEST_F(ClassificationByHand, TheKeyboardAloneMarksAndCounts) {
     EXPECT_EQ(Person::focused(), "List4");
     person.press({Qt::Key_Tab, Qt::Key_Return});
     EXPECT_EQ(table().model()->rowCount(), 5);
-}
-
-TEST_F(ClassificationByHand, TheMouseMarksSearchesAndClicksAnAgency) {
-    screen.Combo1.pick("01 东塔");
-    clickLine(screen.List1, 0);
-    clickLine(screen.List1, 1, Qt::ShiftModifier);
-    EXPECT_EQ(marked(screen.List1), "外资 民营");
-    clickLine(screen.List1, 1, Qt::ControlModifier);
-    EXPECT_EQ(marked(screen.List1), "外资");
-    tick(screen.Check2);
-    EXPECT_EQ(marked(screen.List2), "软件 贸易");
-    tick(screen.Check2);
-    EXPECT_EQ(marked(screen.List2), "");
-    // What is not marked gets the focus.
-    person.click(screen.Command1);
-    EXPECT_EQ(Person::focused(), "List2");
-    EXPECT_EQ(table().model()->rowCount(), 0);
-
-    person.click(screen.Text1);
-    person.paste("居");
-    const auto& agencies = person.at<QListWidget>(screen.List4);
-    ASSERT_EQ(agencies.count(), 1);
-    clickLine(screen.List4, 0);
-    EXPECT_EQ(screen.Text1.text(), "安居");
-    EXPECT_EQ(agencies.count(), 1);
-    person.click(screen.Text1);
-    person.press({Qt::Key_A}, Qt::ControlModifier);
-    person.press({Qt::Key_Delete});
-    ASSERT_EQ(agencies.count(), 3);
-    const std::string last = screen.List4.items()[2].text;
-    Person::doubleClick(viewportOf(person.at(screen.List4)), lineOf(person.at(screen.List4), {2}));
-    EXPECT_EQ(screen.Text1.text(), last);
 }
 
 TEST_F(ClassificationByHand, EqualTeamsAreOneCellWhoseNameStaysInView) {

@@ -48,11 +48,11 @@ class DepositByHand : public ScreenByHand<Frm意向金收取> {
     QTableView& view() const { return person.at<QTableView>(screen.收费); }
     QModelIndex index(int row, int column) const { return view().model()->index(row - 1, column); }
     QRect cell(int row, int column) const { return view().visualRect(index(row, column)); }
-    void click(int row, int column, Qt::MouseButton button = Qt::LeftButton) const {
+    void click(int row, int column) const {
         view().scrollTo(index(row, column));
         // A press at a display brings the focus, which one sent to the widget does not.
-        if (button == Qt::LeftButton) view().setFocus(Qt::MouseFocusReason);
-        Person::click(*view().viewport(), cell(row, column).center(), button);
+        view().setFocus(Qt::MouseFocusReason);
+        Person::click(*view().viewport(), cell(row, column).center());
     }
     QWidget& editor() const { return person.at(screen.单元格编辑); }
     std::string text(int row, int column) const { return screen.收费.text(row, column); }
@@ -75,13 +75,10 @@ TEST_F(DepositByHand, TheEditorLiesOverItsCellAndGoesAlongWithIt) {
     view().horizontalHeader()->resizeSection(C::科目编号, 200);
     EXPECT_NE(editor().geometry(), before);
     EXPECT_EQ(editor().geometry(), cell(last(), C::数量));
-    view().horizontalHeader()->resizeSection(C::数量, 150);
-    EXPECT_EQ(editor().geometry(), cell(last(), C::数量));
     person.window().resize(1000, 600);
     EXPECT_EQ(editor().geometry(), cell(last(), C::数量));
 
     // Out of view it still takes what is typed, and comes back by it.
-    Person::wheel(editor());
     view().verticalScrollBar()->setValue(0);
     EXPECT_EQ(editor().geometry(), cell(last(), C::数量));
     EXPECT_FALSE(view().viewport()->rect().intersects(editor().geometry()));
@@ -117,15 +114,6 @@ TEST_F(DepositByHand, EnterGoesFromCellToCellWithoutAMouse) {
     person.press({Qt::Key_Return});
     EXPECT_EQ(text(last(), C::票据类型), "2 收据");
     EXPECT_EQ(Person::focused(), "票据簿按钮");
-    // An item typed by hand leads to the account, which has no editor.
-    click(last(), C::收费项目);
-    EXPECT_EQ(Person::focused(), "单元格编辑");
-    person.press({Qt::Key_A, Qt::Key_Return});
-    EXPECT_EQ(text(last(), C::收费项目), "a");
-    EXPECT_EQ(screen.收费.column(), C::科目编号);
-    EXPECT_EQ(Person::focused(), "收费");
-    person.press({Qt::Key_Right, Qt::Key_Space});
-    EXPECT_EQ(Person::focused(), "单元格编辑");
 }
 
 TEST_F(DepositByHand, NothingTypedIsLostOrLandsInAnotherCell) {
@@ -147,20 +135,6 @@ TEST_F(DepositByHand, NothingTypedIsLostOrLandsInAnotherCell) {
     EXPECT_EQ(Person::focused(), "收费");
     person.type("9");
     EXPECT_EQ(text(last(), C::数量) + text(last() - 1, C::数量), "71.00");
-    // So do Tab and the way back into the grid.
-    typed(C::金额);
-    person.backTab();
-    EXPECT_EQ(Person::focused(), "收费");
-    person.press({Qt::Key_Left});
-    EXPECT_FALSE(editor().isVisible());
-    // Other buttons of the mouse do nothing.
-    click(last(), C::金额);
-    click(last(), C::数量, Qt::RightButton);
-    EXPECT_TRUE(editor().isVisible());
-    EXPECT_EQ(screen.收费.column(), C::金额);
-    click(last() - 1, C::金额);
-    EXPECT_FALSE(editor().isVisible());
-    EXPECT_EQ(text(last(), C::金额) + text(last() - 1, C::金额), "740.00");
     // Another window, and back.
     typed(C::单价);
     QWidget other;
@@ -193,11 +167,9 @@ TEST_F(DepositByHand, TheListHangsBelowItsCell) {
     person.press({Qt::Key_Escape});
     EXPECT_FALSE(screen.收费项目.panel.isOpen());
     EXPECT_EQ(Person::focused(), "收费项目按钮");
-    // The mouse opens it from the editor; the grid scrolls on under it; a click elsewhere closes it.
+    // The mouse opens it from the editor, and a click elsewhere closes it.
     person.click(screen.收费项目.button);
     ASSERT_TRUE(screen.收费项目.panel.isOpen());
-    view().verticalScrollBar()->setValue(view().verticalScrollBar()->value() - 60);
-    EXPECT_EQ(placeOf(screen.收费项目.panel).left(), placeOf(last(), C::收费项目).left());
     QWidget& lines = person.at(screen.收费项目.list);
     Person::click(viewportOf(lines), lineOf(lines, {1}));
     EXPECT_EQ(text(last(), C::收费项目) + text(last(), C::科目编号), "物管费意向金2181");
@@ -289,14 +261,9 @@ TEST_F(DepositByHand, WhatCanBeDoneWithALineStandsBesideIt) {
     EXPECT_FALSE(person.at(screen.退款处理).isVisible());
 }
 
-TEST_F(DepositByHand, TheVoucherTakesTheFocusAndOffersNoSecondRefund) {
+TEST_F(DepositByHand, TheVoucherPaysBackTheLineThatItWasOpenedFor) {
     view().scrollToTop();
     click(2, C::金额);
-    person.click(screen.退款处理);
-    ASSERT_TRUE(screen.退款.面板.isOpen());
-    EXPECT_TRUE(person.at(screen.退款.面板).isAncestorOf(QApplication::focusWidget()));
-    person.press({Qt::Key_Escape});
-    EXPECT_FALSE(screen.退款.面板.isOpen());
     person.click(screen.退款处理);
     // Another line clicked meanwhile is not the one that is paid back.
     screen.收费.click(3, C::金额);
@@ -311,8 +278,6 @@ TEST_F(DepositByHand, NothingHangsInTheAirWhenTheLetterOrTheScreenGoes) {
     click(last(), C::数量);
     person.type("5");
     screen.管理项目.setIndex(1);
-    person.type("6");
-    EXPECT_EQ(text(last(), C::数量), "56") << "the letter is still the one on the screen";
     QWidget& letters = person.at(screen.意向书);
     Person::click(viewportOf(letters), lineOf(letters, {0, 0}));
     EXPECT_EQ(screen.意向书信息["承租方"].text(), "乙公司");

@@ -52,9 +52,6 @@ TEST_F(Lists, AClickTurnsAMarkAndLeavesTheOthers) {
     click(form.several, 1, Qt::ControlModifier);
     EXPECT_EQ(marked(), "");
     EXPECT_EQ(clicks, 4);
-    QTest::mouseClick(&viewportOf(person.at(form.several)), Qt::RightButton, {},
-                      lineOf(person.at(form.several), {2}));
-    EXPECT_EQ(marked(), "");
 }
 
 TEST_F(Lists, ShiftGivesTheLinesBetweenTheMarkOfTheFirst) {

@@ -159,7 +159,7 @@ TEST_F(Look, TypedLettersFindANumberBehindItsMark) {
     fillTree(20);
     auto& view = widget<QTreeView>("tree");
     view.setFocus();
-    view.keyboardSearch("2026-1012");
+    type("2026-1012");
     EXPECT_EQ(view.currentIndex().row(), 11);
 }
 

@@ -70,18 +70,6 @@ TEST_F(ScreensByHand, TabComesToTheMainButtonBeforeTheOthersOfItsRow) {
     EXPECT_GE(rows, 16);
 }
 
-TEST_F(ScreensByHand, EnterBehindTheLastFieldSaves) {
-    auto* const screen = &loaded<Frm引驻客户信息登记>();
-    const Person person(layoutOf(*screen));
-    screen->来人.备注.focus();
-    person.press({Qt::Key_Tab});
-    EXPECT_EQ(Person::focused(), "来人.确定");
-    person.press({Qt::Key_Tab});
-    EXPECT_EQ(Person::focused(), "来人.新增");
-    person.press({Qt::Key_Tab});
-    EXPECT_EQ(Person::focused(), "来人.删除");
-}
-
 TEST_F(ScreensByHand, WhatASaveDemandsIsMarkedAtItsCaption) {
     auto* const screen = &loaded<Frm引驻客户信息登记>();
     const Person person(layoutOf(*screen));
@@ -120,20 +108,13 @@ TEST_F(ScreensByHand, WhatASaveDemandsIsMarkedAtItsCaption) {
     EXPECT_FALSE(marked(screen->中介来人.登记编号));
 }
 
-TEST_F(ScreensByHand, TheAgencyPanelIsOpenedUsedAndClosedByItsButtons) {
+TEST_F(ScreensByHand, TheAgencyThatIsMarkedIsTaken) {
     auto* const screen = &loaded<Frm引驻客户信息登记>();
     const Person person(layoutOf(*screen));
     登记页& page = screen->中介来人;
     中介公司选择& agency = *page.中介;
     screen->页签.setIndex(2);
     page.管理项目.setIndex(0);
-    EXPECT_FALSE(person.at(agency.列表).isVisible());
-    person.click(agency.选择中介公司);
-    EXPECT_TRUE(person.at(agency.列表).isVisible());
-    person.click(agency.面板关闭);
-    EXPECT_FALSE(person.at(agency.列表).isVisible());
-    EXPECT_EQ(agency.中介公司名称.text(), "");
-
     // What is marked is taken; a right click marks nothing.
     person.click(agency.选择中介公司);
     QWidget& list = person.at(agency.列表);

@@ -68,12 +68,8 @@ TEST(TaxInvoiceForm, TheRecoveryTakesTheFocusAndKeepsIt) {
         order += " " + Person::focused();
     }
     EXPECT_EQ(order, " 选项1 选项2 选项3 重新打印 退票 取消收款 确定");
-    person.press({Qt::Key_Tab});
-    EXPECT_EQ(Person::focused(), "选项0");
     person.press({Qt::Key_Escape});
     EXPECT_TRUE(person.at(screen.恢复.面板).isVisible());
-    // By the keyboard to the way out.
-    person.backTab();
     person.press({Qt::Key_Return});
     EXPECT_FALSE(person.at(screen.恢复.面板).isVisible());
     EXPECT_TRUE(person.at(screen.关闭).isEnabled());

@@ -105,20 +105,8 @@ void WindowActor::type(TextBox& box, const std::string& wanted) {
     typeText(widget, text(wanted));
 }
 
-void WindowActor::press(Button& button) {
-    focus(button);
-}
-
-void WindowActor::click(Label& label) {
-    focus(label);
-}
-
-void WindowActor::tick(CheckBox& box) {
-    if (auto* widget = reached<QWidget>(box)) Person::click(*widget, {8, widget->height() / 2});
-}
-
-void WindowActor::tick(OptionButton& option) {
-    if (auto* widget = reached<QWidget>(option)) Person::click(*widget, {8, widget->height() / 2});
+void WindowActor::clickBox(Control& control) {
+    if (auto* widget = reached<QWidget>(control)) Person::click(*widget, {8, widget->height() / 2});
 }
 
 void WindowActor::pick(ComboBox& combo, const std::string& wanted) {
@@ -139,14 +127,9 @@ void WindowActor::pick(DatePicker& picker, const DateTime& day) {
     typeText(widget, text(isoDay(day)));
 }
 
-void WindowActor::click(ListBox& list, int line) {
+void WindowActor::clickLine(ListBox& list, int line, void (*hit)(QWidget&, QPoint)) {
     if (auto* view = reached<QAbstractItemView>(list))
-        Person::click(*view->viewport(), middleOf(*view, view->model()->index(line, 0)));
-}
-
-void WindowActor::doubleClick(ListBox& list, int line) {
-    if (auto* view = reached<QAbstractItemView>(list))
-        Person::doubleClick(*view->viewport(), middleOf(*view, view->model()->index(line, 0)));
+        hit(*view->viewport(), middleOf(*view, view->model()->index(line, 0)));
 }
 
 void WindowActor::click(Tree& tree, TreeNode& node) {
@@ -159,16 +142,9 @@ void WindowActor::tick(Tree& tree, TreeNode& node) {
         Person::click(*view->viewport(), boxOf(*view, indexOf(*view->model(), node)));
 }
 
-void WindowActor::click(Grid& grid, int row, int column) {
+void WindowActor::clickCell(Grid& grid, int row, int column, void (*hit)(QWidget&, QPoint)) {
     if (auto* view = reached<QAbstractItemView>(grid))
-        Person::click(*view->viewport(),
-                      middleOf(*view, view->model()->index(row - grid.fixedRows(), column)));
-}
-
-void WindowActor::doubleClick(Grid& grid, int row, int column) {
-    if (auto* view = reached<QAbstractItemView>(grid))
-        Person::doubleClick(*view->viewport(),
-                            middleOf(*view, view->model()->index(row - grid.fixedRows(), column)));
+        hit(*view->viewport(), middleOf(*view, view->model()->index(row - grid.fixedRows(), column)));
 }
 
 void WindowActor::choose(TabStrip& strip, int index) {
@@ -178,18 +154,16 @@ void WindowActor::choose(TabStrip& strip, int index) {
 void WindowActor::clickDay(MonthCalendar& calendar, const DateTime& day) {
     auto* shown = reached<QCalendarWidget>(calendar);
     if (shown == nullptr) return;
-    const QDate wanted(static_cast<int>(day.day.year()),
-                       static_cast<int>(static_cast<unsigned>(day.day.month())),
-                       static_cast<int>(static_cast<unsigned>(day.day.day())));
+    const QDate wanted = date(day);
     shown->setCurrentPage(wanted.year(), wanted.month());
     auto* days = shown->findChild<QTableView*>("qt_calendar_calendarview");
+    const QAbstractItemModel& cells = *days->model();
     // The first of the month is the first cell that says so; the header stands above and beside the days.
-    int from = -1;
-    for (int cell = 0; cell < days->model()->rowCount() * days->model()->columnCount(); ++cell) {
-        const auto index =
-            days->model()->index(cell / days->model()->columnCount(), cell % days->model()->columnCount());
-        if (from < 0 && index.data().toInt() == 1 && index.row() > 0) from = cell;
-        if (from >= 0 && index.data().toInt() == wanted.day())
+    bool isInMonth = false;
+    for (int cell = cells.columnCount(); cell < cells.rowCount() * cells.columnCount(); ++cell) {
+        const auto index = cells.index(cell / cells.columnCount(), cell % cells.columnCount());
+        isInMonth = isInMonth || index.data().toInt() == 1;
+        if (isInMonth && index.data().toInt() == wanted.day())
             return Person::click(*days->viewport(), days->visualRect(index).center());
     }
 }

@@ -50,23 +50,6 @@ TEST(TextBox, TellsOfNewTextsOnlyAndOfThoseOfTheScreenToo) {
     EXPECT_EQ(box.text(), "b");
 }
 
-TEST(ListBox, AllLinesAreMarkedAndUnmarkedInOneGo) {
-    Sheet sheet;
-    ListBox list(sheet, "list", ListStyle::multiple);
-    list.setAllSelected(true);
-    for (const char* line : {"外资", "民营", "国有"}) list.addItem(line);
-    Count changes(list.selectionChanged);
-    list.setSelected(1, true);
-    list.setAllSelected(true);
-    EXPECT_EQ(list.selectedTexts(), (std::vector<std::string>{"外资", "民营", "国有"}));
-    list.setAllSelected(true);
-    EXPECT_EQ(changes.times, 2);
-    list.setAllSelected(false);
-    list.setAllSelected(false);
-    EXPECT_EQ(list.index(), -1);
-    EXPECT_EQ(changes.times, 3);
-}
-
 TEST(ComboBox, SelectingByCodeAndByHandRaiseTheSameEvent) {
     Sheet sheet;
     ComboBox combo(sheet, "combo");
@@ -103,20 +86,6 @@ TEST(Tree, RefusesAKeyTwiceAndForgetsRemovedKeys) {
     tree.remove(root);
     EXPECT_EQ(tree.selected(), nullptr);
     EXPECT_EQ(tree.find("RM2"), nullptr);
-}
-
-TEST(Tree, AFillOfAnySizeIsOneChange) {
-    Sheet sheet;
-    Tree tree(sheet, "tree");
-    Count before(tree.structureChanging);
-    Count after(tree.structureChanged);
-    {
-        const Batch fill(tree);
-        tree.clear();
-        for (int i = 0; i < 1000; ++i) tree.add(nullptr, std::to_string(i), "x");
-    }
-    EXPECT_EQ(before.times, 1);
-    EXPECT_EQ(after.times, 1);
 }
 
 TEST(Refill, LeavesTheNewLinesOrNoneAndTellsOfThemOnce) {
@@ -188,17 +157,6 @@ TEST(Grid, AHandlerThatFailsInABatchFailsWhereItWasRaised) {
     };
     EXPECT_THROW(fill(), RuntimeFailure);
     EXPECT_EQ(structure.times, 1) << "what was filled by then is shown";
-}
-
-TEST(Grid, ADoubleClickIsAClickFirst) {
-    Sheet sheet;
-    Grid grid(sheet, "grid", "<a|<b");
-    grid.addRow();
-    std::string heard;
-    grid.clicked += [&] { heard += "c" + std::to_string(grid.row()); };
-    grid.doubleClicked += [&] { heard += "d"; };
-    grid.doubleClick(1, 1);
-    EXPECT_EQ(heard, "c1d");
 }
 
 TEST(Canvas, DrawsInTwipsAtTheResolutionOfTheScreen) {

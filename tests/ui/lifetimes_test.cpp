@@ -105,18 +105,6 @@ struct Life : testing::Test {
     std::function<void(Screen&)> step = [](Screen&) {};
 };
 
-TEST_F(Life, AScreenThatUnloadsItselfWhileItLoadsIsNotShown) {
-    step = [&](Screen& screen) { screens.unload(screen); };
-    screens.open("told");
-    EXPECT_TRUE(desktop.shown.empty());
-    EXPECT_EQ(screens.loaded("told"), nullptr);
-    EXPECT_TRUE(screens.hasUnloaded());
-    screens.dropUnloaded();
-    step = [](Screen&) {};
-    screens.open("told");
-    EXPECT_EQ(desktop.shown, std::vector<std::string>{"told"});
-}
-
 TEST_F(Life, AScreenWhoseLoadFailsIsGone) {
     step = [](Screen&) { throw RuntimeFailure(11, "除数为零"); };
     EXPECT_THROW(screens.open("told"), RuntimeFailure);
