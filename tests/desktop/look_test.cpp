@@ -7,31 +7,25 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMdiArea>
 #include <QMenu>
-#include <QMenuBar>
 #include <QPushButton>
-#include <QStatusBar>
 #include <QTableView>
 #include <QTest>
 #include <QToolTip>
 #include <QTreeView>
-#include <set>
 
 #include "desktop/binding.h"
 #include "desktop/ending.h"
 #include "desktop/layout.h"
-#include "desktop/main_window_view.h"
-#include "desktop/mnemonics.h"
 #include "desktop/person.h"
 #include "desktop/screen_keys.h"
-#include "desktop/screen_windows.h"
 #include "desktop/tree_count.h"
 #include "desktop/words.h"
-#include "session/main_window.h"
-#include "support/test_program.h"
 #include "ui/batch.h"
+#include "ui/choices.h"
+#include "ui/fields.h"
 #include "ui/grid.h"
+#include "ui/screen.h"
 #include "ui/tree.h"
 
 namespace desk::desktop {
@@ -330,64 +324,6 @@ TEST(ChineseWords, CoverWhatTheToolkitLeavesInEnglish) {
     EXPECT_EQ(words.translate("QAbstractFileIconProvider", "Folder", nullptr, -1), "文件夹");
     EXPECT_EQ(words.translate("QAbstractFileIconProvider", "%1 File", nullptr, -1).arg("XLS"), "XLS 文件");
     EXPECT_EQ(words.translate("QLineEdit", "Folder", nullptr, -1), QString());
-}
-
-/// The main window over a program that works on a database in memory.
-class MainLook : public testing::Test {
-  protected:
-    MainLook() {
-        program.openDatabase();
-        program.app.session = {"E01", "林晓", "01", "招商部", "0101", "招商专员", "A", "业务", "P1", "专员"};
-        program.app.连接字符串 = "Initial Catalog='/data/hongxu.db';Data Source='(embedded)'";
-        main = &program.app.screens.get<MDIForm1>();
-    }
-
-    TestProgram program;
-    MDIForm1* main;
-};
-
-TEST_F(MainLook, TheStatusBarTellsWhoWorksOnWhatAndWhatWasSaved) {
-    EXPECT_EQ(main->状态栏.panel(0), "E01 林晓");
-    EXPECT_EQ(main->状态栏.panel(1), "招商部 招商专员");
-    EXPECT_EQ(main->状态栏.panel(2), "hongxu.db");
-    MainWindowView view(*main);
-    view.show();
-    view.notify("已保存 2026-000854");
-    EXPECT_EQ(view.statusBar()->currentMessage(), "已保存 2026-000854");
-    EXPECT_TRUE(view.statusBar()->findChild<QWidget*>("状态栏")->isVisible());
-}
-
-TEST_F(MainLook, F10OpensTheFirstMenuThatCanBeUsed) {
-    MainWindowView view(*main);
-    view.show();
-    view.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
-    QTest::keyClick(&view, Qt::Key_F10);
-    ASSERT_NE(view.menuBar()->activeAction(), nullptr);
-    EXPECT_EQ(withoutMnemonic(view.menuBar()->activeAction()->text()), "其它模块");
-}
-
-TEST_F(MainLook, LettersOfTheMenuBarAndOfTheButtonsDiffer) {
-    std::multiset<QString> letters;
-    const auto note = [&](const QString& caption) {
-        const QString shown = withMnemonic(caption);
-        EXPECT_EQ(withoutMnemonic(shown), caption);
-        EXPECT_NE(shown, caption);
-        letters.insert(shown.section('&', 1).left(1));
-    };
-    for (const MenuEntry& entry : main->entries())
-        if (entry.parent() == nullptr) note(text(entry.caption()));
-    for (const char* button : {"新增", "取消", "确定", "删除", "退出", "终止", "输出", "浏览", "登录"})
-        note(button);
-    for (const QString& letter : letters) EXPECT_EQ(letters.count(letter), 1U) << letter.toStdString();
-}
-
-TEST_F(MainLook, NoChildIsClosedByTheKeyThatOtherProgramsUseInsideTexts) {
-    QMdiArea area;
-    Form form;
-    ChildWindow child(program.app.screens, form, new QWidget, area);
-    for (const QAction* entry : child.systemMenu()->actions())
-        EXPECT_FALSE(entry->shortcuts().contains(QKeySequence(Qt::CTRL | Qt::Key_W)));
 }
 
 }  // namespace

@@ -1,11 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
-#include <QAction>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenuBar>
 #include <QMessageBox>
 #include <QTabBar>
 #include <QTemporaryDir>
@@ -18,12 +16,9 @@
 #include "customers/registration.h"
 #include "desktop/binding.h"
 #include "desktop/by_hand.h"
-#include "desktop/main_window_view.h"
-#include "desktop/mnemonics.h"
 #include "desktop/qt_desktop.h"
 #include "reference/customer_dictionaries.h"
 #include "session/login.h"
-#include "session/main_window.h"
 
 namespace desk::desktop {
 namespace {
@@ -169,27 +164,6 @@ TEST_F(ScreensByHand, TheLoginIsSelectedByAClickAndHidesThePassword) {
     EXPECT_EQ(password.displayText(), "******");
     person.press({Qt::Key_Return});
     EXPECT_EQ(Person::focused(), "cmdOK");
-}
-
-TEST_F(ScreensByHand, TheMenuShowsWhatItsEntriesSay) {
-    auto& main = loaded<MDIForm1>();
-    main.entry("客户跟进分配")->setVisible(false);
-    main.entry("意向金收取")->setEnabled(false);
-    const MainWindowView view(main);
-    const auto action = [&](const char* caption) {
-        for (const QAction* each : view.findChildren<QAction*>())
-            if (withoutMnemonic(each->text()) == caption) return each;
-        throw std::logic_error(caption);
-    };
-    EXPECT_FALSE(action("客户跟进分配")->isVisible());
-    EXPECT_FALSE(action("意向金收取")->isEnabled());
-    EXPECT_TRUE(action("客户信息登记")->isVisible());
-    main.entry("客户跟进分配")->setVisible(true);
-    main.entry("统计报表")->setVisible(false);
-    main.entry("客户跟进管理")->setEnabled(false);
-    EXPECT_TRUE(action("客户跟进分配")->isVisible());
-    EXPECT_FALSE(action("统计报表")->isVisible());
-    EXPECT_FALSE(action("客户跟进管理")->isEnabled());
 }
 
 TEST(Questions, AskedForADeletionEnterSaysNoAndEscapeAlways) {
