@@ -116,6 +116,7 @@ TEST_F(Views, OnlyALeftClickMarks) {
         QTest::mousePress(&viewportOf(*view), Qt::LeftButton, {}, at);
         QTest::mouseRelease(&viewportOf(*view), Qt::LeftButton, {}, QPoint(at.x(), 2000));
     }
+    EXPECT_EQ(marked(), "Alpha,Alpha");
     // A click with Ctrl takes no mark away.
     QTest::mouseClick(&viewportOf(tree), Qt::LeftButton, Qt::ControlModifier, lineOf(tree, {0, 0}));
     EXPECT_EQ(heard(), "Alpha");
