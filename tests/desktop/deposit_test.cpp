@@ -135,6 +135,10 @@ TEST_F(DepositByHand, NothingTypedIsLostOrLandsInAnotherCell) {
     EXPECT_EQ(Person::focused(), "收费");
     person.type("9");
     EXPECT_EQ(text(last(), C::数量) + text(last() - 1, C::数量), "71.00");
+    // The editor stands behind its grid in the order of Tab.
+    typed(C::金额);
+    person.backTab();
+    EXPECT_EQ(Person::focused(), "收费");
     // Another window, and back.
     typed(C::单价);
     QWidget other;
