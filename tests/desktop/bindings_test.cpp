@@ -7,6 +7,7 @@
 #include "base/failure.h"
 #include "desktop/edge.h"
 #include "desktop/form.h"
+#include "desktop/person.h"
 #include "desktop/screen_windows.h"
 
 namespace desk::desktop {
@@ -28,6 +29,14 @@ TEST_F(Bindings, ATimerTicksWhileItIsEnabled) {
     EXPECT_EQ(ticks, 0);
     timer.setEnabled(true);
     EXPECT_TRUE(QTest::qWaitFor([&] { return ticks > 2; }));
+}
+
+TEST_F(Bindings, ACanvasTellsInTwipsWhereItIsPressed) {
+    const Person person(shown({&form.canvas}));
+    std::vector<double> at;
+    form.canvas.pressed += [&](double x, double y) { at = {x, y}; };
+    Person::click(person.at(form.canvas), QPoint(4, 10));
+    EXPECT_EQ(at, (std::vector<double>{60, 150}));
 }
 
 /// Presses away the box that is up, so that the process can go on to its end.
