@@ -191,39 +191,6 @@ TEST_F(Deposits, GroupsGoTaxFirstAndThenByTypeInTheOrderOfRows) {
     EXPECT_TRUE(payments().empty());
 }
 
-TEST_F(Deposits, OnlyTheLastRowMakesRoomForAnother) {
-    fillByHand("1", 2, 0);
-    ASSERT_EQ(screen().收费.lastRow(), 2);
-    // Another ticket for the first line adds none, and another type leads to the last row without new books.
-    screen().收费.click(1, C::票据编号);
-    screen().票据.button.click();
-    screen().票据.list.click(3);
-    EXPECT_EQ(cells(1, {C::票据编号}), "2003");
-    EXPECT_EQ(screen().收费.lastRow(), 2);
-    screen().收费.click(1, C::票据类型);
-    screen().票据类型.button.click();
-    const auto statements = program.fault.statements.size();
-    screen().票据类型.list.click(0);
-    EXPECT_EQ(program.fault.statements.size(), statements);
-    EXPECT_EQ(screen().收费.row(), 2);
-    EXPECT_EQ(screen().收费.column(), C::票据类型);
-    EXPECT_FALSE(screen().票据类型.button.visible());
-    // A ticked line offers neither books nor tickets, and adds no row.
-    fill("2", 2);
-    tick({2});
-    screen().收费.click(2, C::票据类型);
-    screen().票据类型.button.click();
-    screen().票据类型.list.click(2);
-    EXPECT_EQ(screen().收费.rowData(2), 1);
-    EXPECT_EQ(cells(2, {C::票据类型}), "3 收据");
-    for (const int column : {C::票据簿编号, C::票据编号, C::科目编号, C::序}) {
-        screen().收费.click(2, column);
-        EXPECT_FALSE(screen().票据簿.button.visible() || screen().票据.button.visible()) << column;
-    }
-    EXPECT_TRUE(program.desktop.messages.empty());
-    EXPECT_EQ(screen().收费.lastRow(), 2);
-}
-
 TEST_F(Deposits, EnterStoresAndMovesOneCellToTheRight) {
     type(C::收费项目, "手写");
     screen().单元格编辑.pressEnter();
@@ -260,63 +227,6 @@ TEST_F(Deposits, ASavedLineIsLeftAlone) {
     EXPECT_EQ(screen().收费.selection(), GridSelection::cell);
 }
 
-TEST_F(Deposits, TheMoneyIsSavedWhateverBecomesOfThePaper) {
-    fillByHand("8", 2, 0);
-    screen().收费.click(1, C::数量);
-    // No number for the paper, none for the money.
-    screen().单元格编辑.type("两");
-    press();
-    EXPECT_TRUE(program.rows("Select ID From 票据开票数据").empty());
-    EXPECT_TRUE(program.rows("Select ID From 票据 Where 开票日期 Is Not Null").empty());
-    EXPECT_EQ(program.rows("Select 数量,金额 From YZ_意向金收款"), std::vector<std::string>{"0|8"});
-}
-
-TEST_F(Deposits, ALineToBePrintedNeedsNumbers) {
-    fill("8", 1);
-    tick({1});
-    for (const int column : {C::单价, C::数量}) {
-        screen().收费.click(1, column);
-        screen().单元格编辑.type("一元");
-        try {
-            press();
-            FAIL();
-        } catch (const RuntimeFailure& failure) {
-            EXPECT_EQ(failure.number(), failure::typeMismatch);
-        }
-        screen().单元格编辑.type("1");
-    }
-    EXPECT_TRUE(invoices.asked.empty());
-    EXPECT_TRUE(payments().empty());
-}
-
-TEST_F(Deposits, ARowWithHalfOfWhatItNeedsIsNotTakenForTheBlankOne) {
-    type(C::金额, "5");
-    press();
-    EXPECT_EQ(program.desktop.takeMessage(), "第1行数据不完整，请核对");
-    type(C::金额, "");
-    type(C::收费项目, "手写");
-    EXPECT_FALSE(screen().单元格编辑.numeric());
-    screen().收费项目.button.click();
-    press();
-    EXPECT_EQ(program.desktop.takeMessage(), "第1行数据不完整，请核对");
-    // What lay over the row does not cover the editor.
-    EXPECT_FALSE(screen().收费项目.panel.isOpen());
-    EXPECT_TRUE(screen().单元格编辑.visible());
-}
-
-TEST_F(Deposits, ASavedLineNeedsNoTicketAndKeepsItsCode) {
-    program.run(
-        {"Insert Into YZ_意向金收款 (意向书ID,收费项目,金额,收费项目代号,票据打印) Values "
-         "(1,'租金意向金',3,'D7',0)"});
-    click("YM1");
-    EXPECT_EQ(screen().收费.行收费项目代号[1], "D7");
-    fillByHand("8", 2, 0);
-    press();
-    EXPECT_TRUE(program.desktop.messages.empty());
-    EXPECT_EQ(program.rows("Select 金额 From YZ_意向金收款 Order By ID"),
-              (std::vector<std::string>{"3", "8"}));
-}
-
 TEST_F(Deposits, ALineThatIsNoLongerTickedOffersItsBooksAgain) {
     tick({1});
     EXPECT_EQ(screen().收费.rowData(1), 1);
@@ -325,56 +235,6 @@ TEST_F(Deposits, ALineThatIsNoLongerTickedOffersItsBooksAgain) {
     EXPECT_TRUE(screen().票据簿.button.visible());
     fill("8", 1);
     EXPECT_EQ(screen().票据簿.list.items().front().data, 1);
-}
-
-TEST_F(Deposits, AVoucherStartsAfreshAndIsShownAsItWasMade) {
-    fillByHand("8", 2, 0);
-    fillByHand("9", 2, 1);
-    press();
-    auto& voucher = screen().退款;
-    const auto show = [&](int row) {
-        screen().收费.click(row, C::金额);
-        screen().退款处理.click();
-    };
-    show(1);
-    EXPECT_TRUE(voucher.借方金额.numeric());
-    voucher.收款人.type("王先生");
-    voucher.相关情况说明.type("不租了");
-    voucher.非预算.click();
-    show(2);
-    EXPECT_EQ(voucher.收款人.text() + voucher.相关情况说明.text(), "");
-    EXPECT_TRUE(voucher.预算.chosen());
-    voucher.收款人.type("李女士");
-    voucher.退款日期.setValue(*parseDate("2010-12-31"));
-    // The refund goes on while another line is looked at.
-    screen().收费.click(1, C::金额);
-    voucher.确定.click();
-    EXPECT_TRUE(screen().退款处理.usable());
-    EXPECT_EQ(screen().行操作.tag, "1");
-    EXPECT_EQ(voucher.凭证编号.caption(), "TK-201100000001");
-
-    show(1);
-    voucher.非预算.click();
-    voucher.确定.click();
-    EXPECT_FALSE(screen().退款处理.usable()) << "once is enough";
-    EXPECT_EQ(program.rows("Select 报销类型 From 报销单表 Order By 报销单ID"),
-              (std::vector<std::string>{"预算", "非预算"}));
-    // Shown again each says what it is, whatever was shown before.
-    program.run({"Update 报销单表 Set 制单人='周全'", "Update YZ_意向金收款 Set 处理结束=0"});
-    click("YM1");
-    for (const int row : {2, 1}) {
-        show(row);
-        EXPECT_EQ(voucher.非预算.chosen(), row == 1);
-        EXPECT_EQ(voucher.借方金额.text(), row == 1 ? "8.00" : "9.00");
-        EXPECT_EQ(voucher.制单人.caption() + voucher.收款人.text(),
-                  row == 1 ? "制单人：周全" : "制单人：周全李女士");
-        EXPECT_FALSE(voucher.退款日期.enabled());
-    }
-    program.run({"Update YZ_意向金收款 Set 退款支付凭证编号=Null Where 金额=8"});
-    click("YM1");
-    show(2);
-    show(1);
-    EXPECT_TRUE(voucher.退款日期.enabled());
 }
 
 TEST_F(Deposits, AnotherLetterStartsWithNothingOfTheOne) {

@@ -67,15 +67,6 @@ TEST_F(TaxInvoice, AnswerYesHandsTheTicketToWhoeverCalled) {
     EXPECT_EQ(desk.handedBack(), "");
 }
 
-TEST_F(TaxInvoice, WithoutATicketKeepsTheScreenAfterAYes) {
-    auto& screen = desk.open();
-    screen.样张.空白票据.setIndex(-1);
-    desk.print(screen, Answer::yes);
-    EXPECT_TRUE(desk.isOpen());
-    EXPECT_FALSE(screen.打印发票.enabled() || screen.关闭.enabled());
-    EXPECT_EQ(desk.handedBack(), "");
-}
-
 TEST_F(TaxInvoice, CannotBePressedAgainWhileItReprints) {
     auto& screen = failedPrint();
     screen.恢复.选项[3].click();
