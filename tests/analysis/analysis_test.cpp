@@ -44,14 +44,6 @@ class Analysis : public testing::Test {
     int leads = 0;
 };
 
-TEST_F(Analysis, WithoutCustomersThereIsOnlyTheHeader) {
-    analyse({});
-    EXPECT_EQ(form.MSFlexGrid1.rows(), 1);
-    EXPECT_FALSE(form.结果面板.visible());
-    EXPECT_EQ(form.图例.rows(), 0);
-    EXPECT_EQ(form.Picture1.point(4500, 3000), windowColour);
-}
-
 TEST_F(Analysis, TheSliceUnderThePointerRisesAndSinksAgain) {
     analyse({"2", "10"});
     const Picture flat = form.Picture1.picture();

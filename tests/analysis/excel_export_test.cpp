@@ -53,21 +53,6 @@ TEST_F(ExcelExport, AClickChoosesAColumnAndADoubleClickGivesItUp) {
     EXPECT_EQ(program.spreadsheets.books.at("/data/a.xls").front().rows()[4].size(), 1U);
 }
 
-TEST_F(ExcelExport, AnExistingBookKeepsItsSheetsAndAMissingOneIsMade) {
-    form().Command2.click();
-    EXPECT_EQ(namesIn("/data/a.xls"), std::vector<std::string>{"表"});
-    for (const char* book : {"/data/old.xls", "/data/without ending"}) {
-        program.files.written[book];
-        program.spreadsheets.books[book].emplace_back("旧");
-        form().Config(source.grid, "新", "题");
-        program.desktop.files = {book};
-        form().Command1.click();
-        form().Command2.click();
-        EXPECT_EQ(namesIn(book), (std::vector<std::string>{"旧", "新"}));
-        EXPECT_FALSE(isOpen());
-    }
-}
-
 TEST_F(ExcelExport, WhatIsMissingIsToldAndNothingIsWritten) {
     for (TextBox* title : {&form().文档标题, &form().工作表名称}) {
         title->setText("");
@@ -89,20 +74,6 @@ TEST_F(ExcelExport, WhatIsMissingIsToldAndNothingIsWritten) {
     EXPECT_EQ(program.desktop.takeMessage(), "输出到Execl失败: ");
     EXPECT_TRUE(program.spreadsheets.books.at("/data/a.xls").empty());
     EXPECT_TRUE(isOpen());
-}
-
-TEST_F(ExcelExport, TheBookIsShownWhereThatIsWishedAndOnlyOnceItIsThere) {
-    form().Check1.click();
-    program.spreadsheets.refusal = "文件已损坏，不能写入";
-    form().Command2.click();
-    EXPECT_TRUE(program.machine.lines.empty());
-    program.spreadsheets.refusal.clear();
-    form().Command2.click();
-    EXPECT_EQ(program.machine.lines, std::vector<std::string>{"open /data/a.xls"});
-    form().Config(source.grid, "表", "题");
-    form().文件.setText("/data/b.xls");
-    form().Command2.click();
-    EXPECT_EQ(program.machine.lines.size(), 1U);
 }
 
 TEST_F(ExcelExport, TypedNamesGetTheEndingAndAMissingProgramIsTold) {
@@ -133,14 +104,6 @@ TEST_F(ExcelExport, ColumnsHaveNamesUpToTheHundredAndFiftySixth) {
     bool done = true;
     form().To_Execl(source.grid, "", "", done);
     EXPECT_FALSE(done);
-}
-
-TEST_F(ExcelExport, ItOpensInTheMiddleOfTheMainWindowAndCloses) {
-    const Screen& main = program.app.screens.get(MDIForm1::screenName);
-    EXPECT_EQ(form().left(), (main.width() - form().width()) / 2);
-    EXPECT_EQ(form().top(), (main.height() - form().height()) / 2);
-    form().Command3.click();
-    EXPECT_FALSE(isOpen());
 }
 
 }  // namespace
