@@ -71,8 +71,6 @@ void Scene::act(const std::string& line) {
         const auto fault = std::exchange(program.fault, {});
         execute(rest);
         program.fault = fault;
-    } else if (verb == "resize") {
-        dynamic_cast<Grid&>(*hand_.current().control(rest)).resize(5000, 3000);
     } else {
         hand_.act(filled(line, text_));
     }

@@ -8,6 +8,7 @@
 #include "ui/choices.h"
 #include "ui/fields.h"
 #include "ui/grid.h"
+#include "ui/marker.h"
 #include "ui/menu.h"
 #include "ui/tree.h"
 
@@ -83,6 +84,9 @@ class Painter {
             return "month " + isoDay(month->value());
         if (const auto* swatch = dynamic_cast<const Swatch*>(&control))
             return "colour " + shownColour(swatch->colour());
+        if (const auto* marker = dynamic_cast<const Marker*>(&control))
+            return fmt::format("marker {} {} at {}, {}", quoted(marker->text()),
+                               shownColour(marker->colour()), marker->area().left, marker->area().top);
         if (const auto* frame = dynamic_cast<const Frame*>(&control))
             return "frame " + quoted(frame->caption());
         if (const auto* combo = dynamic_cast<const ComboBox*>(&control))

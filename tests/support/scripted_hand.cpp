@@ -6,6 +6,7 @@
 #include "base/failure.h"
 #include "base/text.h"
 #include "session/main_window.h"
+#include "ui/marker.h"
 #include "ui/menu.h"
 
 namespace desk {
@@ -95,6 +96,7 @@ void ScriptedHand::atTheControl(Control& control, const std::string& verb, const
     TabStrip* strip;
     MonthCalendar* calendar;
     MenuEntry* menu;
+    Marker* marker;
     if (verb == "focus") return actor_->focus(control);
     if (as(box)) return actor_->type(*box, rest);
     if (as(button)) return actor_->press(*button);
@@ -114,6 +116,7 @@ void ScriptedHand::atTheControl(Control& control, const std::string& verb, const
     }
     if (as(calendar)) return actor_->clickDay(*calendar, parseDate(rest).value());
     if (as(menu)) return menu->click();
+    if (as(marker)) return marker->click(verb == "rightclick" ? MouseButton::other : MouseButton::left);
     if (as(tree)) return atATree(*tree, verb, rest);
     if (as(grid)) return atAGrid(*grid, verb, rest);
     thereIsNo("way to " + verb + " that");
@@ -131,6 +134,8 @@ void ScriptedHand::atATree(Tree& tree, const std::string& verb, const std::strin
 void ScriptedHand::atAGrid(Grid& grid, const std::string& verb, const std::string& rest) {
     const auto [row, column] = firstWord(rest);
     const int number = column.empty() ? 1 : std::stoi(column);
+    if (verb == "widen") return grid.resize(std::stoi(row), 3000);
+    if (verb == "scroll") return grid.scrollTo(std::stoi(row));
     if (verb == "doubleclick")
         actor_->doubleClick(grid, std::stoi(row), number);
     else

@@ -22,6 +22,8 @@ std::pair<std::string, std::string> firstWord(const std::string& line);
 ///     type 公司名称 甲公司            between quotes where blanks at the ends matter, "\n" for a line end
 ///     pick 管理项目 01 东塔           an entry by its text, or by its number: "#1" is the first
 ///     click 列表 2 3                a row, and a column if it is not the first
+///     widen 地图 3000                as its window would: so wide, in twips; "scroll" moves it to there
+///     rightclick 标记(1)             with the other button of the mouse
 ///     within 来人                    names of controls that follow are parts of that
 ///     answer yes                    to the next question; "colour" and "file" to other dialogs
 class ScriptedHand {

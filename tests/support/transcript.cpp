@@ -207,6 +207,15 @@ void Transcript::watchFocus(const Screen& screen) {
         if (auto* box = dynamic_cast<TextBox*>(control))
             focusWatches_.push_back(
                 box->selectAllAsked.connect([this, box] { say("selects " + box->name()); }));
+        if (auto* tree = dynamic_cast<Tree*>(control))
+            focusWatches_.push_back(tree->revealAsked.connect(
+                [this](const TreeNode& node) { say(fmt::format("brings \"{}\" into view", node.text())); }));
+        if (auto* grid = dynamic_cast<Grid*>(control))
+            focusWatches_.push_back(grid->revealAsked.connect([this](int row) {
+                // Told once, where a person types letter by letter.
+                const std::string line = fmt::format("brings row {} into view", row);
+                if (!played_.ends_with(line + "\n")) say(line);
+            }));
     }
 }
 

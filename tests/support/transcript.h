@@ -52,7 +52,7 @@ class Transcript {
     /// Writes down what has changed on the screens and in the tables since it was called last.
     void settle();
     void settleScreens();
-    /// Tells of the focus and the selections that the screen asks for.
+    /// Tells of the focus, the selections and the rows in view that the screen asks for.
     void watchFocus(const Screen& screen);
     void settleTables();
     void settleMachine();
