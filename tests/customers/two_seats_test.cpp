@@ -4,7 +4,6 @@
 #include <cstdio>
 
 #include "db/embedded/embedded.h"
-#include "db/statement.h"
 #include "seats.h"
 #include "wire/process/engine_choice.h"
 
@@ -12,7 +11,6 @@ namespace desk {
 namespace {
 
 constexpr int leadsPerSeat = 100;
-constexpr int pipelineLeads = 100;
 
 /// A database file that goes with the test.
 class TwoSeats : public testing::Test {
@@ -48,38 +46,6 @@ TEST_F(TwoSeats, RegisterAtTheSameTimeAndLoseNothing) {
               std::vector<std::string>{std::to_string(2 * leadsPerSeat)});
     EXPECT_EQ(program.rows("Select Count(*) AS SL From (Select Distinct 公司名称 From YZ_引驻客户信息) A"),
               std::vector<std::string>{std::to_string(2 * leadsPerSeat)});
-}
-
-TEST_F(TwoSeats, OneAssignsWhileTheOtherRecords) {
-    addTeam(program);
-    for (int i = 0; i < 2 * pipelineLeads; ++i)
-        program.db().execute(
-            sql("Insert Into YZ_引驻客户信息 (登记编号,管理处代号,客源类别,公司名称) Values "
-                "('{}','01','引驻来人','公司')",
-                i));
-    for (int i = 0; i < pipelineLeads; ++i)
-        program.db().execute(
-            sql("Insert Into YZ_引驻客户分配 (登记编号,管理处代号,组代号,员工工号,分配日期) "
-                "Values ('{}','01','2','E01','2011-3-1')",
-                i));
-    const auto assigns = [](TestProgram& mine) {
-        auto& screen = mine.app.screens.get<Frm客户跟进信息分配>();
-        screen.管理项目.pick("01 东塔");
-        for (int i = pipelineLeads; i < 2 * pipelineLeads; ++i) assignLead(mine, screen, std::to_string(i));
-    };
-    const auto records = [](TestProgram& mine) {
-        auto& screen = mine.app.screens.get<Frm客户跟进记录>();
-        screen.管理项目.pick("01 东塔");
-        for (int i = 0; i < pipelineLeads; ++i) recordVisit(screen, std::to_string(i));
-    };
-    runSeats({[&] { return seated(database, assigns); }, [&] { return seated(database, records); }});
-    EXPECT_EQ(program.rows("Select Count(*) AS SL From YZ_引驻客户分配"),
-              std::vector<std::string>{std::to_string(2 * pipelineLeads)});
-    EXPECT_EQ(program.rows("Select Count(*) AS SL From YZ_引驻客户信息 Where 分配日期='2011-3-5'"),
-              std::vector<std::string>{std::to_string(pipelineLeads)});
-    EXPECT_EQ(
-        program.rows("Select Count(*) AS SL From (Select Distinct 登记编号 From YZ_引驻客户跟进记录) A"),
-        std::vector<std::string>{std::to_string(pipelineLeads)});
 }
 
 }  // namespace

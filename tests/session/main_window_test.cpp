@@ -4,9 +4,7 @@
 
 #include "base/failure.h"
 #include "session/document_number.h"
-#include "session/helpers.h"
 #include "support/test_program.h"
-#include "ui/grid.h"
 
 namespace desk {
 namespace {
@@ -28,25 +26,6 @@ TEST_F(MainWindow, AFailureWhileReadingPrivilegesLeavesTheMenuGrey) {
     EXPECT_EQ(program.desktop.messages[0].title, "提示");
     EXPECT_FALSE(main().entry("客户信息登记")->enabled());
     EXPECT_TRUE(main().entry("注销")->usable());
-}
-
-TEST_F(MainWindow, InAFamilyOfModulesLoggingOffLeavesALineForTheLauncher) {
-    program.app.命令行参数 = "E01,…";
-    program.enter();
-    program.app.screens.open("frmAbout");
-    EXPECT_THROW(main().entry("注销")->click(), RuntimeFailure);  // no launcher is there
-    EXPECT_EQ(program.machine.take(), std::vector<std::string>{"activate 鸿序楼台 zhuxiao"});
-    EXPECT_EQ(program.app.screens.loaded("frmAbout"), nullptr);
-    program.programs.windows = {"鸿序楼台", "鸿序楼台 zhuxiao"};
-    main().entry("注销")->click();
-    EXPECT_EQ(program.files.written["/program/Command.Dll"], "\xD7\xA2\xCF\xFA\r\n");
-    main().entry("其它模块")->click();
-    EXPECT_EQ(program.machine.take(),
-              (std::vector<std::string>{"activate 鸿序楼台 zhuxiao", "activate 鸿序楼台"}));
-    EXPECT_EQ(program.app.session.登录工号, "E01");
-
-    program.files.broken = true;
-    EXPECT_THROW(main().entry("注销")->click(), RuntimeFailure);
 }
 
 TEST_F(MainWindow, BackgroundAndBannerFillWhateverWidth) {
@@ -94,47 +73,6 @@ TEST_F(MainWindow, ThePrefixFollowsItsRule) {
     EXPECT_EQ(prefix("'部门编号'", "'-'"), "-01");
     EXPECT_EQ(prefix("'字面'", "'甲'"), "甲字面");
     EXPECT_EQ(prefix("Null", "Null"), "");
-}
-
-TEST_F(MainWindow, SpecialAuditIsAMatterOfDepartmentAndPosition) {
-    program.run({"Insert Into 专项审核权限表 (类型,部门代号,岗位代号) Values ('引驻台账','01','0102')",
-                 "Insert Into 专项审核权限表 (类型,部门代号,岗位代号) Values ('别的模块','01','0101')"});
-    program.enter();
-    EXPECT_FALSE(program.app.专项审核权限);
-    program.run({"Insert Into 专项审核权限表 (类型,部门代号,岗位代号) Values ('引驻台账','01','0101')"});
-    读取专项审核权限(program.app);
-    EXPECT_TRUE(program.app.专项审核权限);
-}
-
-struct Sheet : Screen {
-    Sheet() : Screen("sheet", "", WindowKind::child, 3000, 30000) {}
-    Grid grid{*this, "grid", "<a|<b|c|<d"};
-};
-
-TEST_F(MainWindow, ColumnsFitTheirTextInTwoWays) {
-    program.enter();
-    Sheet sheet;
-    sheet.grid.addRow({"1", "四个汉字", "x", ""});
-    sheet.grid.setText(0, 3, "");
-    const int general = sheet.grid.columnWidth(2);
-    列宽自适应(program.app, sheet.grid, sheet);
-    EXPECT_EQ(sheet.grid.columnWidth(0), 150 + 90);
-    EXPECT_EQ(sheet.grid.columnWidth(1), 600 + 90);
-    EXPECT_EQ(sheet.grid.columnWidth(2), general);
-    EXPECT_EQ(sheet.grid.columnWidth(3), 90);
-
-    sheet.grid.setColumnWidth(0, 777);
-    列宽自适应1(program.app, sheet.grid, sheet);
-    EXPECT_EQ(sheet.grid.columnWidth(0), 777);
-    EXPECT_EQ(sheet.grid.columnWidth(2), 0);
-    sheet.grid.setRows(0);
-    列宽自适应(program.app, sheet.grid, sheet);
-    EXPECT_EQ(sheet.grid.columnWidth(1), 690);
-
-    main().setSize(10000, 8000);
-    窗体居中(program.app, sheet);
-    EXPECT_EQ(sheet.left(), 3500);
-    EXPECT_EQ(sheet.top(), -11000);
 }
 
 }  // namespace
