@@ -8,8 +8,6 @@
 namespace desk {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 /// Office 01 with two teams and a lead of each.
 class Classification : public testing::Test {
   protected:
@@ -49,18 +47,6 @@ TEST_F(Classification, TheTableIsMadeAnewMergedAndFitted) {
     EXPECT_EQ(grid.rows(), 2);
     // The header is the longest text by now.
     EXPECT_EQ(grid.columnWidth(2), 4 * 150 + 90);
-}
-
-TEST_F(Classification, AnEmptyListOrTableTellsWhatToDoOrThatNothingIsThere) {
-    const auto hints = [&] { return Lines{form().List3.hint, form().List4.hint, form().MSFlexGrid1.hint}; };
-    EXPECT_EQ(hints(), (Lines{"选择管理处后列出引驻组", "选择管理处后列出中介公司",
-                              "选取企业性质、行业和引驻组，然后统计"}));
-    form().Combo1.pick("01 东塔");
-    EXPECT_EQ(hints(),
-              (Lines{"没有在用的引驻组", "没有这样的中介公司", "选取企业性质、行业和引驻组，然后统计"}));
-    markEverything();
-    form().Command1.click();
-    EXPECT_EQ(hints().back(), "没有符合条件的客户");
 }
 
 TEST_F(Classification, ItIsBusyWhileItAsksAndALineIsMarkedAsAWhole) {

@@ -197,19 +197,6 @@ TEST_F(WeeklyInterrupted, WhatIsChangedMeanwhileIsForTheNextCount) {
         [&] { EXPECT_EQ(linesOf(grid()), whole); });
 }
 
-TEST_F(WeeklyInterrupted, ReportsTellTheViewAndHowFarItIs) {
-    Lines reports;
-    program.desktop.watcher = [&](std::string_view what, long done, long total) {
-        EXPECT_EQ(program.desktop.busyDepth, 1);
-        reports.push_back(fmt::format("{} {}/{}", what, done, total));
-        return true;
-    };
-    count({"MT", "YS", "LR"});
-    EXPECT_EQ(reports,
-              (Lines{"正在统计：媒体分析 1/2", "正在统计：媒体分析 2/2", "正在统计：预算租金 1/1",
-                     "正在统计：每天来人量 1/3", "正在统计：每天来人量 2/3", "正在统计：每天来人量 3/3"}));
-}
-
 TEST_F(WeeklyInterrupted, AFailureLeavesAScreenThatCanCountAgain) {
     program.fault.in = 4;
     program.fault.number = failure::unspecified;

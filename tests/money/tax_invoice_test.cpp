@@ -112,25 +112,6 @@ TEST_F(TaxInvoice, TakesATicketBackAndPrintsTwice) {
     EXPECT_EQ(second.恢复.面板.tag, "");
 }
 
-TEST_F(TaxInvoice, ADoubleStartEndsWithTheFirstThatCameOut) {
-    auto& screen = failedPrint();
-    outside.bindTo(screen);
-    screen.恢复.选项[0].click();
-    desk.desktop.modalPerson = [](Screen&) {};
-    desk.types("{F2}");
-    desk.desktop.answers = {Answer::yes};
-    screen.样张.空白票据.setIndex(0);
-    // The ticket that was taken back is no longer chosen: the second one is, by the person.
-    desk.meanwhile = [&](const std::string& what) {
-        if (what == "has window 税控软件") screen.样张.空白票据.pick("9002");
-    };
-    screen.恢复.确定.click();
-    EXPECT_FALSE(desk.isOpen());
-    EXPECT_EQ(desk.handedBack(), "B1,9002,2");
-    const auto journal = desk.machine.take();
-    EXPECT_EQ(std::count(journal.begin(), journal.end(), "has window 税控软件"), 1);
-}
-
 TEST_F(TaxInvoice, CancelsTheChargeOfACallerOutside) {
     const auto cancel = [&](Frm税控发票打印& screen) {
         screen.恢复.取消收款.click();

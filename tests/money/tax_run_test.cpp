@@ -32,24 +32,6 @@ class TaxRun : public testing::Test {
     税控台 desk;
 };
 
-TEST_F(TaxRun, LeavesTheLoginOutWhereTheProgramRuns) {
-    logsIn();
-    desk.types("{TAB}", 税控台::login);
-    desk.isRunning();
-    EXPECT_EQ(desk.doneBySteps(desk.open()),
-              Journal({"send {F2}", "pointer 3 4", "mouse 0 0 0", "mouse 0 0 0", "waits", "send {TAB}"}));
-}
-
-TEST_F(TaxRun, ReplaysAScriptThatOnlyLogsInAndSkipsItWhereTheProgramRuns) {
-    desk.types("{TAB}", 税控台::login);
-    auto& screen = desk.open();
-    const auto first = desk.print(screen);
-    EXPECT_EQ(std::count(first.begin(), first.end(), "send {TAB}"), 2);
-    desk.app.screens.unload(screen);
-    desk.isRunning();
-    EXPECT_EQ(desk.doneBySteps(desk.open()), Journal());
-}
-
 TEST_F(TaxRun, FindsThePlaceOfTheProgramByEitherSeparator) {
     const auto parted = [](std::string_view path) {
         const auto place = 软件位置::分解(path);
@@ -133,24 +115,6 @@ TEST(TaxRefund, EndsAtANumberThatCannotBeUsed) {
         EXPECT_EQ(screen.样张.空白票据.hasSelection(), missing);
         EXPECT_FALSE(screen.恢复.面板.isOpen());
     }
-}
-
-TEST_F(TaxRun, OfTheRefundTakesItsOwnScriptAndLeavesTheScreenOpen) {
-    desk.types("{F2}");
-    desk.step("退票", "键盘操作", "", "", "{F5}", "", "SKTPStep");
-    desk.isRunning();
-    auto& screen = desk.open();
-    desk.desktop.answers = {Answer::no};
-    screen.税控退票处理();
-    EXPECT_EQ(desk.machine.take()[5], "send {F5}");
-    EXPECT_TRUE(screen.恢复.面板.isOpen());
-    EXPECT_EQ(buttonsOf(screen), "- -");
-
-    desk.desktop.answers = {Answer::yes};
-    screen.税控退票处理();
-    EXPECT_EQ(buttonsOf(screen), "- 关闭");
-    EXPECT_TRUE(desk.isOpen());
-    EXPECT_EQ(desk.handedBack(), "");
 }
 
 TEST_F(TaxRun, OfTheRefundLogsInByItsOwnScript) {

@@ -51,11 +51,6 @@ TEST_F(TaxSteps, OfTheMouse) {
     EXPECT_EQ(done("鼠标选中", "90", "x"), Journal({"mouse 0 0 0", "mouse 0 90 0", "mouse 0 0 0"}));
 }
 
-TEST_F(TaxSteps, OfAnotherTypeDoNothing) {
-    for (const char* type : {"", "鼠标", "键盘操作 ", "退出"})
-        EXPECT_EQ(done(type, "1", "2"), Journal()) << type;
-}
-
 TEST_F(TaxSteps, EndTheRunWhereATextIsNoNumberOrTooLarge) {
     endsTheRun("鼠标单击", "x", "1", {});
     endsTheRun("鼠标单击", "1", "", {});

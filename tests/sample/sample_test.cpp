@@ -1,9 +1,7 @@
 #include "sample/sample.h"
 
-#include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include <map>
 #include <set>
 
 #include "db/recordset.h"
@@ -65,16 +63,6 @@ TEST(SampleData, IsTheSameForTheSameSeed) {
     EXPECT_GT(rows.size(), 1000U);
     EXPECT_EQ(rows, everything(two));
     EXPECT_NE(rows, everything(three));
-}
-
-TEST(SampleData, OfAnotherSizeKeepsThePeople) {
-    Connection one = sampleDatabase(small());
-    sample::Size larger = small();
-    larger.leads = 400;
-    larger.units = 300;
-    Connection two = sampleDatabase(larger);
-    constexpr const char* people = "Select * From 员工档案";
-    EXPECT_EQ(rowsOf(one, people), rowsOf(two, people));
 }
 
 TEST(SampleData, HasNothingThatTheSmallestSizeCannotHave) {
@@ -179,27 +167,6 @@ TEST_F(ASampleProperty, RefersOnlyToWhatItHas) {
     }
 }
 
-TEST_F(ASampleProperty, NumbersItsCustomersAsTheScreensDo) {
-    std::map<std::string, long> last;
-    std::set<std::string> numbers;
-    long typed = 0;
-    for (auto& row :
-         Recordset(db(), "Select 管理处代号,登记编号,流水号,登记日期 From YZ_引驻客户信息 Order By ID")) {
-        const std::string office = row["管理处代号"].text();
-        const std::string number = row["登记编号"].text();
-        EXPECT_TRUE(numbers.insert(office + "/" + number).second) << number << " comes twice";
-        if (row["流水号"].isNull()) {
-            ++typed;
-            continue;
-        }
-        const long serial = static_cast<long>(row["流水号"].integer());
-        EXPECT_EQ(serial, ++last[office]);
-        EXPECT_EQ(number, fmt::format("{}-{:06}", formatDate(row["登记日期"].moment(), "YYYY"), serial));
-    }
-    EXPECT_EQ(last.size(), 3U);
-    EXPECT_GT(typed, 10);
-}
-
 TEST_F(ASampleProperty, MarksAssignedCustomersAndTellsNothingOfTheFuture) {
     EXPECT_EQ(count("From YZ_引驻客户信息 A Inner Join YZ_引驻客户分配 B On A.登记编号=B.登记编号 And "
                     "A.管理处代号=B.管理处代号 Where A.分配日期 is Null"),
@@ -301,31 +268,6 @@ TEST_F(ItsStaff, CanLogInToPositionsWithMenus) {
     }
     EXPECT_GE(withTwo, 2U);
     EXPECT_GE(different.size(), 5U) << "privileges differ";
-}
-
-TEST_F(ItsStaff, WhoHaveLeftHaveNoPosition) {
-    for (const auto& line : rows("Select 工号 From 员工档案 Where 离职日期 is not Null")) {
-        EXPECT_TRUE(passwordIsRight(line, "hx" + line));
-        EXPECT_TRUE(positions(line).empty());
-    }
-    EXPECT_GE(count("From 岗位信息new Where 工号 is Null And 终止日期 is Null"), 1) << "a vacant position";
-}
-
-TEST_F(ItsStaff, HaveNoEntryWithoutItsTopEntry) {
-    const std::map<std::string, std::set<std::string>> tree = {
-        {"引驻信息管理", {"客户信息登记", "客户跟进分配", "客户跟进管理"}},
-        {"意向客户管理", {"意向客户登记", "意向客户审批", "意向金收取"}},
-        {"统计报表", {"来电统计分析", "来客统计分析", "跟进状态分析", "客户分类统计"}},
-        {"基础信息设置", {"人员设置", "中介公司设置", "客户设置", "引驻设置", "意向书审批流程设置"}}};
-    for (const auto& position : rows("Select 岗位代号 From 岗位信息new")) {
-        const auto usable = menus(position);
-        for (const auto& [top, entries] : tree)
-            for (const auto& entry : entries)
-                EXPECT_TRUE(!usable.contains(entry) || usable.contains(top)) << position << ": " << entry;
-    }
-    const auto every = menus("101");
-    for (const auto& [top, entries] : tree)
-        for (const auto& entry : entries) EXPECT_TRUE(every.contains(entry)) << entry;
 }
 
 }  // namespace

@@ -162,56 +162,6 @@ TEST_F(AtTheDevice, RemembersWhereItsRollIs) {
     EXPECT_EQ(form().number.text(), "00000100");
 }
 
-TEST_F(AtTheDevice, ShowsAnotherTitleOrNumberOrNone) {
-    options.title = "开票软件 V2";
-    options.number = "99999999";
-    logIn();
-    EXPECT_EQ(program->main->windowTitle(), "开票软件 V2");
-    begin("盛远");
-    EXPECT_EQ(form().number.text(), "99999999");
-    fillLine("0101", "1", "1", "1");
-    press(Qt::Key_F9);
-    EXPECT_EQ(journal().first(), "发票号码：99999999");
-    program.reset();
-    options.number.clear();
-    logIn();
-    press(Qt::Key_F2);
-    EXPECT_EQ(form().number.text(), "30843100") << "the roll has not moved";
-    program.reset();
-    options.noNumber = true;
-    logIn();
-    begin("盛远");
-    EXPECT_EQ(form().number.text(), "");
-    fillLine("0101", "1", "1", "1");
-    press(Qt::Key_F9);
-    EXPECT_EQ(boxSays(), "没有可用的发票，请装入发票卷");
-}
-
-TEST_F(AtTheDevice, RefusesToPrintAndKeepsTheNumber) {
-    options.refusal = "打印机未联机";
-    logIn();
-    begin("盛远");
-    fillLine("0101", "1", "1", "1");
-    press(Qt::Key_F9);
-    EXPECT_EQ(boxSays(), "打印机未联机");
-    EXPECT_TRUE(journal().isEmpty());
-    press(Qt::Key_F2);
-    EXPECT_EQ(form().number.text(), "30843100");
-}
-
-TEST_F(AtTheDevice, SaysThatItsJournalCannotBeWritten) {
-    for (const QString& file : {folder.path(), QString("/dev/full")}) {
-        options.journal = file;
-        logIn();
-        begin("盛远");
-        fillLine("0101", "1", "1", "1");
-        press(Qt::Key_F9);
-        EXPECT_EQ(boxSays(), "无法写入 " + file);
-        press(Qt::Key_F2);
-        EXPECT_EQ(form().number.text(), "30843100");
-    }
-}
-
 TEST(AmountsInWords, AreSaidAsOnABanknote) {
     const std::pair<qint64, const char*> amounts[] = {{0, "零元整"},
                                                       {1, "壹分"},
