@@ -14,6 +14,12 @@
 
 namespace desk {
 
+std::string replaced(std::string all, std::string_view mark, std::string_view by) {
+    for (auto at = all.find(mark); at != std::string::npos; at = all.find(mark, at + by.size()))
+        all.replace(at, mark.size(), by);
+    return all;
+}
+
 namespace {
 
 void show(std::string& all, const TreeNodes& nodes) {
@@ -21,12 +27,6 @@ void show(std::string& all, const TreeNodes& nodes) {
         all += "\n" + std::string(node->text());
         show(all, node->children());
     }
-}
-
-std::string replaced(std::string all, std::string_view mark, std::string_view by) {
-    for (auto at = all.find(mark); at != std::string::npos; at = all.find(mark, at + by.size()))
-        all.replace(at, mark.size(), by);
-    return all;
 }
 
 std::string filled(const std::string& line, const std::string& text) {

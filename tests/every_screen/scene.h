@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "every_screen/walks.h"
@@ -33,6 +34,9 @@ class Scene {
     ScriptedHand hand_{program};
     std::string text_;
 };
+
+/// With `by` wherever `mark` stands.
+std::string replaced(std::string all, std::string_view mark, std::string_view by);
 
 /// All that a screen shows: texts, captions, entries, cells, nodes.
 std::string shownBy(const Screen& screen);

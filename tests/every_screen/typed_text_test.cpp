@@ -37,12 +37,6 @@ std::string plain(const std::string& text) {
     return result;
 }
 
-std::string replaced(std::string all, const std::string& text, const std::string& by) {
-    for (auto at = all.find(text); at != std::string::npos; at = all.find(text, at + by.size()))
-        all.replace(at, text.size(), by);
-    return all;
-}
-
 /// `all` as it would be had the text had no meaning. A code ends at the first blank of the text, or is the
 /// text without its blanks.
 std::string withoutMeaning(std::string all, const std::string& text) {
