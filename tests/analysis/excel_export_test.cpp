@@ -26,11 +26,6 @@ class ExcelExport : public testing::Test {
     }
     FrmToExcel& form() { return program.app.screens.get<FrmToExcel>(); }
     bool isOpen() const { return program.app.screens.loaded(FrmToExcel::screenName) != nullptr; }
-    std::vector<std::string> namesIn(const std::string& book) {
-        std::vector<std::string> names;
-        for (const auto& sheet : program.spreadsheets.books.at(book)) names.push_back(sheet.name());
-        return names;
-    }
 
     Source source;
     TestProgram program;
