@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
+#include <QInputMethodEvent>
 #include <QTest>
 #include <QWheelEvent>
 #include <stdexcept>
@@ -41,6 +42,21 @@ void Person::backTab(int times) const {
 
 void Person::type(const char* text) const {
     QTest::keyClicks(QApplication::focusWidget(), text);
+}
+
+void Person::type(QWidget& field, const QString& text) {
+    for (const QChar c : text) {
+        if (c == '\r') continue;
+        if (c == '\n') {
+            QTest::keyClick(&field, Qt::Key_Return);
+        } else if (c.unicode() < 128) {
+            QTest::keyClick(&field, c.toLatin1());
+        } else {
+            QInputMethodEvent commit;
+            commit.setCommitString(c);
+            QApplication::sendEvent(&field, &commit);
+        }
+    }
 }
 
 void Person::paste(const char* text) const {

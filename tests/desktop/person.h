@@ -32,6 +32,8 @@ class Person {
     void press(std::initializer_list<Qt::Key> keys, Qt::KeyboardModifiers with = {}) const;
     void backTab(int times = 1) const;
     void type(const char* text) const;
+    /// What no key has comes from an input method.
+    static void type(QWidget& field, const QString& text);
     void paste(const char* text) const;
 
     void click(const Control& control, Qt::MouseButton button = Qt::LeftButton) const;

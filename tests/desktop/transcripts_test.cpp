@@ -13,7 +13,7 @@ class TranscriptsInWindows : public testing::TestWithParam<std::string> {};
 TEST_P(TranscriptsInWindows, Hold) {
     Transcript(
         TEST_FOLDER "/../" + GetParam() + ".txt", [](TestProgram& program) { offerScreens(program.app); },
-        std::make_unique<WindowActor>())
+        std::make_unique<WindowActor>(), Transcript::Playing::onceMore)
         .check();
 }
 

@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QComboBox>
-#include <QInputMethodEvent>
 #include <QStyleOptionViewItem>
 #include <QTabBar>
 #include <QTableView>
@@ -16,28 +15,6 @@
 namespace desk::desktop {
 
 namespace {
-
-bool hasLayout(const Screen& screen) {
-    for (const KnownScreen& known : screenList())
-        if (screen.name() == known.name) return known.layOut != nullptr;
-    return false;
-}
-
-/// What no key has comes from an input method.
-void typeText(QWidget* field, const QString& typed) {
-    for (const QChar c : typed) {
-        if (c == '\r') continue;
-        if (c == '\n') {
-            QTest::keyClick(field, Qt::Key_Return);
-        } else if (c.unicode() < 128) {
-            QTest::keyClick(field, c.toLatin1());
-        } else {
-            QInputMethodEvent commit;
-            commit.setCommitString(c);
-            QApplication::sendEvent(field, &commit);
-        }
-    }
-}
 
 void empty(QWidget* field) {
     QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
@@ -65,9 +42,20 @@ QPoint boxOf(QAbstractItemView& view, const QModelIndex& index) {
 
 }  // namespace
 
+QWidget* WindowActor::layOut(Screen& screen) {
+    for (const KnownScreen& known : screenList())
+        if (screen.name() == known.name) return known.layOut == nullptr ? nullptr : layoutOf(screen);
+    return nullptr;
+}
+
+Person* WindowActor::personAt(const Screen& screen) const {
+    const auto found = windows_.find(screen.name());
+    return found == windows_.end() ? nullptr : found->second.get();
+}
+
 void WindowActor::shown(Screen& screen) {
-    if (!hasLayout(screen)) return;
-    QWidget* window = layoutOf(screen);
+    QWidget* window = layOut(screen);
+    if (window == nullptr) return;
     // As the screens stand on the smallest display, and with every line of a list in reach.
     window->resize(1600, 1000);
     windows_[screen.name()] = std::make_unique<Person>(window);
@@ -81,32 +69,31 @@ void WindowActor::closed(const std::string& screen) {
     windows_.erase(found);
 }
 
-template <class Widget>
-Widget* WindowActor::reached(const Control& control) {
-    const auto window = windows_.find(control.screen().name());
-    if (window == windows_.end()) return nullptr;
+QWidget* WindowActor::reached(const Control& control) {
+    const Person* person = personAt(control.screen());
+    if (person == nullptr) return nullptr;
     // A list that has closed leaves no window active here.
-    QWidget& shown = window->second->window();
+    QWidget& shown = person->window();
     shown.activateWindow();
     if (!QTest::qWaitForWindowActive(&shown)) return nullptr;
-    auto& widget = window->second->at<Widget>(control);
+    auto& widget = person->at(control);
     return widget.isVisible() && widget.isEnabled() ? &widget : nullptr;
 }
 
 void WindowActor::focus(Control& control) {
-    if (auto* widget = reached<QWidget>(control)) Person::click(*widget, widget->rect().center());
+    if (auto* widget = reached(control)) Person::click(*widget, widget->rect().center());
 }
 
 void WindowActor::type(TextBox& box, const std::string& wanted) {
-    auto* widget = reached<QWidget>(box);
+    auto* widget = reached(box);
     if (widget == nullptr) return;
     if (!widget->hasFocus()) focus(box);
     empty(widget);
-    typeText(widget, text(wanted));
+    Person::type(*widget, text(wanted));
 }
 
 void WindowActor::clickBox(Control& control) {
-    if (auto* widget = reached<QWidget>(control)) Person::click(*widget, {8, widget->height() / 2});
+    if (auto* widget = reached(control)) Person::click(*widget, {8, widget->height() / 2});
 }
 
 void WindowActor::pick(ComboBox& combo, const std::string& wanted) {
@@ -120,11 +107,11 @@ void WindowActor::pick(ComboBox& combo, const std::string& wanted) {
 }
 
 void WindowActor::pick(DatePicker& picker, const DateTime& day) {
-    auto* widget = reached<QWidget>(picker);
+    auto* widget = reached(picker);
     if (widget == nullptr) return;
     widget->setFocus(Qt::TabFocusReason);
     QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
-    typeText(widget, text(isoDay(day)));
+    Person::type(*widget, text(isoDay(day)));
 }
 
 void WindowActor::clickLine(ListBox& list, int line, void (*hit)(QWidget&, QPoint)) {

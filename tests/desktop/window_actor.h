@@ -34,11 +34,19 @@ class WindowActor : public Actor {
     void choose(TabStrip& strip, int index) override;
     void clickDay(MonthCalendar& calendar, const DateTime& day) override;
 
-  private:
+  protected:
+    /// The content of the screen's window, null for a screen that is shown in none here.
+    virtual QWidget* layOut(Screen& screen);
+    /// The person before the window of that screen, null without one.
+    Person* personAt(const Screen& screen) const;
     /// The control's widget where a person can reach it now, null otherwise.
+    QWidget* reached(const Control& control);
     template <class Widget>
-    Widget* reached(const Control& control);
+    Widget* reached(const Control& control) {
+        return dynamic_cast<Widget*>(reached(control));
+    }
 
+  private:
     static void clickAt(QWidget& widget, QPoint at) { Person::click(widget, at); }
     /// Of what is ticked.
     void clickBox(Control& control);

@@ -2,12 +2,15 @@
 
 #include <string>
 
+#include "support/portrait.h"
 #include "ui/choices.h"
 #include "ui/fields.h"
 #include "ui/grid.h"
 #include "ui/tree.h"
 
 namespace desk {
+
+class ScriptedHand;
 
 /// Who acts on a screen: through its controls, or through what shows them. A person moves the focus to what
 /// is acted on, as people do.
@@ -21,6 +24,13 @@ class Actor {
 
     /// The screen asks for the focus there; windows have moved it by then.
     virtual void led(Control&) {}
+
+    /// What there is to be seen of a screen.
+    virtual Portrait look(Screen& screen) { return portraitOf(screen); }
+    /// Does what this one alone can do, in words of its own; false where the verb is none of them.
+    virtual bool act(ScriptedHand& /*hand*/, const std::string& /*verb*/, const std::string& /*rest*/) {
+        return false;
+    }
 
     virtual void focus(Control& control) = 0;
     virtual void type(TextBox& box, const std::string& text) = 0;

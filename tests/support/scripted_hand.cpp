@@ -13,14 +13,6 @@ namespace desk {
 
 namespace {
 
-std::string unquoted(std::string text) {
-    if (text.size() > 1 && text.starts_with('"') && text.ends_with('"'))
-        text = text.substr(1, text.size() - 2);
-    for (std::size_t at = 0; (at = text.find("\\n", at)) != std::string::npos; at += 2)
-        text.replace(at, 2, "\r\n");
-    return text;
-}
-
 TreeNode* findNode(const TreeNodes& nodes, const std::string& text) {
     for (TreeNode* node : nodes) {
         if (node->text() == text) return node;
@@ -44,12 +36,20 @@ std::pair<std::string, std::string> firstWord(const std::string& line) {
     return {std::string(codeBeforeBlank(line)), std::string(nameAfterBlank(line))};
 }
 
+std::string unquoted(std::string text) {
+    if (text.size() > 1 && text.starts_with('"') && text.ends_with('"'))
+        text = text.substr(1, text.size() - 2);
+    for (std::size_t at = 0; (at = text.find("\\n", at)) != std::string::npos; at += 2)
+        text.replace(at, 2, "\r\n");
+    return text;
+}
+
 ScriptedHand::ScriptedHand(TestProgram& program, std::unique_ptr<Actor> actor)
     : program_(program), actor_(actor ? std::move(actor) : std::make_unique<ControlActor>()) {}
 
 void ScriptedHand::act(const std::string& line) {
     const auto [verb, rest] = firstWord(line);
-    if (atTheProgram(verb, rest)) return;
+    if (atTheProgram(verb, rest) || actor_->act(*this, verb, rest)) return;
     const auto [name, argument] = firstWord(rest);
     atTheControl(control(name), verb, unquoted(argument));
 }

@@ -14,6 +14,9 @@ namespace desk {
 /// The word before the first blank, and what stands behind it.
 std::pair<std::string, std::string> firstWord(const std::string& line);
 
+/// A text as a script says it: without the quotes around it, "\n" for a line end.
+std::string unquoted(std::string text);
+
 /// Whoever does at a program what the lines of a script say, at the screen that came last:
 ///
 ///     open frm中介公司设置            from the menu, or to the front
@@ -36,7 +39,10 @@ class ScriptedHand {
     void shown(const std::string& screen);
 
     Actor& actor() { return *actor_; }
+    TestProgram& program() { return program_; }
     Screen& current() const;
+    /// Of the screen in front, or of the menu. Fails where there is none.
+    Control& control(const std::string& name) const;
     /// The loaded screens in the order in which they came.
     std::vector<std::string> screens() const;
 
@@ -45,7 +51,6 @@ class ScriptedHand {
     void atTheControl(Control& control, const std::string& verb, const std::string& rest);
     void atATree(Tree& tree, const std::string& verb, const std::string& rest);
     void atAGrid(Grid& grid, const std::string& verb, const std::string& rest);
-    Control& control(const std::string& name) const;
 
     TestProgram& program_;
     std::unique_ptr<Actor> actor_;

@@ -44,11 +44,11 @@ std::string difference(const std::string& expected, const std::string& played) {
 }  // namespace
 
 Transcript::Transcript(std::string path, const std::function<void(TestProgram&)>& offer,
-                       std::unique_ptr<Actor> actor)
-    : path_(std::move(path)), rewritable_(actor == nullptr), hand_(program, std::move(actor)) {
+                       std::unique_ptr<Actor> actor, Playing playing)
+    : path_(std::move(path)), playing_(playing), hand_(program, std::move(actor)) {
     offer(program);
     program.fault.seen = [this](std::string_view statement) {
-        if (watching_) say(std::string(statement));
+        if (watching_ && !quiet_) say(std::string(statement));
     };
     program.machine.note = [this](const std::string& line) { say(line); };
     program.fault.opened = [this](Engine& engine) {
@@ -91,7 +91,7 @@ void Transcript::check() {
     while (!script_.empty() && script_.back().empty()) script_.pop_back();
     play();
     const char* mode = std::getenv("TRANSCRIPTS");
-    if (rewritable_ && mode != nullptr && std::string_view(mode) == "rewrite")
+    if (playing_ == Playing::itself && mode != nullptr && std::string_view(mode) == "rewrite")
         std::ofstream(path_, std::ios::binary) << played_;
     else if (played_ != expected)
         ADD_FAILURE() << path_ << " " << difference(expected, played_);
@@ -112,6 +112,7 @@ void Transcript::step(const std::string& line) {
         const auto [verb, rest] = firstWord(line);
         if (verb == "include") return include(rest);
         if (verb == "given") return given_.push_back(rest);
+        if (verb == "quiet") quiet_ = true;
         if (verb == "window") return program.programs.windows.push_back(rest);
         if (verb == "file") return void(program.files.present.insert(rest));
         if (verb == "copies")
@@ -189,9 +190,9 @@ void Transcript::settleScreens() {
     std::erase_if(portraits_,
                   [&](const auto& held) { return program.app.screens.loaded(held.first) == nullptr; });
     for (const auto& name : hand_.screens()) {
-        const Screen& screen = *program.app.screens.loaded(name);
+        Screen& screen = *program.app.screens.loaded(name);
         if (!portraits_.contains(name)) watchFocus(screen);
-        const Portrait now = portraitOf(screen);
+        const Portrait now = hand_.actor().look(screen);
         const std::string lead = &screen == &hand_.current() ? "" : name + "/";
         for (const auto& line : changes(portraits_[name], now)) say(lead + line);
         portraits_[name] = now;

@@ -23,16 +23,20 @@ namespace desk {
 ///     window 鸿序楼台                another program's window that can be brought to the front
 ///     file c:\税控\开票.exe          a file that is on the machine
 ///     copies 9001                  what the clipboard holds once a program was asked to copy
+///     quiet                        statements are not told
 ///     > open frm中介公司设置         what the person does, in the words of ScriptedHand
 ///         select …                 what the program did
 ///
-/// With TRANSCRIPTS=rewrite in the environment the files are written anew instead, by whoever acts through
-/// the controls; then read what changed.
+/// With TRANSCRIPTS=rewrite in the environment the files are written anew instead by whoever plays them for
+/// the first time; then read what changed.
 class Transcript {
   public:
+    /// Whether a script is played as it was written, or once more by somebody else.
+    enum class Playing { itself, onceMore };
+
     /// `offer` makes the screens of the room known to the program; `actor` acts, the controls' own if null.
     Transcript(std::string path, const std::function<void(TestProgram&)>& offer,
-               std::unique_ptr<Actor> actor = nullptr);
+               std::unique_ptr<Actor> actor = nullptr, Playing playing = Playing::itself);
     ~Transcript();
     Transcript(const Transcript&) = delete;
     Transcript& operator=(const Transcript&) = delete;
@@ -61,11 +65,12 @@ class Transcript {
     std::vector<std::string> rowsOf(const std::string& table);
 
     std::string path_;
-    bool rewritable_;
+    Playing playing_;
     ScriptedHand hand_;
     std::deque<std::string> script_;  ///< lines still to come
     std::string played_;
 
+    bool quiet_ = false;
     bool watching_ = true;
     bool ended_ = false;
     std::vector<std::string> given_;
