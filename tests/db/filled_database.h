@@ -1,6 +1,5 @@
 #pragma once
 
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -8,6 +7,7 @@
 #include "db/recordset.h"
 #include "db/statement.h"
 #include "schema/catalogue.h"
+#include "steps.h"
 #include "support/failures.h"
 #include "wire/process/engine_choice.h"
 
@@ -17,13 +17,6 @@ inline const std::string memory = "Initial Catalog=':memory:';Data Source='(embe
 
 inline std::string fileConnection(const std::string& path) {
     return "Initial Catalog='" + path + "';Data Source='(embedded)'";
-}
-
-inline std::vector<std::string> linesOf(const std::string& name) {
-    std::ifstream file(std::string(TEST_FOLDER) + "/" + name);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(file, line);) lines.push_back(line);
-    return lines;
 }
 
 /// An empty database of the engine that the run is for.
@@ -47,7 +40,7 @@ struct EmptyDatabase {
 /// A small property: every statement of the system finds something in it.
 struct FilledDatabase : EmptyDatabase {
     FilledDatabase() {
-        for (const auto& statement : linesOf("filled.txt")) connection.execute(statement);
+        for (const auto& statement : stepsOf("filled.txt")) connection.execute(statement.asked);
     }
 };
 

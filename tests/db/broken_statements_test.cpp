@@ -2,35 +2,11 @@
 
 #include <random>
 
-#include "all_statements.h"
 #include "db/embedded/translation.h"
 #include "filled_database.h"
 
 namespace desk {
 namespace {
-
-/// What a statement does to a freshly filled database, as statement_results.txt tells it.
-std::string outcome(const std::string& statement) {
-    FilledDatabase filled;
-    try {
-        const auto blanks = statement.find_first_not_of(' ');
-        const bool selects = schema::sameName(statement.substr(blanks, 6), "select");
-        if (!selects) return "changes " + std::to_string(filled.connection.execute(statement));
-        return "rows " + std::to_string(filled.rows(statement).size());
-    } catch (const RuntimeFailure& failure) {
-        return "fails " + std::to_string(failure.number());
-    }
-}
-
-TEST(EveryStatement, DoesWhatItsLineInTheResultsTells) {
-    const auto statements = allStatements();
-    const auto results = linesOf("statement_results.txt");
-    ASSERT_EQ(statements.size(), results.size());
-    for (std::size_t i = 0; i < statements.size(); ++i) {
-        const auto expected = std::to_string(i + 1) + " " + outcome(statements[i]);
-        EXPECT_EQ(results[i], expected) << statements[i];
-    }
-}
 
 /// Pieces of a statement that mostly are its words.
 std::vector<std::string> piecesOf(const std::string& statement) {
@@ -50,8 +26,8 @@ std::vector<std::string> piecesOf(const std::string& statement) {
 
 class Mutator {
   public:
-    explicit Mutator(const std::vector<std::string>& statements) {
-        for (const auto& statement : statements) pieces_.push_back(piecesOf(statement));
+    Mutator() {
+        for (const auto& step : stepsOf("statements.txt")) pieces_.push_back(piecesOf(step.asked));
     }
 
     std::string next() {
@@ -93,7 +69,7 @@ class Mutator {
 /// translated is one that the engine takes.
 TEST(BrokenStatements, FailAsStatements) {
     FilledDatabase filled;
-    Mutator mutator(allStatements());
+    Mutator mutator;
     int refused = 0;
     int taken = 0;
     for (int i = 0; i < 20000; ++i) {
