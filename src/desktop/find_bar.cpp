@@ -44,6 +44,7 @@ FindBar* FindBar::of(const QAbstractItemView* view) {
 }
 
 void FindBar::open() {
+    result_->clear();
     lay();
     setVisible(true);
     raise();
@@ -138,8 +139,9 @@ QRect FindBar::foot() const {
 
 void FindBar::lay() {
     QRect place = foot();
+    const QModelIndex seen = rows_->marked().isValid() ? rows_->marked() : view_->currentIndex();
     // What stands at the very end cannot be scrolled away from the foot.
-    if (placeOf(rows_->marked()).intersects(place)) place.moveTop(view_->viewport()->y());
+    if (placeOf(seen).intersects(place)) place.moveTop(view_->viewport()->y());
     setGeometry(place);
 }
 

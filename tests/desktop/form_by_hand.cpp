@@ -59,7 +59,7 @@ bool onATree(Tree& tree, const std::string& what, const std::string& value) {
     return does({{"node",
                   [&] {
                       const auto bar = value.find('/');
-                      const std::string text = value.substr(bar == std::string::npos ? 0 : bar + 1);
+                      const std::string text = unquoted(value.substr(bar == std::string::npos ? 0 : bar + 1));
                       TreeNode* parent =
                           bar == std::string::npos ? nullptr : nodeOf(tree.roots(), value.substr(0, bar));
                       tree.add(parent, text, text);
@@ -100,6 +100,7 @@ bool onAGrid(Grid& grid, const std::string& what, const std::string& value) {
 bool onAText(TextBox& box, const std::string& what, const std::string& value) {
     return does({{"text", [&] { box.setText(unquoted(value)); }},
                  {"locked", [&] { box.setLocked(true); }},
+                 {"selectsOnFocus", [&] { box.focused += [&box] { box.selectAll(); }; }},
                  {"free", [&] { box.setLocked(false); }},
                  {"numeric", [&] { box.setNumeric(true); }},
                  {"plain", [&] { box.setNumeric(false); }}},
@@ -122,6 +123,14 @@ bool onAField(Control& control, const std::string& what, const std::string& valu
         return does({{"value", [&] { month->setValue(parseDate(value).value()); }}}, what);
     if (auto* swatch = dynamic_cast<Swatch*>(&control))
         return does({{"colour", [&] { swatch->setColour(std::stoi(value)); }}}, what);
+    if (auto* canvas = dynamic_cast<Canvas*>(&control))
+        return does({{"colour",
+                      [&] {
+                          canvas->background = std::stoi(value);
+                          canvas->clear();
+                          canvas->repaint();
+                      }}},
+                    what);
     if (auto* tabs = dynamic_cast<TabStrip*>(&control))
         return does({{"at", [&] { tabs->setIndex(std::stoi(value) - 1); }}}, what);
     if (auto* bar = dynamic_cast<StatusBar*>(&control))

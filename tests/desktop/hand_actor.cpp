@@ -39,6 +39,15 @@ void pressKey(const std::string& key) {
     QTest::keyClick(typedAt(), back ? Qt::Key_Backtab : keys.key(), keys.keyboardModifiers());
 }
 
+/// A key that is held down repeats itself.
+void hold(const std::string& key) {
+    const int code = QKeySequence::fromString(text(key))[0].key();
+    for (const bool again : {false, true, true}) {
+        QKeyEvent event(QEvent::KeyPress, code, Qt::NoModifier, QString(), again);
+        QApplication::sendEvent(typedAt(), &event);
+    }
+}
+
 /// Where the mouse meets a control: a line ("2"), a cell ("2 1"), a node ("0.1"), or its middle.
 struct Spot {
     QWidget* widget;
@@ -112,12 +121,13 @@ bool HandActor::act(ScriptedHand& hand, const std::string& verb, const std::stri
     const auto [name, argument] = firstWord(rest);
     if (verb == "set") {
         const auto [what, value] = firstWord(argument);
-        dynamic_cast<FormByHand&>(*front_).act(hand.control(name), what, value);
+        for (const auto& each : name == "all" ? parts_ : std::vector{name})
+            dynamic_cast<FormByHand&>(*front_).act(hand.control(each), what, value);
         return true;
     }
     static const std::set<std::string> words{"wheel",      "rightclick",  "middleclick", "ctrlclick",
-                                             "shiftclick", "doubleclick", "pressoff",    "rest",
-                                             "menu",       "drag",        "scroll"};
+                                             "shiftclick", "doubleclick", "pressoff",    "shakyclick",
+                                             "rest",       "menu",        "drag",        "scroll"};
     if (!words.contains(verb)) return false;
     Control& control = hand.control(name);
     return atTheView(control, verb, argument) || withTheMouse(control, verb, argument);
@@ -126,6 +136,8 @@ bool HandActor::act(ScriptedHand& hand, const std::string& verb, const std::stri
 bool HandActor::atTheKeys(const std::string& verb, const std::string& rest) {
     if (verb == "key") {
         for (const auto& key : split(rest, ' ')) pressKey(key);
+    } else if (verb == "hold") {
+        hold(rest);
     } else if (verb == "keys") {
         Person::type(*typedAt(), text(unquoted(rest)));
     } else if (verb == "paste") {
@@ -192,6 +204,8 @@ bool HandActor::withTheMouse(Control& control, const std::string& verb, const st
         Person::doubleClick(met, spot.at);
     } else if (verb == "pressoff") {
         moveAndLetGo(met, spot.at, QPoint(spot.at.x(), -2000));
+    } else if (verb == "shakyclick") {
+        moveAndLetGo(met, spot.at, spot.at - QPoint(5, 0));
     } else if (verb == "rest") {
         desktop::rest(spot);
     } else if (verb == "menu") {

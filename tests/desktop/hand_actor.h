@@ -9,12 +9,13 @@ namespace desk::desktop {
 ///
 ///     form first tree               opens the form (FormByHand) with these of its controls
 ///     key Down Shift+Tab Ctrl+F     at whatever has the focus
+///     hold Return                   until it repeats
 ///     keys 3.5                      letter by letter
 ///     paste 甲\n乙
 ///     wheel day                     one notch towards the person
 ///     rightclick grid 2 1           as "middleclick", "ctrlclick", "shiftclick", "doubleclick", "pressoff":
 ///                                   at a control, a line, a cell or a node ("0.1" is the second below the
-///                                   first); the last lets go elsewhere
+///                                   first); the last lets go elsewhere, "shakyclick" a little beside
 ///     rest grid 2 1                 the pointer, until a tip comes
 ///     menu grid 2 1                 what a right click offers there; "choose 复制此行" takes one of it
 ///     drag grid 1 -100              the edge of a column, in pixels
@@ -22,7 +23,8 @@ namespace desk::desktop {
 ///     size 1000 640                 of the window
 ///     leave                         for another window, and come back
 ///     again                         the window is made anew
-///     set first locked              what the screen does itself, in the words of FormByHand
+///     set first locked              what the screen does itself, in the words of FormByHand; to "all" its
+///                                   controls
 class HandActor : public WindowActor {
   public:
     Portrait look(Screen& screen) override;

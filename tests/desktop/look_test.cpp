@@ -1,234 +1,42 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QClipboard>
 #include <QHeaderView>
-#include <QHelpEvent>
-#include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
-#include <QMenu>
-#include <QPushButton>
+#include <QProxyStyle>
 #include <QTableView>
 #include <QTest>
-#include <QToolTip>
-#include <QTreeView>
 
-#include "desktop/binding.h"
 #include "desktop/ending.h"
-#include "desktop/layout.h"
+#include "desktop/form.h"
 #include "desktop/person.h"
-#include "desktop/screen_keys.h"
-#include "desktop/tree_count.h"
 #include "desktop/words.h"
-#include "ui/batch.h"
-#include "ui/choices.h"
-#include "ui/fields.h"
-#include "ui/grid.h"
-#include "ui/screen.h"
-#include "ui/tree.h"
 
 namespace desk::desktop {
 namespace {
 
-struct Form : Screen {
-    Form() : Screen("form", "登记", WindowKind::child, 9000, 6000) {}
-
-    Tree tree{*this, "tree"};
-    Grid grid{*this, "grid", "<序|<名称  |<编号|>数量"};
-    ListBox list{*this, "list", ListStyle::multiple};
-    TextBox company{*this, "页.公司名称"};
-    TextBox password{*this, "password", TextStyle::password};
-    Button sure{*this, "sure", "确定"};
-    Button add{*this, "add", "新增"};
-    Frame panel{*this, "panel"};
-    TextBox inPanel{panel, "inPanel"};
-    Button panelSure{panel, "panelSure", "确定"};
-};
-
-/// A screen's content in a window that has the keyboard.
+/// What is measured in pixels, or has a look of its own.
 class Look : public testing::Test {
   protected:
-    void show(QWidget* content) {
-        window.reset(content);
-        window->setWindowTitle("登记");
-        addScreenKeys(content);
-        window->resize(700, 500);
-        window->show();
-        window->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    }
-    template <class Widget>
-    Widget& widget(const char* name) {
-        auto* found = window->findChild<Widget*>(name);
-        EXPECT_NE(found, nullptr) << name;
-        return *found;
-    }
-    static void press(int key, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
-    }
-    static void type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), text); }
-    static std::string clipboard() { return QApplication::clipboard()->text().toStdString(); }
-
-    void fillTree(int leads) {
-        const Batch fill(form.tree);
-        for (int i = 1; i <= leads; ++i) {
-            const std::string no = "2026-" + std::to_string(1000 + i);
-            form.tree.add(nullptr, no, "（引驻来人）" + no + " Company " + std::to_string(i));
-        }
-    }
-
     Form form;
-    std::unique_ptr<QWidget> window;
 };
 
-TEST_F(Look, AnEmptyTreeSaysWhatToDoFirstAndAFullOneHowManyItHas) {
-    form.tree.hint = "请先选择管理项目";
-    show(layout::rows({counted(form.tree, "客户", Entries::top)}));
-    auto& hint = widget<QLabel>("qt_hint");
-    auto& count = widget<QLabel>("tree.数目");
-    EXPECT_EQ(hint.text(), "请先选择管理项目");
-    EXPECT_TRUE(hint.isVisible());
-    EXPECT_EQ(count.text(), "");
-    fillTree(3);
-    EXPECT_FALSE(hint.isVisible());
-    EXPECT_EQ(count.text(), "共 3 个");
-    form.tree.hint = "没有客户";
-    form.tree.clear();
-    EXPECT_EQ(hint.text(), "没有客户");
-    EXPECT_TRUE(hint.isVisible());
-}
-
-TEST_F(Look, FindingMarksAndEnterClicks) {
-    show(layout::rows({widgetFor(form.company), widgetFor(form.tree)}));
-    fillTree(300);
-    std::vector<std::string> clicks;
-    form.tree.nodeClicked += [&](TreeNode& node) { clicks.emplace_back(node.key()); };
-    auto& view = widget<QTreeView>("tree");
-    view.setFocus();
-    form.tree.select(nullptr);
-    clicks.clear();
-    press(Qt::Key_F, Qt::ControlModifier);
-    type("company 29");
-    const auto found = [&] { return view.currentIndex().data().toString(); };
-    EXPECT_TRUE(found().endsWith("Company 29"));
-    press(Qt::Key_F3);
-    EXPECT_TRUE(found().endsWith("Company 290"));
-    EXPECT_TRUE(view.viewport()->rect().intersects(view.visualRect(view.currentIndex())));
-    press(Qt::Key_F3, Qt::ShiftModifier);
-    EXPECT_TRUE(found().endsWith("Company 29"));
-    // One more letter leads on, and nothing is selected by all this.
-    type("9");
-    EXPECT_TRUE(found().endsWith("Company 299"));
-    EXPECT_EQ(form.tree.selected(), nullptr);
-    EXPECT_TRUE(view.selectionModel()->selectedIndexes().empty());
-    EXPECT_TRUE(clicks.empty());
-    press(Qt::Key_Return);
-    EXPECT_EQ(clicks, std::vector<std::string>{"2026-1299"});
-    EXPECT_EQ(QApplication::focusWidget(), &view);
-
-    // The line covers nothing that it has found, at the very end either.
-    const auto* bar = window->findChild<QFrame*>("qt_findbar");
-    for (const char* wanted : {"company 4", "company 13", "company 299", "company 300"}) {
-        press(Qt::Key_F, Qt::ControlModifier);
-        type(wanted);
-        const QRect at = view.visualRect(view.currentIndex()).translated(view.viewport()->pos());
-        EXPECT_TRUE(view.viewport()->geometry().contains(QPoint(at.left(), at.bottom()))) << wanted;
-        EXPECT_FALSE(bar->geometry().intersects(at)) << wanted;
-    }
-    press(Qt::Key_Escape);
-
-    // From a field the first tree or grid is searched; Escape leaves all as it was.
-    widget<QLineEdit>("页.公司名称").setFocus();
-    press(Qt::Key_F, Qt::ControlModifier);
-    type("nobody");
-    EXPECT_EQ(window->findChild<QFrame*>("qt_findbar")->findChild<QLabel*>()->text(), "未找到");
-    press(Qt::Key_Escape);
-    EXPECT_FALSE(window->findChild<QFrame*>("qt_findbar")->isVisible());
-    EXPECT_EQ(clicks.size(), 1U);
-}
-
-TEST_F(Look, TypedLettersFindANumberBehindItsMark) {
-    show(layout::rows({widgetFor(form.tree)}));
-    fillTree(20);
-    auto& view = widget<QTreeView>("tree");
-    view.setFocus();
-    type("2026-1012");
-    EXPECT_EQ(view.currentIndex().row(), 11);
-}
-
-TEST_F(Look, WhatIsRevealedIsInViewAndNotSelected) {
-    show(layout::columns({widgetFor(form.tree), widgetFor(form.grid)}));
-    fillTree(300);
-    for (int i = 1; i <= 300; ++i) form.grid.addRow({std::to_string(i), "甲"});
-    auto& tree = widget<QTreeView>("tree");
-    auto& grid = widget<QTableView>("grid");
-    form.tree.reveal(*form.tree.roots().back());
-    form.grid.reveal(300);
-    EXPECT_TRUE(tree.viewport()->rect().contains(tree.visualRect(tree.model()->index(299, 0)).center()));
-    EXPECT_TRUE(grid.viewport()->rect().contains(grid.visualRect(grid.model()->index(299, 0)).center()));
-    EXPECT_TRUE(tree.selectionModel()->selectedIndexes().empty());
-    EXPECT_NE(form.grid.row(), 300);
-    // The key finds where the keyboard is.
-    grid.setFocus();
-    press(Qt::Key_F, Qt::ControlModifier);
-    EXPECT_TRUE(grid.isAncestorOf(QApplication::focusWidget()));
-}
-
-TEST_F(Look, RowsAreCopiedAsASpreadsheetTakesThem) {
-    show(layout::rows({widgetFor(form.grid)}));
-    form.grid.setColumnWidth(2, 0);
-    form.grid.addRow({"1", "甲", "K", "7"});
-    form.grid.addRow({"2", "a\"b", "K", "9"});
-    int clicks = 0;
-    form.grid.clicked += [&] { ++clicks; };
-    auto& view = widget<QTableView>("grid");
-    view.setFocus();
-    press(Qt::Key_A, Qt::ControlModifier);
-    press(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(clipboard(), "1\t甲\t7\n2\t\"a\"\"b\"\t9");
-    EXPECT_EQ(clicks, 0);
-    form.grid.setSelection(GridSelection::row);
-    form.grid.setCurrent(1, 1);
-    press(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(clipboard(), "1\t甲\t7");
-
-    // The menu takes the row below the pointer, and marks nothing.
-    const auto choose = [&](const char* start) {
-        view.customContextMenuRequested(view.visualRect(view.model()->index(1, 1)).center());
-        const std::unique_ptr<QMenu> menu(view.findChild<QMenu*>());
-        for (QAction* entry : menu->actions()) {
-            EXPECT_EQ(entry->isEnabled(), form.grid.rows() > 1 || entry->isSeparator());
-            if (entry->text().startsWith(start)) entry->trigger();
-        }
-        return clipboard();
-    };
-    EXPECT_EQ(choose("复制此行"), "2\t\"a\"\"b\"\t9");
-    EXPECT_EQ(choose("复制此格"), "\"a\"\"b\"");
-    EXPECT_EQ(choose("复制全部"), "1\t甲\t7\n2\t\"a\"\"b\"\t9");
-    EXPECT_EQ(choose("连同标题"), "序\t名称\t数量\n1\t甲\t7\n2\t\"a\"\"b\"\t9");
-    choose("查找");
-    EXPECT_EQ(QApplication::focusWidget()->objectName(), "qt_find");
-    EXPECT_EQ(form.grid.row(), 1);
-    EXPECT_EQ(clicks, 0);
-    form.grid.setRows(1);
-    choose("");
-}
-
 TEST_F(Look, SpareWidthGoesToTextsAndNumbersHaveRoom) {
-    show(layout::rows({widgetFor(form.grid)}));
+    form.grid.setFormat("<序|<名称  |<编号|>数量");
     form.grid.addRow({"1234", "盛远国际贸易有限公司", "17", "5"});
     form.grid.addRow({"→", "佳信", "18", "6"});
-    auto& view = widget<QTableView>("grid");
-    int whole = 0;
-    for (int column = 0; column < 4; ++column) whole += view.columnWidth(column);
-    EXPECT_EQ(whole, view.viewport()->width());
+    const Person person(shown({&form.grid}));
+    person.window().resize(700, 500);
+    auto& view = person.at<QTableView>(form.grid);
+    const auto whole = [&] {
+        return view.columnWidth(0) + view.columnWidth(1) + view.columnWidth(2) + view.columnWidth(3);
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return whole() == view.viewport()->width(); }));
     EXPECT_GE(view.columnWidth(0), view.fontMetrics().horizontalAdvance("1234") + 6);
     EXPECT_LT(view.columnWidth(0), 60);
     EXPECT_GT(view.columnWidth(1), 400);
     EXPECT_LT(view.columnWidth(2), 100);
     const int before = view.columnWidth(1);
-    window->resize(900, 500);
+    person.window().resize(900, 500);
     EXPECT_TRUE(QTest::qWaitFor([&] { return view.columnWidth(1) > before; }));
 
     // A width that a person has given stays with these rows.
@@ -244,78 +52,72 @@ TEST_F(Look, SpareWidthGoesToTextsAndNumbersHaveRoom) {
     EXPECT_GT(view.columnWidth(1), dragged);
 }
 
-TEST_F(Look, ACutTextIsShownInFullWhileThePointerRestsOnIt) {
-    const auto tipAt = [](QWidget& shown, QPoint at) {
-        QToolTip::hideText();
-        EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text().isEmpty(); }));
-        QHelpEvent rest(QEvent::ToolTip, at, shown.mapToGlobal(at));
-        QApplication::sendEvent(&shown, &rest);
-        return utf8(QToolTip::text());
+/// A header of two rows: where equal titles are one there is no line between them.
+TEST_F(Look, EqualTitlesAreOne) {
+    form.grid.addRow({"名称", "名称", "编号"});
+    for (const int column : {0, 1}) form.grid.setText(0, column, "客户");
+    form.grid.setText(0, 2, "其它");
+    form.grid.setFixedRows(2);
+    form.grid.setMerging(Merge::free);
+    form.grid.setMergesRow(0, true);  // the second row shows its equal titles apart
+    const Person person(shown({&form.grid}));
+    auto& header = *person.at<QTableView>(form.grid).horizontalHeader();
+    const QImage picture = header.grab().toImage();
+    const auto lineBehind = [&](int column, int row) {
+        const int x = header.sectionViewportPosition(column) + header.sectionSize(column) - 1;
+        const int y = header.height() * (2 * row + 1) / 4 + 6;
+        return picture.pixelColor(x, y) != picture.pixelColor(x - 4, y);
     };
-    show(layout::rows({widgetFor(form.company), widgetFor(form.password), widgetFor(form.grid)}));
-    const std::string name = "盛远国际贸易<上海>有限公司";
-    std::string names;
-    for (int i = 0; i < 9; ++i) names += name;
-    form.grid.addRow({"1", names});
-    form.grid.addRow({"2", name});
-    const auto& view = widget<QTableView>("grid");
-    const auto cell = [&](int row) { return view.visualRect(view.model()->index(row, 1)).center(); };
-    EXPECT_NE(tipAt(*view.viewport(), cell(0)).find("贸易&lt;上海&gt;有限"), std::string::npos);
-    EXPECT_EQ(tipAt(*view.viewport(), cell(1)), "");
-    auto& company = widget<QLineEdit>("页.公司名称");
-    auto& password = widget<QLineEdit>("password");
-    form.company.setText(names);
-    form.password.setText(names);
-    EXPECT_NE(tipAt(company, {5, 5}).find("贸易&lt;上海&gt;有限"), std::string::npos);
-    EXPECT_EQ(tipAt(password, {5, 5}), "");
-    form.company.setText(name);
-    EXPECT_EQ(tipAt(company, {5, 5}), "");
+    EXPECT_FALSE(lineBehind(0, 0));
+    EXPECT_TRUE(lineBehind(1, 0));
+    EXPECT_TRUE(lineBehind(0, 1));
+    EXPECT_TRUE(lineBehind(1, 1));
 }
 
-TEST_F(Look, KeysPressTheButtonsOfTheScreen) {
-    auto* panel =
-        layout::framed(form.panel, layout::rows({widgetFor(form.inPanel), widgetFor(form.panelSure)}));
-    // The button of the panel is the last of its caption, and the nearest to what is typed in it.
-    show(layout::rows({widgetFor(form.company), widgetFor(form.sure), widgetFor(form.add), panel}));
-    std::string pressed;
-    form.sure.clicked += [&] { pressed += "确定 "; };
-    form.panelSure.clicked += [&] { pressed += "面板 "; };
-    form.add.clicked += [&] { pressed += "新增 "; };
-    widget<QLineEdit>("inPanel").setFocus();
-    press(Qt::Key_S, Qt::ControlModifier);
-    form.panel.setVisible(false);
-    widget<QLineEdit>("页.公司名称").setFocus();
-    press(Qt::Key_S, Qt::ControlModifier);
-    press(Qt::Key_N, Qt::ControlModifier);
-    EXPECT_EQ(pressed, "面板 确定 新增 ");
-    // The mode is in the caption: what is being entered is not given up by the key for a new one.
-    form.add.setCaption("取消");
-    press(Qt::Key_N, Qt::ControlModifier);
-    form.sure.setEnabled(false);
-    press(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(pressed, "面板 确定 新增 ");
-    // One that is hidden does not stand before the others.
-    form.sure.setEnabled(true);
-    form.sure.setVisible(false);
-    form.panel.setVisible(true);
-    press(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(pressed, "面板 确定 新增 面板 ");
-    EXPECT_EQ(widget<QPushButton>("add").text(), "取消(&C)");
-    EXPECT_EQ(widget<QPushButton>("add").accessibleName(), "取消");
+TEST_F(Look, AFieldKeepsItsHeightWhenItIsLocked) {
+    const Person person(shown({&form.first}));
+    const auto& edit = person.at<QLineEdit>(form.first);
+    const int height = edit.height();
+    form.first.setLocked(true);
+    EXPECT_EQ(edit.sizeHint().expandedTo(edit.minimumSize()).height(), height);
+}
+
+/// As desktops that open things with one click ask for.
+class OneClick : public QProxyStyle {
+  public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* more) const override {
+        return hint == SH_ItemView_ActivateItemOnSingleClick
+                   ? 1
+                   : QProxyStyle::styleHint(hint, option, widget, more);
+    }
+};
+
+TEST_F(Look, ADoubleClickIsADoubleClickEverywhere) {
+    form.list.addItem("主管");
+    const Person person(shown({&form.list}));
+    QWidget& list = person.at(form.list);
+    OneClick style;
+    list.setStyle(&style);
+    int chosen = 0;
+    form.list.doubleClicked += [&](int) { ++chosen; };
+    Person::click(viewportOf(list), lineOf(list, {0}));
+    EXPECT_EQ(chosen, 0);
+    Person::doubleClick(viewportOf(list), lineOf(list, {0}));
+    EXPECT_EQ(chosen, 1);
+    list.setStyle(nullptr);
 }
 
 TEST_F(Look, TheFieldsOfShownWindowsCanBeCopiedWithoutPasswords) {
-    form.list.addItem("报纸");
-    form.list.addItem("网络");
-    form.list.addItem("展会");
-    show(layout::rows(
-        {widgetFor(form.company), widgetFor(form.password), widgetFor(form.list), widgetFor(form.inPanel)}));
-    form.company.setText("盛远国际");
+    for (const char* line : {"报纸", "网络", "展会"}) form.several.addItem(line);
+    form.first.setText("盛远国际");
     form.password.setText("secret");
-    form.list.setSelected(0, true);
-    form.list.setSelected(2, true);
-    EXPECT_EQ(textsOfShownFields().toStdString(), "【登记】\n公司名称：盛远国际\nlist：报纸,展会");
-    window->hide();
+    form.several.setSelected(0, true);
+    form.several.setSelected(2, true);
+    const Person person(shown({&form.first, &form.second, &form.password, &form.several}));
+    person.window().setWindowTitle("登记");
+    EXPECT_EQ(textsOfShownFields().toStdString(), "【登记】\nfirst：盛远国际\nseveral：报纸,展会");
+    person.window().hide();
     EXPECT_EQ(textsOfShownFields().toStdString(), "");
 }
 

@@ -13,6 +13,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QTabBar>
 #include <QTableView>
@@ -51,6 +52,9 @@ std::string shownBy(const QLineEdit& line, const TextBox& box) {
     std::string shown = quoted(line.displayText());
     if (line.hasSelectedText()) shown += " selects " + quoted(line.selectedText());
     if (line.isReadOnly()) shown += " locked";
+    const QPalette& colours = line.palette();
+    const bool isFlat = !line.hasFrame() && colours.color(QPalette::Base) == colours.color(QPalette::Window);
+    if (line.isReadOnly() != isFlat) shown += " BUT LOOKS OTHERWISE";
     if (line.alignment().testFlag(Qt::AlignRight)) shown += " at the right";
     if (!line.toolTip().isEmpty()) shown += " cue " + quoted(line.toolTip());
     return shown + unless(utf8(line.text()) == box.text(), box.text());
@@ -119,15 +123,28 @@ std::string marksIn(const QTableView& view) {
     return fmt::format(" marks row {}", marked.first().row() + 1);
 }
 
+/// How far it has been scrolled, and whether the place of the keyboard is in view.
+std::string scrolled(const QAbstractItemView& view) {
+    const QScrollBar& bar = *view.verticalScrollBar();
+    std::string shown = bar.value() == 0               ? ""
+                        : bar.value() == bar.maximum() ? ", scrolled to its end"
+                                                       : ", scrolled";
+    const QModelIndex at = view.currentIndex();
+    if (at.isValid() && !view.viewport()->rect().intersects(view.visualRect(at))) shown += ", out of view";
+    return shown;
+}
+
 std::string shownBy(const QTableView& view, const Grid& grid) {
     const QModelIndex at = view.currentIndex();
     std::string shown = fmt::format("{} rows", view.model()->rowCount());
     if (at.isValid())
         shown += fmt::format(", at {} {}: {}", at.row() + 1, at.column(), rowIn(view, at.row()));
-    const bool agree =
-        !at.isValid() || (at.row() + grid.fixedRows() == grid.row() &&
-                          (grid.selection() == GridSelection::row || at.column() == grid.column()));
-    return shown + marksIn(view) + unless(agree, fmt::format("{} {}", grid.row(), grid.column()));
+    shown += scrolled(view);
+    const std::string marks = marksIn(view);
+    const bool agree = marks.empty() || marks == " marks all" ||
+                       (at.row() + grid.fixedRows() == grid.row() &&
+                        (grid.selection() == GridSelection::row || at.column() == grid.column()));
+    return shown + marks + unless(agree, fmt::format("{} {}", grid.row(), grid.column()));
 }
 
 void addTicked(const QAbstractItemModel& model, const QModelIndex& parent, std::vector<std::string>& texts) {
@@ -139,9 +156,17 @@ void addTicked(const QAbstractItemModel& model, const QModelIndex& parent, std::
     }
 }
 
+int nodesBelow(const QAbstractItemModel& model, const QModelIndex& parent) {
+    int nodes = model.rowCount(parent);
+    for (int row = model.rowCount(parent); row-- > 0;)
+        nodes += nodesBelow(model, model.index(row, 0, parent));
+    return nodes;
+}
+
 std::string shownBy(const QTreeView& view, const Tree& tree) {
-    std::string shown = fmt::format("{} nodes", view.model()->rowCount());
+    std::string shown = fmt::format("{} nodes", nodesBelow(*view.model(), {}));
     if (view.currentIndex().isValid()) shown += ", at " + quoted(view.currentIndex().data().toString());
+    shown += scrolled(view);
     std::string marked;
     for (const auto& node : view.selectionModel()->selectedIndexes()) marked += utf8(node.data().toString());
     if (!marked.empty()) shown += fmt::format(" marks \"{}\"", marked);
@@ -226,6 +251,14 @@ std::string focusIn(const QWidget& window) {
     return utf8(focus->objectName());
 }
 
+/// What is looked for, and whether the line lies over what it has found.
+std::string finding(const QWidget& bar) {
+    const auto& view = dynamic_cast<const QAbstractItemView&>(*bar.parentWidget());
+    const QRect found = view.visualRect(view.currentIndex()).translated(view.viewport()->pos());
+    return quoted(bar.findChild<QLineEdit*>()->text()) + " " + utf8(bar.findChild<QLabel*>()->text()) +
+           (bar.geometry().intersects(found) ? " OVER IT" : "");
+}
+
 /// What has opened for a moment over the window: a list, a calendar, a menu.
 std::string popup() {
     QWidget* open = QApplication::activePopupWidget();
@@ -255,10 +288,12 @@ Portrait seenBy(const Person& person, Screen& screen) {
         add(control->name(), shownBy(*control, *widget) + placeOf(person, *control, *widget) +
                                  (widget->isEnabled() ? "" : " disabled"));
     }
-    if (const auto* bar = person.window().findChild<QWidget*>("qt_findbar");
-        bar != nullptr && bar->isVisible())
-        add("finding",
-            quoted(bar->findChild<QLineEdit*>()->text()) + " " + utf8(bar->findChild<QLabel*>()->text()));
+    for (const auto* bar : person.window().findChildren<QWidget*>("qt_findbar"))
+        if (bar->isVisible()) add("finding", finding(*bar));
+    for (const auto* hint : person.window().findChildren<QLabel*>("qt_hint"))
+        if (hint->isVisible()) add("hint", quoted(hint->text()));
+    for (const auto* count : person.window().findChildren<QLabel*>(QRegularExpression("数目$")))
+        add("count", utf8(count->text()));
     add("tip", QToolTip::isVisible() ? quoted(QToolTip::text()) : "");
     add("opened", popup());
     const QString copied = QApplication::clipboard()->text();
