@@ -17,14 +17,6 @@ class ServedOffice : public testing::Test {
     ServedOffice() { server.createDatabase("office"); }
     ~ServedOffice() override { std::filesystem::remove_all(folder); }
 
-    void behave(const std::function<void(Behaviour&)>& change) {
-        Behaviour behaviour;
-        change(behaviour);
-        server.behave(behaviour);
-    }
-    /// The last batch that has come, as UTF-8.
-    std::string lastBatch() const { return fromUtf16Bytes(server.batches().back()); }
-
     static std::string newFolder() {
         auto pattern = (std::filesystem::temp_directory_path() / "wire-XXXXXX").string();
         if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");

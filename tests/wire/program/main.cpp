@@ -11,7 +11,7 @@
 int main(int argc, char** argv) {
     try {
         const std::string folder = argc > 1 ? argv[1] : "";
-        desk::wire::Server server(folder, {.encryption = desk::wire::Encryption::on});
+        desk::wire::Server server(folder, {.encrypts = true});
         for (int i = 2; i < argc; ++i) server.createEmpty(argv[i]);
         if (!folder.empty()) std::ofstream(folder + "/certificate.pem") << server.certificate().pem();
         std::printf("%s\n", server.dataSource().c_str());

@@ -9,10 +9,10 @@
 
 namespace desk::wire {
 
-/// What a client sent cannot be read.
-class Malformed : public std::runtime_error {
+/// The line has gone, or the client has sent what cannot be read: it is no longer served.
+class LineGone : public std::runtime_error {
   public:
-    using std::runtime_error::runtime_error;
+    LineGone() : std::runtime_error("the line has gone") {}
 };
 
 inline std::string utf16Bytes(std::string_view text) {
@@ -46,13 +46,13 @@ class ByteWriter {
     }
 };
 
-/// Takes what came over the wire apart. Fails with Malformed where it ends too early.
+/// Takes what came over the wire apart. Fails with LineGone where it ends too early.
 class ByteReader {
   public:
     explicit ByteReader(std::string_view bytes) : rest_(bytes) {}
 
     std::string_view take(std::size_t count) {
-        if (count > rest_.size()) throw Malformed("a message ends too early");
+        if (count > rest_.size()) throw LineGone();
         const auto taken = rest_.substr(0, count);
         rest_.remove_prefix(count);
         return taken;
@@ -63,12 +63,7 @@ class ByteReader {
         for (int i = width; i-- > 0;) value = value << 8 | static_cast<unsigned char>(taken[std::size_t(i)]);
         return value;
     }
-    std::uint64_t bigEndian(int width) {
-        std::uint64_t value = 0;
-        for (const char c : take(static_cast<std::size_t>(width)))
-            value = value << 8 | static_cast<unsigned char>(c);
-        return value;
-    }
+
     std::string_view rest() const { return rest_; }
 
   private:

@@ -3,9 +3,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
+#include "base/failure.h"
 #include "db/recordset.h"
+#include "db/transaction.h"
 #include "db/tsql/front.h"
 #include "db/tsql/token_stream.h"
 #include "schema/definition.h"
@@ -34,42 +37,31 @@ const schema::Table* definedBy(std::string_view text) {
     return nullptr;
 }
 
-bool contains(std::string_view text, std::string_view part) {
-    return text.find(part) != std::string_view::npos;
+/// A failure of the embedded engine, as a server would tell it.
+Failure serverFailure(const RuntimeFailure& failure) {
+    static const std::map<long, int> numbers = {{failure::unknownTable, 208},  {failure::wrongStatement, 102},
+                                                {failure::textTooLong, 8152},  {failure::timedOut, 1222},
+                                                {failure::violatedRule, 2601}, {failure::badConversion, 245}};
+    const auto found = numbers.find(failure.number());
+    return {found == numbers.end() ? 50000 : found->second, failure.description()};
+}
+
+void single(const WireColumn& column, const Value& value, Tokens& out) {
+    out.columns({column});
+    out.beginRow();
+    out.value(column, value);
+    out.done(1);
 }
 
 }  // namespace
-
-Failure serverFailure(const RuntimeFailure& failure) {
-    const auto text = failure.description();
-    const auto is = [&](std::string_view part) { return contains(text, part); };
-    switch (failure.number()) {
-        case failure::unknownTable:
-            return {208, text};
-        case failure::wrongStatement:
-            return {is("列名") ? 207 : 102, text, is("语法错误") ? 15 : 16};
-        case failure::textTooLong:
-            return {8152, text};
-        case failure::timedOut:
-            return {1222, text};
-        case failure::violatedRule:
-            return {is("NULL") ? 515 : 2601, text, is("NULL") ? 16 : 14};
-        case failure::badConversion:
-            return {is("日期") ? 241 : 245, text};
-        default:
-            return {50000, text};
-    }
-}
 
 void Dialog::answer(std::string_view batch, Tokens& out) {
     try {
         for (const auto text : statementsOf(batch)) statement(text, out);
     } catch (const RuntimeFailure& failure) {
-        out.failure(serverFailure(failure));
-        out.done(std::nullopt, true, true);
+        out.failed(serverFailure(failure));
     } catch (const Failure& failure) {
-        out.failure(failure);
-        out.done(std::nullopt, true, true);
+        out.failed(failure);
     }
 }
 
@@ -77,48 +69,32 @@ void Dialog::statement(std::string_view text, Tokens& out) {
     if (text.starts_with("CREATE ")) return define(text, out);
     if (ownWords(text, out)) return;
     if (const auto table = tableAskedFor(text)) return describe(*table, out);
-    const auto understood = tsql::understand(text);
-    if (understood.givesRows())
-        query(text, out);
-    else
-        write(text, out);
+    if (tsql::understand(text).givesRows()) return query(text, out);
+    write(text, out);
 }
 
 /// What the embedded engine does by other calls, or not at all.
 bool Dialog::ownWords(std::string_view text, Tokens& out) {
     tsql::TokenStream words(text);
     if (words.takeWord("SET")) {
-        out.done(std::nullopt);
-        return true;
-    }
-    if (words.takeWords({"BEGIN", "TRANSACTION"})) {
+        out.done();
+    } else if (words.takeWords({"BEGIN", "TRANSACTION"})) {
         begin(out);
-        return true;
-    }
-    if (words.takeWords({"IF", "@@TRANCOUNT"})) {
+    } else if (words.takeWords({"IF", "@@TRANCOUNT"})) {
         undo(out);
-        out.done(std::nullopt);
-        return true;
-    }
-    if (words.takeWords({"SELECT", "@@TRANCOUNT"})) {
+        out.done();
+    } else if (words.takeWords({"SELECT", "@@TRANCOUNT"})) {
         single({"", WireType::integer}, Value(inTransaction_ ? 1 : 0), out);
-        return true;
+    } else if (words.takeWord("COMMIT")) {
+        end(true, out);
+    } else if (words.takeWord("ROLLBACK")) {
+        end(false, out);
+    } else if (words.takeWords({"SELECT", "SCOPE_IDENTITY"})) {
+        single({"", WireType::decimal}, lastIdentity_, out);
+    } else {
+        return false;
     }
-    const bool commits = words.takeWord("COMMIT");
-    if (commits || words.takeWord("ROLLBACK")) {
-        end(commits, out);
-        return true;
-    }
-    if (!words.takeWords({"SELECT", "SCOPE_IDENTITY"})) return false;
-    single({"", WireType::decimal}, lastIdentity_, out);
     return true;
-}
-
-void Dialog::single(const WireColumn& column, const Value& value, Tokens& out) {
-    out.columns({column});
-    out.beginRow();
-    out.value(column, value);
-    out.done(1);
 }
 
 void Dialog::define(std::string_view text, Tokens& out) {
@@ -128,16 +104,14 @@ void Dialog::define(std::string_view text, Tokens& out) {
     } else {
         const auto all = schema::definition(schema::Dialect::sqlServer);
         if (std::find(all.begin(), all.end(), text) == all.end())
-            throw Failure{102, "'CREATE' 附近有语法错误。", 15};
+            throw Failure{102, "'CREATE' 附近有语法错误。"};
     }
-    out.done(std::nullopt);
+    out.done();
 }
 
 void Dialog::describe(const std::string& table, Tokens& out) {
-    const std::vector<WireColumn> shape = {
-        {"name", WireType::text}, {"type", WireType::text}, {"bytes", WireType::integer},
-        {"", WireType::integer},  {"", WireType::integer},  {"", WireType::integer},
-        {"", WireType::integer},  {"", WireType::integer},  {"default", WireType::integer}};
+    std::vector<WireColumn> shape(9, {"", WireType::integer});
+    shape[0].type = shape[1].type = WireType::text;
     std::vector<DescribedColumn> columns;
     if (const auto* known = schema::table(table)) columns = describedColumns(*known);
     describing_(table, columns);
@@ -156,19 +130,19 @@ void Dialog::begin(Tokens& out) {
     inTransaction_ = true;
     if (made_) madeBefore_ = *made_;
     out.transactionBegun();
-    out.done(std::nullopt);
+    out.done();
 }
 
 void Dialog::end(bool committed, Tokens& out) {
     if (!inTransaction_) throw Failure{committed ? 3902 : 3903, "该请求没有对应的 BEGIN TRANSACTION。"};
-    if (committed) {
-        database_.commit();
-        inTransaction_ = false;
-        out.transactionEnded(true);
-    } else {
+    if (!committed) {
         undo(out);
+        return out.done();
     }
-    out.done(std::nullopt);
+    database_.commit();
+    inTransaction_ = false;
+    out.transactionEnded(true);
+    out.done();
 }
 
 void Dialog::undo(Tokens& out) {
@@ -210,22 +184,21 @@ void Dialog::write(std::string_view text, Tokens& out) {
         },
         understood.statement);
     requireMade(target);
-    const auto* identity = schema::table(target)->identity();
-    const bool inserts = std::holds_alternative<tsql::Insert>(understood.statement);
-    if (!inserts || identity == nullptr) return out.done(database_.execute(text));
-    // Nobody else may add a row before this one's number has been read.
-    const bool own = !inTransaction_;
-    if (own) database_.begin();
-    try {
-        const long count = database_.execute(text);
-        const auto newest = fmt::format("Select Max({}) From {}", identity->name, target);
-        lastIdentity_ = Recordset(database_, newest)[0].value();
-        if (own) database_.commit();
-        out.done(count);
-    } catch (...) {
-        if (own) database_.rollback();
-        throw;
-    }
+    const auto& table = *schema::table(target);
+    const bool numbers =
+        std::holds_alternative<tsql::Insert>(understood.statement) && table.identity() != nullptr;
+    out.done(numbers ? insert(text, table) : database_.execute(text));
+}
+
+/// Nobody else may add a row before this one's number has been read.
+long Dialog::insert(std::string_view text, const schema::Table& target) {
+    std::optional<Transaction> own;
+    if (!inTransaction_) own.emplace(database_);
+    const long count = database_.execute(text);
+    const auto newest = fmt::format("Select Max({}) From {}", target.identity()->name, target.name);
+    lastIdentity_ = Recordset(database_, newest)[0].value();
+    if (own) own->commit();
+    return count;
 }
 
 }  // namespace desk::wire

@@ -6,7 +6,6 @@
 #include <string>
 #include <string_view>
 
-#include "base/failure.h"
 #include "db/connection.h"
 #include "wire/server/table_columns.h"
 #include "wire/server/tokens.h"
@@ -38,9 +37,9 @@ class Dialog {
     void describe(const std::string& table, Tokens& out);
     void begin(Tokens& out);
     void end(bool committed, Tokens& out);
-    void single(const WireColumn& column, const Value& value, Tokens& out);
     void query(std::string_view text, Tokens& out);
     void write(std::string_view text, Tokens& out);
+    long insert(std::string_view text, const schema::Table& target);
     void requireMade(std::string_view table) const;
 
     Connection database_;
@@ -50,8 +49,5 @@ class Dialog {
     bool inTransaction_ = false;
     Value lastIdentity_;
 };
-
-/// A failure of the embedded engine, as a server would tell it.
-Failure serverFailure(const RuntimeFailure& failure);
 
 }  // namespace desk::wire

@@ -6,7 +6,6 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
@@ -17,9 +16,6 @@
 namespace desk::wire {
 
 namespace {
-
-constexpr std::uint32_t version72 = 0x72090002;
-constexpr std::chrono::seconds patience{5};
 
 int listeningSocket(const std::string& at) {
     const int socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
@@ -40,10 +36,10 @@ int portOf(int socket) {
 }
 
 /// The text of a batch behind what a client says of its transaction first.
-std::string_view withoutHeaders(std::string_view payload) {
-    const auto length = ByteReader(payload).number(4);
-    if (length > payload.size()) throw Malformed("headers longer than the batch");
-    return payload.substr(length);
+std::string textOf(std::string_view batch) {
+    ByteReader rest(batch);
+    rest.take(ByteReader(batch).number(4));
+    return fromUtf16Bytes(rest.rest());
 }
 
 }  // namespace
@@ -51,7 +47,6 @@ std::string_view withoutHeaders(std::string_view payload) {
 struct Server::Seat {
     explicit Seat(int socket) : channel(socket) {}
     Channel channel;
-    std::string database{};
     std::thread thread{};
 };
 
@@ -84,14 +79,18 @@ void Server::listen() {
         const int yes = 1;
         ::setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
         const std::lock_guard lock(mutex_);
-        seats_.push_back(std::make_unique<Seat>(socket));
-        if (ending_) seats_.back()->channel.hangUp();
-        seats_.back()->thread = std::thread([this, seat = seats_.back().get()] { serve(*seat); });
+        auto& seat = *seats_.emplace_back(std::make_unique<Seat>(socket));
+        if (ending_) seat.channel.hangUp();
+        seat.thread = std::thread([this, &seat] { serve(seat.channel); });
     }
 }
 
+std::string Server::pathOf(const std::string& database) const {
+    return database == embedded::inMemory ? database : folder_ + "/" + database;
+}
+
 void Server::createDatabase(const std::string& name) {
-    embedded::createDatabase(folder_ + "/" + name);
+    embedded::createDatabase(pathOf(name));
 }
 
 void Server::createEmpty(const std::string& name) {
@@ -108,7 +107,7 @@ Behaviour Server::behaviour() const {
     const std::lock_guard lock(mutex_);
     return behaviour_;
 }
-std::vector<std::string> Server::batches() const {
+std::vector<Batch> Server::batches() const {
     const std::lock_guard lock(mutex_);
     return batches_;
 }
@@ -116,55 +115,45 @@ std::vector<Login> Server::logins() const {
     const std::lock_guard lock(mutex_);
     return logins_;
 }
-int Server::encryptedBatches() const {
-    const std::lock_guard lock(mutex_);
-    return encryptedBatches_;
-}
-int Server::calledOff() const {
-    const std::lock_guard lock(mutex_);
-    return calledOff_;
-}
 
-Connection Server::databaseNamed(const std::string& name) const {
-    const auto path = name == embedded::inMemory ? name : folder_ + "/" + name;
-    Connection connection;
-    connection.open("Data Source=(embedded);Initial Catalog='" + path + "'", patience);
-    return connection;
-}
-
-void Server::serve(Seat& seat) {
+void Server::serve(Channel& channel) {
     try {
-        if (!greet(seat)) return;
+        const auto name = greet(channel);
+        if (!name) return;
         std::shared_ptr<MadeTables> made;
         {
             const std::lock_guard lock(mutex_);
-            if (const auto found = empty_.find(seat.database); found != empty_.end()) made = found->second;
+            if (const auto found = empty_.find(*name); found != empty_.end()) made = found->second;
         }
-        Dialog dialog(databaseNamed(seat.database), made, behaviour().describing);
-        converse(seat, dialog);
+        Connection database;
+        database.open("Data Source=(embedded);Initial Catalog='" + pathOf(*name) + "'",
+                      std::chrono::seconds(5));
+        Dialog dialog(std::move(database), made, behaviour().describing);
+        converse(channel, dialog);
     } catch (const std::runtime_error&) {
         // The client is told nothing, and sees that the line has gone.
     }
-    seat.channel.hangUp();
+    channel.hangUp();
 }
 
-/// Everything up to the answer to the login; whether it was accepted.
-bool Server::greet(Seat& seat) {
-    auto& channel = seat.channel;
+std::optional<Failure> Server::refusalOf(const Login& login) const {
+    const auto mine = behaviour();
+    if (login.user != mine.user || login.password != mine.password)
+        return Failure{18456, "用户 '" + login.user + "' 登录失败。"};
+    const bool there = login.database == embedded::inMemory ||
+                       (!login.database.empty() && std::filesystem::exists(pathOf(login.database)));
+    if (!there) return Failure{4060, "无法打开登录所请求的数据库 \"" + login.database + "\"。登录失败。"};
+    return {};
+}
+
+std::optional<std::string> Server::greet(Channel& channel) {
     const auto mine = behaviour();
     if (mine.cutAfter) channel.cutAfter(*mine.cutAfter);
     auto message = channel.receive();
-    if (mine.neverGreets) {
-        while (true) channel.receive();
-    }
-    auto agreed = Encryption::notSupported;
+    while (mine.neverGreets) channel.receive();
     if (message.type == Packet::prelogin) {
-        const auto wanted = readPrelogin(message.payload);
-        agreed = mine.encryption == Encryption::notSupported ? mine.encryption
-                 : wanted == Encryption::on                  ? Encryption::on
-                                                             : mine.encryption;
-        channel.send(Packet::reply, preloginAnswer(agreed));
-        if (agreed != Encryption::notSupported) channel.encrypt(certificate_);
+        channel.send(preloginAnswer(mine.encrypts));
+        if (mine.encrypts) channel.encrypt(certificate_);
         message = channel.receive();
     }
     const auto login = readLogin(message.payload);
@@ -172,58 +161,41 @@ bool Server::greet(Seat& seat) {
         const std::lock_guard lock(mutex_);
         logins_.push_back(login);
     }
-    if (agreed == Encryption::forLogin) channel.endEncryption();
     Tokens out;
-    const bool known = login.user == mine.user && login.password == mine.password;
-    const bool there = login.database == embedded::inMemory ||
-                       (!login.database.empty() && std::filesystem::exists(folder_ + "/" + login.database));
-    std::optional<Failure> refusal = mine.refusesLogin;
-    if (!refusal && !known) refusal = Failure{18456, "用户 '" + login.user + "' 登录失败。", 14};
-    if (!refusal && !there)
-        refusal = Failure{4060, "无法打开登录所请求的数据库 \"" + login.database + "\"。登录失败。", 11};
+    const auto refusal = refusalOf(login);
     if (refusal) {
-        out.failure(*refusal);
-        out.done(std::nullopt, false, true);
+        out.failed(*refusal);
     } else {
         out.changed(1, login.database, "master");
         out.note(5701, "已将数据库上下文更改为 '" + login.database + "'。");
         out.changedCollation();
-        out.loginAccepted(std::min(mine.version, std::max(login.version, version72)));
+        out.loginAccepted();
         out.changed(4, std::to_string(Channel::packetSize), "4096");
-        out.done(std::nullopt);
+        out.done();
     }
-    channel.send(Packet::reply, out.finished());
-    seat.database = login.database;
-    return !refusal;
+    channel.send(out.finished());
+    return refusal ? std::nullopt : std::optional(login.database);
 }
 
-void Server::converse(Seat& seat, Dialog& dialog) {
-    auto& channel = seat.channel;
+void Server::converse(Channel& channel, Dialog& dialog) {
     while (true) {
         const auto message = channel.receive();
         if (message.type == Packet::attention) {
-            {
-                const std::lock_guard lock(mutex_);
-                ++calledOff_;
-            }
             Tokens out;
             out.attended();
-            channel.send(Packet::reply, out.finished());
-        } else if (message.type == Packet::batch) {
-            const auto text = withoutHeaders(message.payload);
-            {
-                const std::lock_guard lock(mutex_);
-                batches_.emplace_back(text);
-                encryptedBatches_ += channel.isEncrypted() ? 1 : 0;
-            }
-            reply(channel, fromUtf16Bytes(text), dialog);
-        } else {
-            throw Malformed("a message that is no batch");
+            channel.send(out.finished());
+            continue;
         }
+        const auto batch = textOf(message.payload);
+        {
+            const std::lock_guard lock(mutex_);
+            batches_.push_back({batch, channel.isEncrypted()});
+        }
+        reply(channel, batch, dialog);
     }
 }
 
-void Server::reply(Channel& channel, std::string_view batch, Dialog& dialog) {
+void Server::reply(Channel& channel, const std::string& batch, Dialog& dialog) {
     const auto mine = behaviour();
     const auto fate = mine.fate(batch);
     if (fate == Fate::waitsUntilCalled) return;
@@ -231,16 +203,15 @@ void Server::reply(Channel& channel, std::string_view batch, Dialog& dialog) {
     while (fate == Fate::unanswered) channel.receive();
     Tokens out;
     if (const auto failure = mine.failure(batch)) {
-        out.failure(*failure);
         if (failure->number == Failure::lostToAnother) dialog.undo(out);
-        out.done(std::nullopt, false, true);
+        out.failed(*failure);
     } else {
         dialog.answer(batch, out);
     }
     if (fate == Fate::lostAfter) throw LineGone();
     const auto answer = out.finished();
     if (fate == Fate::lostWithin) channel.cutAfter(answer.size() / 2 + 1);
-    channel.send(Packet::reply, answer);
+    channel.send(answer);
 }
 
 }  // namespace desk::wire

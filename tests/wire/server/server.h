@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -10,9 +9,9 @@
 #include <thread>
 #include <vector>
 
+#include "wire/server/certificate.h"
 #include "wire/server/dialog.h"
 #include "wire/server/login.h"
-#include "wire/server/secure_layer.h"
 
 namespace desk::wire {
 
@@ -33,10 +32,8 @@ enum class Fate {
 struct Behaviour {
     std::string user = "sa";
     std::string password = "Secret";
-    Encryption encryption = Encryption::notSupported;
-    std::uint32_t version = 0x730B0003;     ///< of the protocol, if the client speaks no older one
+    bool encrypts = false;
     bool neverGreets = false;               ///< takes the line, and says nothing
-    std::optional<Failure> refusesLogin{};  ///< with that failure
     std::optional<std::size_t> cutAfter{};  ///< so many bytes sent on a line
     std::function<Fate(std::string_view)> fate = [](std::string_view) { return Fate::answered; };
     Describing describing = [](std::string_view, std::vector<DescribedColumn>&) {};
@@ -44,6 +41,12 @@ struct Behaviour {
     std::function<std::optional<Failure>(std::string_view)> failure = [](std::string_view) {
         return std::nullopt;
     };
+};
+
+/// A batch that has come.
+struct Batch {
+    std::string text;
+    bool encrypted;
 };
 
 /// A database server on this machine, for tests: it speaks the protocol of the office's server and answers
@@ -70,24 +73,22 @@ class Server {
 
     /// For clients that come, and for batches that come from now on.
     void behave(Behaviour behaviour);
-    /// All batches that have come so far, in UTF-16 as they came.
-    std::vector<std::string> batches() const;
+    /// All batches that have come so far.
+    std::vector<Batch> batches() const;
     /// What the clients told about themselves.
     std::vector<Login> logins() const;
-    /// How many of the batches came encrypted.
-    int encryptedBatches() const;
-    /// How many statements were called off.
-    int calledOff() const;
 
   private:
     struct Seat;
 
     void listen();
-    void serve(Seat& seat);
-    bool greet(Seat& seat);
-    Connection databaseNamed(const std::string& name) const;
-    void converse(Seat& seat, Dialog& dialog);
-    void reply(Channel& channel, std::string_view batch, Dialog& dialog);
+    void serve(Channel& channel);
+    /// Everything up to the answer to the login; the database, if it was accepted.
+    std::optional<std::string> greet(Channel& channel);
+    std::optional<Failure> refusalOf(const Login& login) const;
+    std::string pathOf(const std::string& database) const;
+    void converse(Channel& channel, Dialog& dialog);
+    void reply(Channel& channel, const std::string& batch, Dialog& dialog);
     Behaviour behaviour() const;
 
     std::string folder_;
@@ -99,10 +100,8 @@ class Server {
     mutable std::mutex mutex_;
     Behaviour behaviour_;
     std::map<std::string, std::shared_ptr<MadeTables>, std::less<>> empty_;
-    std::vector<std::string> batches_;
+    std::vector<Batch> batches_;
     std::vector<Login> logins_;
-    int encryptedBatches_ = 0;
-    int calledOff_ = 0;
     bool ending_ = false;
     std::vector<std::unique_ptr<Seat>> seats_;
     std::thread listening_;

@@ -1,22 +1,15 @@
-#include "wire/server/secure_layer.h"
+#include "wire/server/certificate.h"
 
-#include <openssl/bio.h>
 #include <openssl/evp.h>
 #include <openssl/pem.h>
 #include <openssl/ssl.h>
 #include <openssl/x509v3.h>
 
-#include "wire/server/channel.h"
+#include <utility>
 
 namespace desk::wire {
 
 namespace {
-
-std::string contentOf(BIO* bio) {
-    std::string bytes(BIO_ctrl_pending(bio), '\0');
-    if (!bytes.empty()) BIO_read(bio, bytes.data(), static_cast<int>(bytes.size()));
-    return bytes;
-}
 
 void addName(X509* certificate, const std::string& address) {
     X509_NAME* subject = X509_get_subject_name(certificate);
@@ -46,9 +39,11 @@ X509* signedBy(EVP_PKEY* key, const std::string& address) {
 std::string pemOf(X509* certificate) {
     BIO* bio = BIO_new(BIO_s_mem());
     PEM_write_bio_X509(bio, certificate);
-    auto text = contentOf(bio);
+    char* text = nullptr;
+    const auto size = BIO_get_mem_data(bio, &text);
+    std::string pem(text, static_cast<std::size_t>(size));
     BIO_free(bio);
-    return text;
+    return pem;
 }
 
 }  // namespace
@@ -67,41 +62,6 @@ Certificate::Certificate(const std::string& address) : context_(SSL_CTX_new(TLS_
 
 Certificate::~Certificate() {
     SSL_CTX_free(context_);
-}
-
-SecureLayer::SecureLayer(const Certificate& certificate) : ssl_(SSL_new(certificate.context())) {
-    SSL_set_bio(ssl_, BIO_new(BIO_s_mem()), BIO_new(BIO_s_mem()));
-    SSL_set_accept_state(ssl_);
-}
-
-SecureLayer::~SecureLayer() {
-    SSL_free(ssl_);
-}
-
-bool SecureLayer::shakeHands(std::string_view received) {
-    BIO_write(SSL_get_rbio(ssl_), received.data(), static_cast<int>(received.size()));
-    const int result = SSL_do_handshake(ssl_);
-    if (result != 1 && SSL_get_error(ssl_, result) != SSL_ERROR_WANT_READ) throw LineGone();
-    return result == 1;
-}
-
-std::string SecureLayer::takeHandshake() {
-    return contentOf(SSL_get_wbio(ssl_));
-}
-
-std::string SecureLayer::opened(std::string_view received) {
-    BIO_write(SSL_get_rbio(ssl_), received.data(), static_cast<int>(received.size()));
-    std::string bytes;
-    char buffer[4096];
-    for (int count = 0; (count = SSL_read(ssl_, buffer, sizeof buffer)) > 0;)
-        bytes.append(buffer, static_cast<std::size_t>(count));
-    if ((SSL_get_shutdown(ssl_) & SSL_RECEIVED_SHUTDOWN) != 0 && bytes.empty()) throw LineGone();
-    return bytes;
-}
-
-std::string SecureLayer::sealed(std::string_view bytes) {
-    SSL_write(ssl_, bytes.data(), static_cast<int>(bytes.size()));
-    return contentOf(SSL_get_wbio(ssl_));
 }
 
 }  // namespace desk::wire
