@@ -19,14 +19,13 @@ class VirtualDisplay {
     VirtualDisplay& operator=(const VirtualDisplay&) = delete;
 
     /// False when Xvfb is not installed or does not come up.
-    bool isUp() const { return !name_.empty(); }
+    bool isUp() const { return up_; }
 
   private:
     void startManager();
-    pid_t run(const std::vector<std::string>& command);
+    void run(const std::string& command);
 
-    std::string name_;
-    std::string former_;
+    bool up_ = false;
     std::vector<pid_t> running_;
 };
 
