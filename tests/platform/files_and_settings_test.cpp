@@ -6,11 +6,11 @@
 #include <fstream>
 #include <sstream>
 
-#include "platform/cases.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/replaced_file.h"
 #include "platform/settings.h"
+#include "support/cases.h"
 #include "support/failures.h"
 
 namespace desk {

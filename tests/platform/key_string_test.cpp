@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
-#include "platform/cases.h"
+#include "support/cases.h"
 #include "support/failures.h"
 
 namespace desk {

@@ -1,182 +1,150 @@
-#include <QDate>
-#include <QInputDialog>
+#include <gtest/gtest.h>
 
-#include "tax_program/at_the_device.h"
+#include <QApplication>
+#include <QDate>
+#include <QFile>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "support/cases.h"
+#include "tax-program/program.h"
 
 namespace desk::tax {
 namespace {
 
-TEST_F(AtTheDevice, WritesOneLineAFieldInItsJournal) {
-    logIn();
-    begin("盛远国际+(上海){有限}公司");
-    fillLine("0101", "50000", "1", "50000.00");
-    fillLine("", "", "", "");
-    fillLine("0102", "6.5", "12", "");
-    type("一季度");
-    EXPECT_EQ(form().figures.text(), "50078.00");
-    EXPECT_EQ(form().words.text(), "伍万零柒拾捌元整");
-    press(Qt::Key_F9);
-    EXPECT_EQ(journal(),
-              (QStringList{"发票号码：30843100", "开票日期：" + QDate::currentDate().toString("yyyy-MM-dd"),
-                           "付款单位：盛远国际+(上海){有限}公司", "经营项目：0101 租金", "单价：50000",
-                           "数量：1", "金额：50000.00", "经营项目：0102 物业管理费", "单价：6.5", "数量：12",
-                           "金额：78.00", "合计金额：50078.00", "大写金额：伍万零柒拾捌元整", "备注：一季度",
-                           "开票人：01", "", ""}));
-    EXPECT_EQ(news(), "发票 30843100 已打印\n\n盛远国际+(上海){有限}公司\n合计 50078.00 元");
-    press(Qt::Key_F9);
-    EXPECT_EQ(journal().size(), 17) << "there is nothing to print";
+/// Somebody who works at the device with the keyboard, as the scripts of this folder tell:
+///
+///     press → F2 Tab        keys
+///     type → 盛远           into the field that has the keyboard
+///     line → 0101 1 2 -     a line of the invoice: code, price, quantity and amount, "-" as proposed
+///     put → 单价3 元        a text right into a field
+///     click → 4             a row of the list of items
+///     restart → at once
+///     合计 → 0.29           what a field or a label shows
+///     focus, selected, box, printed, asked
+///                           which field has the keyboard, what is selected in it, which box is up and closed
+///                           by Enter, what the journal has got since, what is asked and answered
+class AtTheDevice : public testing::TestWithParam<std::string> {
+  protected:
+    AtTheDevice() { options.folder = folder.path(), options.journal = folder.path() + "/journal.txt"; }
+    ~AtTheDevice() override {
+        if (QWidget* box = QApplication::activeModalWidget()) box->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 
-    begin("启明");
-    fillLine("0201", "1", "1", "1");
-    press(Qt::Key_F9);
-    EXPECT_EQ(journal().mid(16, 1), QStringList("发票号码：30843101"));
-    EXPECT_TRUE(journal().contains("备注："));
+    void logIn() {
+        program = std::make_unique<Program>(options);
+        program->start();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return program->login->isVisible(); }));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(program->login.get()));
+        type("01");
+        press("Tab");
+        type("123456");
+        press("Return");
+        ASSERT_TRUE(program->main);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(program->main.get()));
+    }
+    static void press(const QString& keys) {
+        for (const QString& key : keys.split(' ')) {
+            QWidget* at = QApplication::focusWidget();
+            const auto pressed = QKeySequence(key)[0];
+            QTest::keyClick(at != nullptr ? at : QApplication::activeWindow(), pressed.key(),
+                            pressed.keyboardModifiers());
+        }
+    }
+    static void type(const QString& text) {
+        // The test's own keys know Latin letters only.
+        if (auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget())) field->insert(text);
+    }
+    static void fillLine(const QString& words) {
+        const QStringList texts = words.split(' ');
+        const QStringList keys{"Return", "Tab", "Tab", "F6"};
+        for (qsizetype i = 0; i < keys.size(); ++i) {
+            if (texts[i] != "-") type(texts[i]);
+            press(keys[i]);
+        }
+    }
+    static QString boxSays() {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (box == nullptr) return "no box";
+        const QString text = box->text();
+        QTest::keyClick(box, Qt::Key_Return);
+        return text;
+    }
+    QString printed() {
+        QFile file(options.journal);
+        const QString all = file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+        QString since = all.mid(std::exchange(read_, all.size()));
+        since.replace(QDate::currentDate().toString("yyyy-MM-dd"), "今天").replace('\n', '|');
+        return since.isEmpty() ? "nothing" : since;
+    }
+    QWidget& named(const QString& name) const { return *program->main->findChild<QWidget*>(name); }
+
+    void act(const QString& verb, const QString& what) {
+        if (verb == "press") return press(what);
+        if (verb == "type") return type(what);
+        if (verb == "line") return fillLine(what);
+        if (verb == "restart") return program.reset(), logIn();
+        if (verb == "put") {
+            const auto at = what.indexOf(' ');
+            named(what.left(at)).setProperty("text", what.mid(at + 1));
+            return;
+        }
+        if (verb == "click") {
+            constexpr int height = 24;
+            auto* list = program->main->invoice.itemList.viewport();
+            return QTest::mouseClick(list, Qt::LeftButton, {},
+                                     QPoint(20, height * what.toInt() - height / 2));
+        }
+        const auto shown = [&]() -> QString {
+            if (verb == "box") return boxSays();
+            if (verb == "printed") return printed();
+            QWidget* focused = QApplication::focusWidget();
+            if (verb == "focus") return focused == nullptr ? QString() : focused->objectName();
+            if (verb == "selected") return focused->property("selectedText").toString();
+            return named(verb).property("text").toString();
+        };
+        EXPECT_EQ(shown().toStdString(), what.toStdString());
+    }
+    static void answer(const QString& proposed, const QString& text) {
+        auto* question = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(question, nullptr);
+        EXPECT_EQ(question->textValue().toStdString(), proposed.toStdString());
+        question->setTextValue(text == "nothing" ? QString() : text);
+        question->accept();
+    }
+
+    QTemporaryDir folder;
+    Options options;
+    std::unique_ptr<Program> program;
+
+  private:
+    qsizetype read_ = 0;
+};
+
+TEST_P(AtTheDevice, FindsWhatTheScriptTells) {
+    logIn();
+    for (const auto& [where, fields] : casesIn("scripts/" + GetParam() + ".txt")) {
+        SCOPED_TRACE(where);
+        const auto text = [&](std::size_t i) { return QString::fromStdString(fields.at(i)); };
+        if (fields.at(0) == "asked")
+            answer(text(1), text(2));
+        else
+            act(text(0), text(1));
+    }
 }
 
-TEST_F(AtTheDevice, TakesItemsByCodeAndByPosition) {
-    logIn();
-    begin("盛远");
-    type("0999");
-    press(Qt::Key_Return);
-    EXPECT_EQ(form().lines[0].item.text(), "无此项目");
-    EXPECT_EQ(form().lines[0].code.selectedText(), "0999");
-    type("0103");
-    press(Qt::Key_Return);
-    EXPECT_EQ(form().lines[0].item.text(), "水电押金");
-    EXPECT_EQ(focused(), "单价1");
-    press(Qt::Key_F6);
-    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_Return})
-        press(key);
-    EXPECT_EQ(form().lines[1].code.text(), "0102");
-    EXPECT_EQ(focused(), "单价2");
-    press(Qt::Key_F6);
-    // The fourth row, counted in the height of a row as scripts do.
-    auto& list = form().itemList;
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, QPoint(20, 24 / 2 + 24 * (4 - 1)));
-    EXPECT_EQ(form().lines[2].item.text(), "钥匙押金");
-    EXPECT_EQ(focused(), "单价3");
-    press(Qt::Key_F6);
-    press(Qt::Key_F6);
-    EXPECT_EQ(form().lines[0].code.selectedText(), "0103") << "what is typed now replaces it";
-    press(Qt::Key_F2);
-    press(Qt::Key_F6);
-    press(Qt::Key_Return);
-    EXPECT_EQ(focused(), "备注") << "an empty code ends the lines";
-}
+INSTANTIATE_TEST_SUITE_P(Scripts, AtTheDevice,
+                         testing::Values("printing", "items", "amounts", "incomplete", "taking_back", "roll"),
+                         [](const auto& named) { return named.param; });
 
-TEST_F(AtTheDevice, ProposesAnAmountThatMayBeTypedOver) {
-    logIn();
-    begin("盛远");
-    type("0101");
-    press(Qt::Key_Return);
-    type("0.1");
-    press(Qt::Key_Tab);
-    type("3");
-    press(Qt::Key_Tab);
-    EXPECT_EQ(form().lines[0].amount.selectedText(), "0.30");
-    type("0.29");
-    EXPECT_EQ(form().figures.text(), "0.29");
-    EXPECT_EQ(form().words.text(), "贰角玖分");
-    press(Qt::Key_Backtab, Qt::ShiftModifier);
-    type("4");
-    press(Qt::Key_Tab);
-    EXPECT_EQ(form().lines[0].amount.text(), "0.29") << "what was typed stands";
-}
-
-TEST_F(AtTheDevice, PrintsNothingThatIsIncomplete) {
-    logIn();
-    const auto refusalOf = [&](const char* payer, const char* code, const char* price, const char* quantity,
-                               const char* amount) {
-        begin(payer);
-        fillLine("0101", "1", "1", "1");
-        fillLine("", "", "", "");
-        form().lines[2].code.setText(code);
-        form().lines[2].price.setText(price);
-        form().lines[2].quantity.setText(quantity);
-        form().lines[2].amount.setText(amount);
-        press(Qt::Key_F9);
-        return boxSays();
-    };
-    EXPECT_EQ(refusalOf("", "", "", "", ""), "请输入付款单位");
-    EXPECT_EQ(refusalOf("甲", "", "1", "1", "1"), "第3行未选择经营项目");
-    EXPECT_EQ(refusalOf("甲", "0101", "元", "1", "1"), "第3行的单价不是数字");
-    EXPECT_EQ(refusalOf("甲", "0101", "1", "", "1"), "第3行的数量不是数字");
-    EXPECT_EQ(refusalOf("甲", "0101", "1", "1", "1e13"), "第3行的金额不是数字");
-    begin("甲");
-    press(Qt::Key_F9);
-    EXPECT_EQ(boxSays(), "请输入经营项目");
-    EXPECT_TRUE(journal().isEmpty());
-    EXPECT_EQ(focused(), "编号1") << "one can go on where one was";
-}
-
-TEST_F(AtTheDevice, TakesThePrintedInvoiceBackOnce) {
-    logIn();
-    press(Qt::Key_F5);
-    press(Qt::Key_Return);
-    EXPECT_EQ(boxSays(), "没有可退的发票 ");
-    begin("盛远");
-    fillLine("0101", "1", "1", "1");
-    press(Qt::Key_F9);
-    press(Qt::Key_F5);
-    EXPECT_EQ(focused(), "退票号码");
-    EXPECT_EQ(program->main->takeBack.number.selectedText(), "30843100");
-    press(Qt::Key_Tab);
-    type("打印内容有误");
-    press(Qt::Key_Return);
-    EXPECT_EQ(news(), "发票 30843100 已退票");
-    const QStringList end = journal().mid(journal().size() - 6);
-    EXPECT_EQ(end,
-              (QStringList{"退票号码：30843100", "退票日期：" + QDate::currentDate().toString("yyyy-MM-dd"),
-                           "退票原因：打印内容有误", "操作员：01", "", ""}));
-    press(Qt::Key_F5);
-    press(Qt::Key_Return);
-    EXPECT_EQ(boxSays(), "没有可退的发票 30843100");
-}
-
-TEST_F(AtTheDevice, RemembersWhereItsRollIs) {
-    logIn();
-    begin("盛远");
-    fillLine("0101", "1", "1", "1");
-    press(Qt::Key_F9);
-    program.reset();
-    logIn();
-    press(Qt::Key_F2);
-    EXPECT_EQ(form().number.text(), "30843101");
-    press(Qt::Key_F8);
-    auto* question = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(question, nullptr);
-    EXPECT_EQ(question->textValue(), "30843101");
-    question->setTextValue("");
-    question->accept();
-    press(Qt::Key_F2);
-    EXPECT_EQ(form().number.text(), "30843101");
-    press(Qt::Key_F8);
-    question = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
-    question->setTextValue("00000099");
-    question->accept();
-    EXPECT_EQ(news(), "已装入起始号码为 00000099 的发票卷");
-    begin("盛远");
-    fillLine("0101", "1", "1", "1");
-    press(Qt::Key_F9);
-    press(Qt::Key_F2);
-    EXPECT_EQ(form().number.text(), "00000100");
-}
-
-TEST(AmountsInWords, AreSaidAsOnABanknote) {
-    const std::pair<qint64, const char*> amounts[] = {{0, "零元整"},
-                                                      {1, "壹分"},
-                                                      {10, "壹角整"},
-                                                      {105, "壹元零伍分"},
-                                                      {1234567, "壹万贰仟叁佰肆拾伍元陆角柒分"},
-                                                      {100000, "壹仟元整"},
-                                                      {10050000, "壹拾万零伍佰元整"},
-                                                      {1000800, "壹万零捌元整"},
-                                                      {10000000100, "壹亿零壹元整"},
-                                                      {2'0000'0000'0000'00, "贰万亿元整"},
-                                                      {-250, "负贰元伍角整"}};
-    for (const auto& [hundredths, words] : amounts) EXPECT_EQ(inWords(hundredths), words);
-    EXPECT_EQ(inFigures(-5), "-0.05");
-    EXPECT_EQ(inFigures(1234567), "12345.67");
+TEST(Amounts, AreSaidAsOnABanknote) {
+    for (const auto& [where, fields] : casesIn("amounts.txt")) {
+        EXPECT_EQ(inWords(std::stoll(fields.at(0))).toStdString(), fields.at(1)) << where;
+        EXPECT_EQ(inFigures(std::stoll(fields.at(0))).toStdString(), fields.at(2)) << where;
+    }
 }
 
 }  // namespace

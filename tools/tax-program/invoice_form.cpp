@@ -28,6 +28,7 @@ InvoiceForm::LineFields::LineFields(int number)
       price(QString("单价%1").arg(number)),
       quantity(QString("数量%1").arg(number)),
       amount(QString("金额%1").arg(number)) {
+    item.setObjectName(QString("项目%1").arg(number));
     for (Field* field : {&price, &quantity, &amount}) field->setAlignment(Qt::AlignRight);
 }
 

@@ -31,7 +31,7 @@ inline std::string plain(std::string_view written) {
     return text;
 }
 
-/// The cases in a file of this folder, where each is a line with arrows in it; others are comments.
+/// The cases in a file of the test's folder, where each is a line with arrows in it; others are comments.
 inline std::vector<Case> casesIn(const std::string& name) {
     const std::string arrow = " → ";
     std::ifstream file(TEST_FOLDER "/" + name);
