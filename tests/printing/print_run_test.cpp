@@ -46,21 +46,6 @@ TEST_F(Counter, PrintsWhatIsTypedCharacterByCharacter) {
     EXPECT_EQ(devices().size(), 1U);
 }
 
-TEST_F(Counter, PrintsNothingWhileTheProgramIsNotThereYet) {
-    tell("TAX_PROGRAM_SLOW", "86400000");
-    auto& screen = open();
-    // The keys go to whatever has the keyboard, and that is this screen: what it copies, if anything, is no
-    // number of a ticket.
-    const QStringList said = print(screen, {"确定"});
-    EXPECT_TRUE(said == QStringList(noNumber) || said == QStringList(mismatch))
-        << said.join("|").toStdString();
-    EXPECT_TRUE(screen.出现错误.visible());
-    EXPECT_TRUE(screen.打印发票.enabled());
-    EXPECT_EQ(devices().size(), 1U);
-    EXPECT_TRUE(journal().isEmpty());
-    EXPECT_EQ(handedBack(), "");
-}
-
 TEST_F(Counter, StartsASecondCopyWhereTheTitleIsAnother) {
     tell("TAX_PROGRAM_TITLE", "开票软件 V2");
     EXPECT_EQ(print(open(), {"是"}), QStringList(question));
@@ -70,37 +55,50 @@ TEST_F(Counter, StartsASecondCopyWhereTheTitleIsAnother) {
     EXPECT_EQ(printedNumbers(), (QStringList{"30843100", "30843101"}));
 }
 
-TEST_F(Counter, StopsWhereNoNumberIsShown) {
-    tell("TAX_PROGRAM_NO_NUMBER", "1");
+/// A program that is not as it should be, and what the screen says and offers then.
+struct Trouble {
+    const char* variable;
+    const char* value;
+    QStringList answers;
+    QStringList said;
+    bool again;     ///< 打印发票 can be pressed again
+    bool closable;  ///< the screen can be closed
+};
+
+class InTrouble : public Counter, public testing::WithParamInterface<Trouble> {};
+
+TEST_P(InTrouble, PrintsNothing) {
+    const Trouble& trouble = GetParam();
+    tell(trouble.variable, trouble.value);
     auto& screen = open();
-    EXPECT_EQ(print(screen, {"确定"}), QStringList(noNumber));
-    EXPECT_TRUE(screen.出现错误.visible());
-    EXPECT_TRUE(screen.打印发票.enabled());
-    EXPECT_FALSE(screen.关闭.enabled());
+    EXPECT_EQ(print(screen, trouble.answers), trouble.said);
     EXPECT_TRUE(journal().isEmpty());
-    EXPECT_EQ(print(screen, {"确定"}), QStringList(noNumber)) << "and again";
+    EXPECT_EQ(handedBack(), "");
+    EXPECT_EQ(screen.打印发票.enabled(), trouble.again);
+    EXPECT_EQ(screen.出现错误.visible(), trouble.again);
+    EXPECT_EQ(screen.恢复.面板.visible(), !trouble.again);
+    EXPECT_EQ(screen.关闭.enabled(), trouble.closable);
+    if (!trouble.again) return;
+    EXPECT_EQ(print(screen, trouble.answers), trouble.said);
     EXPECT_EQ(devices().size(), 1U);
 }
 
-TEST_F(Counter, StopsWhereTheNumberIsNotInTheBook) {
-    tell("TAX_PROGRAM_NUMBER", "99999999");
-    auto& screen = open();
-    EXPECT_EQ(print(screen, {"确定"}), QStringList(mismatch));
-    EXPECT_TRUE(screen.出现错误.visible());
-    EXPECT_TRUE(screen.打印发票.enabled());
-    EXPECT_TRUE(screen.关闭.enabled());
-    EXPECT_TRUE(journal().isEmpty());
-}
+INSTANTIATE_TEST_SUITE_P(
+    Where, InTrouble,
+    testing::Values(Trouble{"TAX_PROGRAM_NO_NUMBER", "1", {"确定"}, {noNumber}, true, false},
+                    Trouble{"TAX_PROGRAM_NUMBER", "99999999", {"确定"}, {mismatch}, true, true},
+                    Trouble{"TAX_PROGRAM_REFUSE", "打印机未联机", {"否"}, {question}, false, false}));
 
-TEST_F(Counter, AsksWhatToDoWhereTheDeviceRefuses) {
-    tell("TAX_PROGRAM_REFUSE", "打印机未联机");
+TEST_F(Counter, PrintsNothingWhileTheProgramIsNotThereYet) {
+    tell("TAX_PROGRAM_SLOW", "86400000");
     auto& screen = open();
-    EXPECT_EQ(print(screen, {"否"}), QStringList(question));
+    // The keys go to whatever has the keyboard, and that is this screen: what it copies, if anything, is no
+    // number of a ticket.
+    const QStringList said = print(screen, {"确定"});
+    EXPECT_TRUE(said == QStringList(noNumber) || said == QStringList(mismatch))
+        << said.join("|").toStdString();
+    EXPECT_TRUE(screen.出现错误.visible() && screen.打印发票.enabled());
     EXPECT_TRUE(journal().isEmpty());
-    EXPECT_TRUE(screen.恢复.面板.visible());
-    EXPECT_FALSE(screen.打印发票.enabled());
-    EXPECT_FALSE(screen.关闭.enabled());
-    EXPECT_EQ(handedBack(), "");
 }
 
 TEST_F(Counter, PrintsNothingWhereTheProgramDiesOnTheWay) {

@@ -100,7 +100,7 @@ TEST_F(ServerEngine, TrustsTheServerWhoseCertificateIsNamed) {
     const auto own = folder + "/可信.pem";
     const auto other = folder + "/other.pem";
     std::ofstream(own) << server.certificate().pem();
-    std::ofstream(other) << Certificate("127.0.0.1").pem();
+    std::ofstream(other) << Certificate().pem();
     const auto refusalOf = [&](const std::string& file, const std::string& more = {}) {
         ::setenv("TENANT_DESK_CERTIFICATES", file.c_str(), 1);
         ::setenv("TMPDIR", folder.c_str(), 1);
@@ -163,7 +163,9 @@ TEST_F(ServerEngine, AddressesARowByWhatKeepsItApart) {
     office.execute("Insert Into YZ_组表 (组代号,组名称) Values ('01','甲')");
     office.execute(
         "Insert Into YZ_组对应管理项目设置 (组代号,管理处代号,设置日期) Values "
-        "('01','01','2011-12-31 23:59:59')");
+        "('01','01','2011-12-31 23:59:59'),('01','02','2011-12-30')");
+    EXPECT_EQ(join(rows("Select 设置日期 From YZ_组对应管理项目设置"), ","),
+              "2011-12-31 23:59:59,2011-12-30");
     Recordset team(office, "Select * From YZ_组表", Rows::updatable);
     Recordset offices(office, "Select * From YZ_组对应管理项目设置", Rows::updatable);
     Recordset lead(office, "Select * From YZ_引驻客户跟进记录 Where 1=0", Rows::updatable);

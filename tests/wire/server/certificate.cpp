@@ -5,33 +5,25 @@
 #include <openssl/ssl.h>
 #include <openssl/x509v3.h>
 
-#include <utility>
-
 namespace desk::wire {
 
 namespace {
 
-void addName(X509* certificate, const std::string& address) {
-    X509_NAME* subject = X509_get_subject_name(certificate);
-    X509_NAME_add_entry_by_txt(subject, "CN", MBSTRING_UTF8,
-                               reinterpret_cast<const unsigned char*>(address.c_str()), -1, -1, 0);
-    X509_set_issuer_name(certificate, subject);
-    for (const auto& [kind, value] : {std::pair(NID_subject_alt_name, "IP:" + address),
-                                      std::pair(NID_basic_constraints, std::string("critical,CA:TRUE"))}) {
-        X509_EXTENSION* extension = X509V3_EXT_conf_nid(nullptr, nullptr, kind, value.c_str());
-        X509_add_ext(certificate, extension, -1);
-        X509_EXTENSION_free(extension);
-    }
+void add(X509* certificate, int extension, const char* value) {
+    X509_EXTENSION* added = X509V3_EXT_conf_nid(nullptr, nullptr, extension, value);
+    X509_add_ext(certificate, added, -1);
+    X509_EXTENSION_free(added);
 }
 
-X509* signedBy(EVP_PKEY* key, const std::string& address) {
+X509* signedBy(EVP_PKEY* key) {
     X509* certificate = X509_new();
     X509_set_version(certificate, 2);
     ASN1_INTEGER_set(X509_get_serialNumber(certificate), 1);
     X509_gmtime_adj(X509_getm_notBefore(certificate), -24L * 3600);
     X509_gmtime_adj(X509_getm_notAfter(certificate), 365L * 24 * 3600);
     X509_set_pubkey(certificate, key);
-    addName(certificate, address);
+    add(certificate, NID_subject_alt_name, "IP:127.0.0.1");
+    add(certificate, NID_basic_constraints, "critical,CA:TRUE");
     X509_sign(certificate, key, EVP_sha256());
     return certificate;
 }
@@ -48,11 +40,11 @@ std::string pemOf(X509* certificate) {
 
 }  // namespace
 
-Certificate::Certificate(const std::string& address) : context_(SSL_CTX_new(TLS_server_method())) {
+Certificate::Certificate() : context_(SSL_CTX_new(TLS_server_method())) {
     // Later versions send more after the handshake, which this protocol has no place for.
     SSL_CTX_set_max_proto_version(context_, TLS1_2_VERSION);
     EVP_PKEY* key = EVP_EC_gen("P-256");
-    X509* certificate = signedBy(key, address);
+    X509* certificate = signedBy(key);
     pem_ = pemOf(certificate);
     SSL_CTX_use_certificate(context_, certificate);
     SSL_CTX_use_PrivateKey(context_, key);

@@ -1,6 +1,5 @@
 #include "wire/server/server.h"
 
-#include <arpa/inet.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/socket.h>
@@ -17,11 +16,11 @@ namespace desk::wire {
 
 namespace {
 
-int listeningSocket(const std::string& at) {
+int listeningSocket() {
     const int socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_in address{};
     address.sin_family = AF_INET;
-    address.sin_addr.s_addr = ::inet_addr(at.c_str());
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     if (socket < 0 || ::bind(socket, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 ||
         ::listen(socket, 64) != 0)
         throw std::system_error(errno, std::generic_category(), "the server cannot listen");
@@ -50,10 +49,9 @@ struct Server::Seat {
     std::thread thread{};
 };
 
-Server::Server(std::string folder, Behaviour behaviour, std::string address)
+Server::Server(std::string folder, Behaviour behaviour)
     : folder_(std::move(folder)),
-      address_(std::move(address)),
-      listener_(listeningSocket(address_)),
+      listener_(listeningSocket()),
       port_(portOf(listener_)),
       behaviour_(std::move(behaviour)),
       listening_([this] { listen(); }) {}

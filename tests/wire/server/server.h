@@ -56,15 +56,14 @@ struct Batch {
 /// that is "empty" is without tables until they are made.
 class Server {
   public:
-    /// It listens at an address of this machine.
-    explicit Server(std::string folder, Behaviour behaviour = {}, std::string address = "127.0.0.1");
+    explicit Server(std::string folder, Behaviour behaviour = {});
     ~Server();
     Server(const Server&) = delete;
     Server& operator=(const Server&) = delete;
 
     int port() const { return port_; }
     /// As a connection string names it.
-    std::string dataSource() const { return address_ + "," + std::to_string(port_); }
+    std::string dataSource() const { return "127.0.0.1," + std::to_string(port_); }
     /// The name of the database to connect to, made if there is none.
     void createDatabase(const std::string& name);
     /// Lets clients connect to a database without tables.
@@ -92,8 +91,7 @@ class Server {
     Behaviour behaviour() const;
 
     std::string folder_;
-    std::string address_;
-    Certificate certificate_{address_};
+    Certificate certificate_;
     int listener_;
     int port_ = 0;
 
