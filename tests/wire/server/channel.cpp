@@ -11,6 +11,7 @@ namespace desk::wire {
 
 namespace {
 
+constexpr std::size_t packetSize = 4096;
 constexpr std::size_t headerSize = 8;
 constexpr unsigned char lastOfMessage = 1;
 

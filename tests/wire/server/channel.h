@@ -34,7 +34,6 @@ class Channel {
 
     /// From now on the line is cut as soon as so many bytes have been sent.
     void cutAfter(std::size_t bytes) { left_ = bytes; }
-    static constexpr std::size_t packetSize = 4096;
 
     /// Shakes hands inside of prelogin messages; all that follows is encrypted.
     void encrypt(const Certificate& certificate);

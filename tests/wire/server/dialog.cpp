@@ -81,7 +81,7 @@ bool Dialog::ownWords(std::string_view text, Tokens& out) {
     } else if (words.takeWords({"BEGIN", "TRANSACTION"})) {
         begin(out);
     } else if (words.takeWords({"IF", "@@TRANCOUNT"})) {
-        undo(out);
+        undo();
         out.done();
     } else if (words.takeWords({"SELECT", "@@TRANCOUNT"})) {
         single({"", WireType::integer}, Value(inTransaction_ ? 1 : 0), out);
@@ -129,28 +129,25 @@ void Dialog::begin(Tokens& out) {
     database_.begin();
     inTransaction_ = true;
     if (made_) madeBefore_ = *made_;
-    out.transactionBegun();
     out.done();
 }
 
 void Dialog::end(bool committed, Tokens& out) {
     if (!inTransaction_) throw Failure{committed ? 3902 : 3903, "该请求没有对应的 BEGIN TRANSACTION。"};
     if (!committed) {
-        undo(out);
-        return out.done();
+        undo();
+    } else {
+        database_.commit();
+        inTransaction_ = false;
     }
-    database_.commit();
-    inTransaction_ = false;
-    out.transactionEnded(true);
     out.done();
 }
 
-void Dialog::undo(Tokens& out) {
+void Dialog::undo() {
     if (!inTransaction_) return;
     database_.rollback();
     if (made_) *made_ = madeBefore_;
     inTransaction_ = false;
-    out.transactionEnded(false);
 }
 
 void Dialog::requireMade(std::string_view table) const {

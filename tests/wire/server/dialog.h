@@ -28,7 +28,7 @@ class Dialog {
     /// Runs a batch of statements with semicolons between them, as far as the first that fails.
     void answer(std::string_view batch, Tokens& out);
     /// Ends an open transaction as a server does with that of a seat that loses to another.
-    void undo(Tokens& out);
+    void undo();
 
   private:
     void statement(std::string_view text, Tokens& out);

@@ -164,11 +164,8 @@ std::optional<std::string> Server::greet(Channel& channel) {
     if (refusal) {
         out.failed(*refusal);
     } else {
-        out.changed(1, login.database, "master");
         out.note(5701, "已将数据库上下文更改为 '" + login.database + "'。");
-        out.changedCollation();
         out.loginAccepted();
-        out.changed(4, std::to_string(Channel::packetSize), "4096");
         out.done();
     }
     channel.send(out.finished());
@@ -201,7 +198,7 @@ void Server::reply(Channel& channel, const std::string& batch, Dialog& dialog) {
     while (fate == Fate::unanswered) channel.receive();
     Tokens out;
     if (const auto failure = mine.failure(batch)) {
-        if (failure->number == Failure::lostToAnother) dialog.undo(out);
+        if (failure->number == Failure::lostToAnother) dialog.undo();
         out.failed(*failure);
     } else {
         dialog.answer(batch, out);

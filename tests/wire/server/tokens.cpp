@@ -23,15 +23,6 @@ constexpr unsigned counted = 0x10;
 constexpr unsigned attended = 0x20;
 }  // namespace status
 
-namespace change {
-constexpr int collation = 7;
-constexpr int begun = 8;
-constexpr int committed = 9;
-constexpr int undone = 10;
-}  // namespace change
-
-constexpr std::uint64_t transactionNumber = 1;
-
 const std::map<Kind, WireType> stored = {
     {Kind::text, WireType::text},       {Kind::longText, WireType::longText},
     {Kind::integer, WireType::integer}, {Kind::identity, WireType::integer},
@@ -93,41 +84,6 @@ void Tokens::loginAccepted() {
     body.counted("Stand-in", 1);
     body.bigEndian(0x0A320000, 4);
     counted(0xAD, body.bytes);
-}
-
-void Tokens::changed(int what, std::string_view now, std::string_view before) {
-    ByteWriter body;
-    body.byte(static_cast<unsigned>(what));
-    body.counted(now, 1);
-    body.counted(before, 1);
-    counted(0xE3, body.bytes);
-}
-
-void Tokens::changedCollation() {
-    ByteWriter body;
-    body.byte(change::collation);
-    body.byte(collation.size());
-    body.bytes += collation;
-    body.byte(0);
-    counted(0xE3, body.bytes);
-}
-
-void Tokens::transactionBegun() {
-    ByteWriter body;
-    body.byte(change::begun);
-    body.byte(8);
-    body.number(transactionNumber, 8);
-    body.byte(0);
-    counted(0xE3, body.bytes);
-}
-
-void Tokens::transactionEnded(bool committed) {
-    ByteWriter body;
-    body.byte(committed ? change::committed : change::undone);
-    body.byte(0);
-    body.byte(8);
-    body.number(transactionNumber, 8);
-    counted(0xE3, body.bytes);
 }
 
 void Tokens::told(int token, int severity, const Failure& failure) {

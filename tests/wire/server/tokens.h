@@ -34,10 +34,6 @@ WireColumn wireColumn(const ResultColumn& column);
 class Tokens {
   public:
     void loginAccepted();
-    void changed(int what, std::string_view now, std::string_view before);
-    void changedCollation();
-    void transactionBegun();
-    void transactionEnded(bool committed);
     void note(int number, std::string_view text) { told(0xAB, 0, {number, std::string(text)}); }
     void columns(const std::vector<WireColumn>& columns);
     void beginRow() { out_.byte(0xD1); }
