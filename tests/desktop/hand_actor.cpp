@@ -8,6 +8,7 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QInputMethodEvent>
 #include <QMenu>
 #include <QScrollBar>
 #include <QTableView>
@@ -140,6 +141,10 @@ bool HandActor::atTheKeys(const std::string& verb, const std::string& rest) {
         hold(rest);
     } else if (verb == "keys") {
         Person::type(*typedAt(), text(unquoted(rest)));
+    } else if (verb == "input") {
+        QInputMethodEvent commit;
+        commit.setCommitString(text(unquoted(rest)));
+        QApplication::sendEvent(typedAt(), &commit);
     } else if (verb == "paste") {
         QApplication::clipboard()->setText(text(unquoted(rest)));
         pressKey("Ctrl+V");

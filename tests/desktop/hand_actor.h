@@ -11,6 +11,7 @@ namespace desk::desktop {
 ///     key Down Shift+Tab Ctrl+F     at whatever has the focus
 ///     hold Return                   until it repeats
 ///     keys 3.5                      letter by letter
+///     input 甲\n乙                  as an input method brings it, at once
 ///     paste 甲\n乙
 ///     wheel day                     one notch towards the person
 ///     rightclick grid 2 1           as "middleclick", "ctrlclick", "shiftclick", "doubleclick", "pressoff":

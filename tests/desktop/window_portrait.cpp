@@ -35,7 +35,7 @@ namespace desk::desktop {
 namespace {
 
 std::string quoted(QString text) {
-    text.replace("\n", "\\n");
+    text.remove('\r').replace("\n", "\\n");
     return "\"" + utf8(text) + "\"";
 }
 
@@ -57,6 +57,7 @@ std::string shownBy(const QLineEdit& line, const TextBox& box) {
     if (line.isReadOnly() != isFlat) shown += " BUT LOOKS OTHERWISE";
     if (line.alignment().testFlag(Qt::AlignRight)) shown += " at the right";
     if (!line.toolTip().isEmpty()) shown += " cue " + quoted(line.toolTip());
+    if (line.toolTip().isEmpty() != line.actions().isEmpty()) shown += " BUT WITHOUT SIGN AND WORDS TOGETHER";
     return shown + unless(utf8(line.text()) == box.text(), box.text());
 }
 
