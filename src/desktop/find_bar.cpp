@@ -127,6 +127,10 @@ bool FindBar::eventFilter(QObject* watched, QEvent* event) {
     return takeKey(key.key(), key.modifiers());
 }
 
+void FindBar::keyPressEvent(QKeyEvent* event) {
+    event->accept();
+}
+
 QRect FindBar::placeOf(const QModelIndex& index) const {
     return view_->visualRect(index).translated(view_->viewport()->pos());
 }

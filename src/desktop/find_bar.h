@@ -36,6 +36,8 @@ class FindBar : public QFrame {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    /// What the line does not take would move, and click, in the view that the bar lies in.
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     bool takeKey(int key, Qt::KeyboardModifiers modifiers);

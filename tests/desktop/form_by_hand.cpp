@@ -75,6 +75,8 @@ bool onATree(Tree& tree, const std::string& what, const std::string& value) {
                   }},
                  {"on", [&] { tree.select(nodeOf(tree.roots(), value)); }},
                  {"without", [&] { tree.remove(*nodeOf(tree.roots(), value)); }},
+                 {"opened", [&] { tree.setExpanded(*nodeOf(tree.roots(), value), true); }},
+                 {"closed", [&] { tree.setExpanded(*nodeOf(tree.roots(), value), false); }},
                  {"ticks", [&] { tree.setChecked(*nodeOf(tree.roots(), value), true); }},
                  {"reveals", [&] { tree.reveal(*nodeOf(tree.roots(), value)); }},
                  {"keysMove", [&] { tree.setMovingKeys(MovingKeys::move); }},
@@ -88,6 +90,10 @@ bool onAGrid(Grid& grid, const std::string& what, const std::string& value) {
     const auto number = [&](std::size_t word) { return std::stoi(words.at(word)); };
     return does({{"row", [&] { grid.addRow(split(value, '|')); }},
                  {"rows", [&] { grid.setRows(number(0)); }},
+                 {"many",
+                  [&] {
+                      for (int row = 1; row <= number(0); ++row) grid.addRow({std::to_string(row)});
+                  }},
                  {"cell", [&] { grid.setText(number(0), number(1), unquoted(words.at(2))); }},
                  {"width", [&] { grid.setColumnWidth(number(0), number(1)); }},
                  {"at", [&] { grid.setCurrent(number(0), number(1)); }},

@@ -57,7 +57,8 @@ struct Spot {
 
 Spot spotOf(QWidget& widget, const Control& control, const std::string& said) {
     auto* view = qobject_cast<QAbstractItemView*>(&widget);
-    if (view == nullptr || said.empty()) return {&widget, widget.rect().center()};
+    if (view == nullptr) return {&widget, widget.rect().center()};
+    if (said.empty()) return {view->viewport(), view->viewport()->rect().center()};
     const auto words = split(said, ' ');
     QModelIndex index;
     if (const auto* grid = dynamic_cast<const Grid*>(&control)) {
@@ -126,9 +127,9 @@ bool HandActor::act(ScriptedHand& hand, const std::string& verb, const std::stri
             dynamic_cast<FormByHand&>(*front_).act(hand.control(each), what, value);
         return true;
     }
-    static const std::set<std::string> words{"wheel",      "rightclick",  "middleclick", "ctrlclick",
-                                             "shiftclick", "doubleclick", "pressoff",    "shakyclick",
-                                             "rest",       "menu",        "drag",        "scroll"};
+    static const std::set<std::string> words{
+        "wheel",      "rightclick", "middleclick", "ctrlclick", "shiftclick", "doubleclick", "pressoff",
+        "shakyclick", "rightpress", "rest",        "menu",      "drag",       "scroll"};
     if (!words.contains(verb)) return false;
     Control& control = hand.control(name);
     return atTheView(control, verb, argument) || withTheMouse(control, verb, argument);
@@ -209,6 +210,8 @@ bool HandActor::withTheMouse(Control& control, const std::string& verb, const st
         Person::doubleClick(met, spot.at);
     } else if (verb == "pressoff") {
         moveAndLetGo(met, spot.at, QPoint(spot.at.x(), -2000));
+    } else if (verb == "rightpress") {
+        QTest::mousePress(&met, Qt::RightButton, {}, spot.at);
     } else if (verb == "shakyclick") {
         moveAndLetGo(met, spot.at, spot.at - QPoint(5, 0));
     } else if (verb == "rest") {

@@ -16,7 +16,8 @@ namespace desk::desktop {
 ///     wheel day                     one notch towards the person
 ///     rightclick grid 2 1           as "middleclick", "ctrlclick", "shiftclick", "doubleclick", "pressoff":
 ///                                   at a control, a line, a cell or a node ("0.1" is the second below the
-///                                   first); the last lets go elsewhere, "shakyclick" a little beside
+///                                   first); the last lets go elsewhere, "shakyclick" a little beside,
+///                                   "rightpress" not at all
 ///     rest grid 2 1                 the pointer, until a tip comes
 ///     menu grid 2 1                 what a right click offers there; "choose 复制此行" takes one of it
 ///     drag grid 1 -100              the edge of a column, in pixels

@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -124,6 +125,14 @@ std::string marksIn(const QTableView& view) {
     return fmt::format(" marks row {}", marked.first().row() + 1);
 }
 
+std::string titlesOf(const QHeaderView& header) {
+    std::vector<std::string> titles;
+    for (int column = 0; column < header.count(); ++column)
+        if (!header.isSectionHidden(column))
+            titles.push_back(utf8(header.model()->headerData(column, Qt::Horizontal).toString()));
+    return join(titles, "|");
+}
+
 /// How far it has been scrolled, and whether the place of the keyboard is in view.
 std::string scrolled(const QAbstractItemView& view) {
     const QScrollBar& bar = *view.verticalScrollBar();
@@ -165,7 +174,11 @@ int nodesBelow(const QAbstractItemModel& model, const QModelIndex& parent) {
 }
 
 std::string shownBy(const QTreeView& view, const Tree& tree) {
-    std::string shown = fmt::format("{} nodes", nodesBelow(*view.model(), {}));
+    const int nodes = nodesBelow(*view.model(), {});
+    int lines = 0;
+    for (QModelIndex line = view.model()->index(0, 0); line.isValid(); line = view.indexBelow(line)) ++lines;
+    std::string shown = fmt::format("{} nodes", nodes);
+    if (lines < nodes) shown += fmt::format(" on {} lines", lines);
     if (view.currentIndex().isValid()) shown += ", at " + quoted(view.currentIndex().data().toString());
     shown += scrolled(view);
     std::string marked;
@@ -289,6 +302,9 @@ Portrait seenBy(const Person& person, Screen& screen) {
         add(control->name(), shownBy(*control, *widget) + placeOf(person, *control, *widget) +
                                  (widget->isEnabled() ? "" : " disabled"));
     }
+    for (const auto* header : person.window().findChildren<QHeaderView*>())
+        if (header->isVisible() && header->orientation() == Qt::Horizontal)
+            add("titles of " + utf8(header->parentWidget()->objectName()), titlesOf(*header));
     for (const auto* bar : person.window().findChildren<QWidget*>("qt_findbar"))
         if (bar->isVisible()) add("finding", finding(*bar));
     for (const auto* hint : person.window().findChildren<QLabel*>("qt_hint"))
