@@ -10,6 +10,7 @@
 #include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QTableView>
 #include <QTest>
@@ -84,6 +85,17 @@ void rest(const Spot& spot) {
     QApplication::sendEvent(spot.widget, &resting);
 }
 
+/// A text that was dragged from elsewhere.
+void drop(QWidget& field, const std::string& words) {
+    QMimeData dragged;
+    dragged.setText(text(words));
+    const QPoint at = field.rect().center();
+    QDragEnterEvent enters(at, Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&field, &enters);
+    QDropEvent dropped(at, Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&field, &dropped);
+}
+
 void chooseEntry(const std::string& start) {
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     if (menu == nullptr) throw std::logic_error("no menu");
@@ -128,8 +140,8 @@ bool HandActor::act(ScriptedHand& hand, const std::string& verb, const std::stri
         return true;
     }
     static const std::set<std::string> words{
-        "wheel",      "rightclick", "middleclick", "ctrlclick", "shiftclick", "doubleclick", "pressoff",
-        "shakyclick", "rightpress", "rest",        "menu",      "drag",       "scroll"};
+        "drop",     "wheel",      "rightclick", "middleclick", "ctrlclick", "shiftclick", "doubleclick",
+        "pressoff", "shakyclick", "rightpress", "rest",        "menu",      "drag",       "scroll"};
     if (!words.contains(verb)) return false;
     Control& control = hand.control(name);
     return atTheView(control, verb, argument) || withTheMouse(control, verb, argument);
@@ -202,6 +214,10 @@ bool HandActor::withTheMouse(Control& control, const std::string& verb, const st
     if (verb == "doubleclick" && dynamic_cast<Button*>(&control) == nullptr) return false;
     auto* widget = reached(control);
     if (widget == nullptr) return true;
+    if (verb == "drop") {
+        drop(*widget, unquoted(at));
+        return true;
+    }
     const Spot spot = spotOf(*widget, control, at);
     QWidget& met = *spot.widget;
     if (verb == "wheel") {

@@ -13,6 +13,7 @@ namespace desk::desktop {
 ///     keys 3.5                      letter by letter
 ///     input 甲\n乙                  as an input method brings it, at once
 ///     paste 甲\n乙
+///     drop first 甲\n乙             a text from elsewhere, into the middle of that field
 ///     wheel day                     one notch towards the person
 ///     rightclick grid 2 1           as "middleclick", "ctrlclick", "shiftclick", "doubleclick", "pressoff":
 ///                                   at a control, a line, a cell or a node ("0.1" is the second below the
