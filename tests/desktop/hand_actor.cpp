@@ -74,7 +74,9 @@ Spot spotOf(QWidget& widget, const Control& control, const std::string& said) {
 
 void moveAndLetGo(QWidget& widget, QPoint from, QPoint to) {
     QTest::mousePress(&widget, Qt::LeftButton, {}, from);
-    QTest::mouseMove(&widget, to);
+    QMouseEvent moves(QEvent::MouseMove, to, widget.mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(&widget, &moves);
     QTest::mouseRelease(&widget, Qt::LeftButton, {}, to);
 }
 

@@ -36,7 +36,8 @@ QWidget* voucherOf(退款凭证& voucher) {
     if (auto* amount = line->findChild<QLineEdit*>(text(voucher.借方金额.name())))
         amount->setAlignment(Qt::AlignRight);
     QWidget* why = plain(voucher.相关情况说明);
-    why->setMaximumHeight(pixels(900));
+    // So high that the whole covers the buttons below the grid, not the half of them.
+    why->setFixedHeight(pixels(1260));
     auto* signedBy = columns({fields({{"收款人", voucher.收款人}}), plain(voucher.制单人),
                               buttons({&voucher.确定, &voucher.关闭})},
                              {2, 1, 1});
