@@ -11,15 +11,12 @@ namespace {
 /// Pieces of a statement that mostly are its words.
 std::vector<std::string> piecesOf(const std::string& statement) {
     std::vector<std::string> pieces;
+    bool inWord = false;
     for (const char c : statement) {
         const bool word = (c & 0x80) != 0 || std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
-        const bool joins = word && !pieces.empty() && pieces.back().back() != ' ' &&
-                           ((pieces.back().back() & 0x80) != 0 ||
-                            std::isalnum(static_cast<unsigned char>(pieces.back().back())) != 0);
-        if (joins)
-            pieces.back() += c;
-        else
-            pieces.emplace_back(1, c);
+        if (!word || !inWord) pieces.emplace_back();
+        pieces.back() += c;
+        inWord = word;
     }
     return pieces;
 }

@@ -61,17 +61,22 @@ std::string told(Recordset& row) {
 ///     > 甲 set 姓名 'x'                   gives a field a value, as `valueOf` reads it
 ///     > 甲 new, > 甲 update               starts a row, writes it
 ///     > begin, > commit, > rollback      a transaction
+///     > close                            closes the connection
 ///     > empty                            goes on at an empty database
 ///
-/// A sign that no text file can hold, the NUL, is written ␀. Below each line stands what is told, or "fails"
-/// with the number and the text of the failure.
+/// Below each line stands what is told, or "fails" with the number and the text of the failure, and "at" with
+/// the statement that the failure names, where that is not the line's own. A NUL is written ␀.
 class Speaker {
   public:
     std::vector<std::string> told(const std::string& line) {
         told_.clear();
-        const auto failure =
-            outcomeOf([&] { line.starts_with("> ") ? act(line.substr(2)) : run(replaced(line, "␀", nul)); });
-        if (failure.number != 0) told_.push_back(fmt::format("fails {} {}", failure.number, failure.text));
+        sent_.clear();
+        try {
+            line.starts_with("> ") ? act(line.substr(2)) : run(replaced(line, "␀", nul));
+        } catch (const RuntimeFailure& failure) {
+            told_.push_back(fmt::format("fails {} {}", failure.number(), failure.description()));
+            if (failure.statement() != sent_) told_.push_back(fmt::format("at \"{}\"", failure.statement()));
+        }
         for (auto& each : told_) each = replaced(each, nul, "␀");
         return told_;
     }
@@ -80,6 +85,7 @@ class Speaker {
     static constexpr std::string_view nul{"", 1};
 
     void run(const std::string& statement) {
+        sent_ = statement;
         if (!schema::sameName(trimmed(statement).substr(0, 6), "select"))
             return told_.push_back(fmt::format("changes {}", database_->connection.execute(statement)));
         Recordset rows(database_->connection, statement);
@@ -97,12 +103,18 @@ class Speaker {
         if (first == "begin") return connection.begin();
         if (first == "commit") return connection.commit();
         if (first == "rollback") return connection.rollback();
+        if (first == "close") return void(connection = Connection());
         if (first == "empty") return void(database_ = std::make_unique<EmptyDatabase>());
         const auto [verb, words] = headAndRest(rest);
-        if (verb == "read" || verb == "edit")
-            return void(recordsets_.insert_or_assign(
-                first, Recordset(connection, words, verb == "edit" ? Rows::updatable : Rows::forwardOnly)));
-        actOn(recordsets_.at(first), verb, words);
+        if (verb == "read" || verb == "edit") {
+            sent_ = words;
+            const auto rows = verb == "edit" ? Rows::updatable : Rows::forwardOnly;
+            return void(
+                recordsets_.insert_or_assign(first, std::pair(words, Recordset(connection, words, rows))));
+        }
+        auto& [statement, rows] = recordsets_.at(first);
+        sent_ = statement;
+        actOn(rows, verb, words);
     }
 
     void actOn(Recordset& rows, const std::string& verb, const std::string& words) {
@@ -113,12 +125,14 @@ class Speaker {
         if (verb == "set") return void(rows[field] = valueOf(value));
         if (verb == "field")
             return told_.push_back(desk::told(isdigit(field[0]) != 0 ? rows[std::stoi(field)] : rows[field]));
+        EXPECT_TRUE(verb.empty() || verb == "next") << verb;
         if (verb == "next") rows.moveNext();
         told_.push_back(desk::told(rows));
     }
 
     std::unique_ptr<EmptyDatabase> database_ = std::make_unique<FilledDatabase>();
-    std::map<std::string, Recordset> recordsets_;
+    std::map<std::string, std::pair<std::string, Recordset>> recordsets_;  ///< with their statements
+    std::string sent_;                                                     ///< the statement of this line
     std::vector<std::string> told_;
 };
 

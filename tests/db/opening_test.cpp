@@ -1,24 +1,20 @@
 #include <gtest/gtest.h>
-
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <filesystem>
-
+#include "database_file.h"
 #include "db/connection_string.h"
 #include "db/embedded/embedded.h"
-#include "filled_database.h"
-#include "odd_files.h"
-#include "temporary_folder.h"
 
 namespace desk {
 namespace {
 
+namespace fs = std::filesystem;
+
 TEST(ConnectionString, FollowsTheGrammarOfTheProvider) {
     const auto target = parseConnectionString(
         "Provider=SQLOLEDB.1;Password=p'w\"d;Persist Security Info=False;User ID=sa;Initial "
-        "Catalog='物业';Data "
-        "Source='(embedded)'");
+        "Catalog='物业';Data Source='(embedded)'");
     EXPECT_EQ(target.dataSource, "(embedded)");
     EXPECT_EQ(target.initialCatalog, "物业");
     EXPECT_EQ(target.userId, "sa");
@@ -37,126 +33,89 @@ TEST(ConnectionString, FollowsTheGrammarOfTheProvider) {
 
 TEST(Opening, TellsWhenThereIsNoServer) {
     Connection connection;
-    const auto fails = [&](const std::string& text) {
-        EXPECT_EQ(failureOf([&] { connection.open(text, std::chrono::seconds(1)); }), failure::unspecified)
-            << text;
-        EXPECT_FALSE(connection.isOpen());
-        return failureTextOf([&] { connection.open(text, std::chrono::seconds(1)); });
-    };
     connection.open(memory, std::chrono::seconds(1));
     EXPECT_TRUE(connection.isOpen());
-    EXPECT_NE(fails("Initial Catalog='';Data Source=''").find("未指定数据库服务器"), std::string::npos);
-    EXPECT_NE(fails("Initial Catalog='x';Data Source='SRV1'").find("SRV1"), std::string::npos);
-    EXPECT_NE(fails("Initial Catalog='';Data Source='(embedded)'").find("未指定数据库文件"),
-              std::string::npos);
-}
-
-class OpeningFile : public testing::Test {
-  protected:
-    TemporaryFolder folder_;
-    const std::string path_ = folder_.path("引驻 台账.db");
-
-    /// The text of the failure to open the file, which must be left as it was.
-    std::string failureText() {
-        const bool exists = std::filesystem::is_regular_file(path_);
-        const auto before = exists ? bytesOf(path_) : std::string();
-        Connection connection;
-        const auto open = [&] { connection.open(fileConnection(path_), std::chrono::seconds(1)); };
-        EXPECT_EQ(failureOf(open), failure::unspecified);
+    const struct {
+        const char* text;
+        const char* told;
+    } failing[] = {{"Initial Catalog='';Data Source=''", "未指定数据库服务器"},
+                   {"Initial Catalog='x';Data Source='SRV1'", "SRV1"},
+                   {"Initial Catalog='';Data Source='(embedded)'", "未指定数据库文件"}};
+    for (const auto& each : failing) {
+        const auto failed = outcomeOf([&] { connection.open(each.text, std::chrono::seconds(1)); });
+        EXPECT_EQ(failed.number, failure::unspecified) << each.text;
+        EXPECT_NE(failed.text.find(each.told), std::string::npos) << failed.text;
         EXPECT_FALSE(connection.isOpen());
-        EXPECT_EQ(exists ? bytesOf(path_) : std::string(), before);
-        const auto entries = std::filesystem::directory_iterator(folder_.path(""));
-        EXPECT_LE(std::distance(begin(entries), end(entries)), 1);
-        return failureTextOf(open);
     }
-};
-
-TEST_F(OpeningFile, KeepsWhatWasWritten) {
-    embedded::createDatabase(path_);
-    {
-        Connection connection;
-        connection.open(fileConnection(path_), std::chrono::seconds(1));
-        connection.execute("Insert Into YZ_组表 (组代号) Values ('01')");
-    }
-    Connection again;
-    again.open(fileConnection(path_), std::chrono::seconds(1));
-    EXPECT_TRUE(anyRow(again, "Select * From YZ_组表 Where 组代号='01'"));
-    EXPECT_EQ(failureOf([&] { embedded::createDatabase(path_); }), failure::unspecified);
-    EXPECT_TRUE(anyRow(again, "Select * From YZ_组表 Where 组代号='01'"));
 }
 
-TEST_F(OpeningFile, RefusesAMissingFileAndMakesNone) {
-    EXPECT_NE(failureText().find("文件不存在"), std::string::npos);
-    EXPECT_FALSE(std::filesystem::exists(path_));
-    EXPECT_EQ(failureOf([&] { embedded::createDatabase(folder_.path("没有/x.db")); }), failure::unspecified);
-}
+using OpeningAFile = DatabaseFile;
 
-TEST_F(OpeningFile, RefusesADirectory) {
-    std::filesystem::create_directory(path_);
-    EXPECT_NE(failureText().find("目录"), std::string::npos);
-}
-
-TEST_F(OpeningFile, RefusesWhatIsNoDatabaseOfThisSystem) {
+TEST_F(OpeningAFile, RefusesWhatIsNoSoundDatabaseOfThisSystem) {
+    expectRefused("文件不存在");
+    EXPECT_FALSE(fs::exists(path_));
+    fs::create_directory(path_);
+    expectRefused("目录");
+    fs::remove(path_);
     writeBytes(path_, "");
-    EXPECT_NE(failureText().find("不是本系统的数据库"), std::string::npos);
-    writeBytes(path_, std::string(5000, 'x'));
-    EXPECT_NE(failureText().find("不是数据库"), std::string::npos);
-    std::filesystem::remove(path_);
-    makeForeignDatabase(path_);
-    EXPECT_NE(failureText().find("YZ_"), std::string::npos);
-}
+    expectRefused("不是本系统的数据库");
+    writeBytes(path_, std::string(page, 'x'));
+    expectRefused("不是数据库");
+    writeBytes(path_, "");
+    bare(path_).run("CREATE TABLE notes (text)");
+    expectRefused("YZ_");
+    fs::remove(path_);
 
-TEST_F(OpeningFile, RefusesADamagedDatabase) {
     embedded::createDatabase(path_);
     const auto whole = bytesOf(path_);
-    writeBytes(path_, whole.substr(0, 3 * 4096));
-    EXPECT_NE(failureText().find("损坏"), std::string::npos);
-    auto scrambled = whole;
-    for (std::size_t i = 100; i < 4096; ++i) scrambled[i] = static_cast<char>(i * 7);
-    writeBytes(path_, scrambled);
-    EXPECT_NE(failureText().find("损坏"), std::string::npos);
+    writeBytes(path_, whole.substr(0, 3 * page));
+    expectRefused("损坏");
+    writeBytes(path_, whole.substr(0, 100) + std::string(page - 100, 'x') + whole.substr(page));
+    expectRefused("损坏");
+    EXPECT_TRUE(otherFiles().empty());
 }
 
-TEST_F(OpeningFile, FailsWhileReadingDamagedPages) {
-    embedded::createDatabase(path_);
-    auto bytes = bytesOf(path_);
+/// A database that has been made, without rows.
+class MadeFile : public DatabaseFile {
+  protected:
+    MadeFile() { embedded::createDatabase(path_); }
+};
+
+TEST_F(MadeFile, KeepsWhatWasWritten) {
+    opened().execute("Insert Into YZ_组表 (组代号) Values ('01')");
+    EXPECT_EQ(failureOf([&] { embedded::createDatabase(path_); }), failure::unspecified);
+    EXPECT_EQ(failureOf([&] { embedded::createDatabase(inFolder("没有/x.db")); }), failure::unspecified);
+    auto again = opened();
+    EXPECT_TRUE(anyRow(again, "Select * From YZ_组表 Where 组代号='01'"));
+}
+
+TEST_F(MadeFile, FailsWhileDamagedPagesAreRead) {
     {
-        Connection connection;
-        connection.open(fileConnection(path_), std::chrono::seconds(1));
+        auto connection = opened();
         connection.begin();
         for (int i = 0; i < 500; ++i)
             connection.execute(sql("Insert Into YZ_区域设置 Values ('{}','{}')", i, std::string(100, 'x')));
         connection.commit();
-        bytes = bytesOf(path_);
     }
-    for (std::size_t i = bytes.size() - 8 * 4096; i < bytes.size(); ++i) bytes[i] = static_cast<char>(i);
-    writeBytes(path_, bytes);
-    Connection connection;
-    connection.open(fileConnection(path_), std::chrono::seconds(1));
+    const auto whole = bytesOf(path_);
+    writeBytes(path_, whole.substr(0, whole.size() - 8 * page) + std::string(8 * page, 'x'));
+    auto connection = opened();
     EXPECT_EQ(failureOf([&] {
-                  for (Recordset rows(connection, "Select * From YZ_区域设置"); !rows.atEnd();
-                       rows.moveNext()) {
-                  }
+                  for (auto& row : Recordset(connection, "Select * From YZ_区域设置")) row[0].text();
               }),
               failure::unspecified);
 }
 
-TEST_F(OpeningFile, MakesIndexesAnewThatAnotherOrderWrote) {
-    embedded::createDatabase(path_);
-    {
-        Connection connection;
-        connection.open(fileConnection(path_), std::chrono::seconds(1));
-        connection.execute("Insert Into YZ_组表 (组代号) Values ('01'),('浦东'),('b')");
-    }
+TEST_F(MadeFile, GetsIndexesAnewThatAnotherOrderWrote) {
+    opened().execute("Insert Into YZ_组表 (组代号) Values ('01'),('浦东'),('b')");
     auto bytes = bytesOf(path_);
     constexpr std::size_t userVersion = 60;  // where the file notes the order it was written in
     const auto version = bytes.substr(userVersion, 4);
-    bytes.replace(userVersion, 4, "\1\2\3\4");
-    writeBytes(path_, bytes);
-    Connection connection;
-    connection.open(fileConnection(path_), std::chrono::seconds(1));
-    EXPECT_TRUE(anyRow(connection, "Select * From YZ_组表 Where 组代号='浦东'"));
-    connection = Connection();
+    writeBytes(path_, bytes.replace(userVersion, 4, "\1\2\3\4"));
+    {
+        auto connection = opened();
+        EXPECT_TRUE(anyRow(connection, "Select * From YZ_组表 Where 组代号='浦东'"));
+    }
     EXPECT_EQ(bytesOf(path_).substr(userVersion, 4), version);
 }
 
@@ -175,63 +134,44 @@ class PlainUser {
     }
 };
 
-TEST_F(OpeningFile, TellsAtOnceThatNothingCanBeSaved) {
-    embedded::createDatabase(path_);
-    const auto folder = folder_.path("");
-    const auto textWith = [&](mode_t folderMode, mode_t fileMode) {
-        chmod(folder.c_str(), folderMode);
+TEST_F(MadeFile, IsRefusedAtOnceWhereNothingCanBeSaved) {
+    const auto expectRefusedWith = [&](mode_t folderMode, mode_t fileMode, const char* words) {
+        chmod(folder_.c_str(), folderMode);
         chmod(path_.c_str(), fileMode);
         const PlainUser plain;
-        return failureText();
+        expectRefused(words);
     };
-    EXPECT_NE(textWith(0777, 0444).find("文件是只读的"), std::string::npos);
-    EXPECT_NE(textWith(0555, 0666).find("文件夹是只读的"), std::string::npos);
-    chmod(folder.c_str(), 0755);
+    expectRefusedWith(0777, 0444, "文件是只读的");
+    expectRefusedWith(0555, 0666, "文件夹是只读的");
+    chmod(folder_.c_str(), 0755);
 }
 
-TEST_F(OpeningFile, TellsThatItsFileHasBeenMovedAway) {
-    embedded::createDatabase(path_);
-    Connection connection;
-    connection.open(fileConnection(path_), std::chrono::seconds(1));
-    std::filesystem::rename(path_, folder_.path("别处.db"));
+TEST_F(MadeFile, TellsThatItHasBeenMovedAway) {
+    auto connection = opened();
+    fs::rename(path_, inFolder("别处.db"));
     const auto text =
         failureTextOf([&] { connection.execute("Insert Into YZ_组表 (组代号) Values ('01')"); });
     EXPECT_NE(text.find("移动"), std::string::npos) << text;
 }
 
-TEST_F(OpeningFile, TellsThatItsFileHasBeenCutShort) {
-    embedded::createDatabase(path_);
-    for (const std::uintmax_t left : {10U * 4096 + 100, 4096U, 50U, 0U}) {
-        SCOPED_TRACE(left);
-        const auto whole = bytesOf(path_);
-        Connection connection;
-        connection.open(fileConnection(path_), std::chrono::seconds(1));
-        std::filesystem::resize_file(path_, left);
-        const auto readAll = [&] {
+TEST_F(MadeFile, TellsThatItHasBeenCutShort) {
+    const auto whole = bytesOf(path_);
+    for (const std::uintmax_t left : {10 * page + 100, page, std::size_t{50}, std::size_t{0}}) {
+        writeBytes(path_, whole);
+        auto connection = opened();
+        fs::resize_file(path_, left);
+        const auto failed = outcomeOf([&] {
             for (const auto& table : schema::tables())
                 anyRow(connection, "Select * From " + std::string(table.name));
-        };
-        EXPECT_EQ(failureOf(readAll), failure::unspecified);
-        const auto text = failureTextOf(readAll);
-        EXPECT_TRUE(text.starts_with("数据库文件已损坏")) << text;
-        connection = Connection();
-        writeBytes(path_, whole);
+        });
+        EXPECT_EQ(failed.number, failure::unspecified) << left;
+        EXPECT_TRUE(failed.text.starts_with("数据库文件已损坏")) << left << " " << failed.text;
     }
 }
 
-TEST_F(OpeningFile, TellsThatItsDiskKnowsNoLocks) {
-    embedded::createDatabase(path_);
-    const UnlockableFiles disk;
-    const auto told = failureText();
-    EXPECT_TRUE(told.ends_with("无法锁定数据库文件：文件已被其他程序锁定，或所在的磁盘不支持锁定。")) << told;
-}
-
-TEST_F(OpeningFile, GivesUpAfterItsTimeWhenAnotherSeatHoldsTheFile) {
-    embedded::createDatabase(path_);
-    Connection holder;
-    holder.open(fileConnection(path_), std::chrono::seconds(1));
-    Connection waiting;
-    waiting.open(fileConnection(path_), std::chrono::seconds(1));
+TEST_F(MadeFile, IsGivenUpAfterItsTimeWhenAnotherSeatHoldsIt) {
+    auto holder = opened();
+    auto waiting = opened(std::chrono::seconds(1));
     holder.begin();
     const auto write = [&] { waiting.execute("Insert Into YZ_组表 (组代号) Values ('02')"); };
     const auto start = std::chrono::steady_clock::now();
@@ -244,12 +184,9 @@ TEST_F(OpeningFile, GivesUpAfterItsTimeWhenAnotherSeatHoldsTheFile) {
 }
 
 /// A row that is being looked at, and the one row of a lookup, hold nobody off.
-TEST_F(OpeningFile, LooksAtOneRowWithoutHoldingTheFile) {
-    embedded::createDatabase(path_);
-    Connection first;
-    first.open(fileConnection(path_), std::chrono::seconds(1));
-    Connection second;
-    second.open(fileConnection(path_), std::chrono::seconds(1));
+TEST_F(MadeFile, IsNotHeldByWhoLooksAtOneRow) {
+    auto first = opened(std::chrono::seconds(1));
+    auto second = opened(std::chrono::seconds(1));
     first.execute("Insert Into YZ_组表 (组代号) Values ('01'),('02'),('03')");
     Recordset one(first, "Select * From YZ_组表 Where 组代号='01'");
     second.execute("Update YZ_组表 Set 组名称='一'");
@@ -261,7 +198,7 @@ TEST_F(OpeningFile, LooksAtOneRowWithoutHoldingTheFile) {
     first.execute("Update YZ_组表 Set 组名称='三'");
     second.execute("Update YZ_组表 Set 组名称='四'");
     std::string seen;
-    for (; !streamed.atEnd(); streamed.moveNext()) seen += streamed[0].text();
+    for (auto& row : streamed) seen += row[0].text();
     EXPECT_EQ(seen, "010203");
 }
 
