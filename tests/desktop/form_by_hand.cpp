@@ -10,6 +10,7 @@
 #include "desktop/screen_keys.h"
 #include "desktop/tree_count.h"
 #include "support/scripted_hand.h"
+#include "ui/batch.h"
 
 namespace desk::desktop {
 
@@ -113,6 +114,14 @@ bool onAText(TextBox& box, const std::string& what, const std::string& value) {
                 what);
 }
 
+/// "255 甲|乙": these entries in that colour, for those that it had.
+void refill(ComboBox& combo, const std::string& value) {
+    const auto [colour, lines] = firstWord(value);
+    const Batch filling(combo);
+    combo.clear();
+    for (const auto& line : split(lines, '|')) combo.addItem(line, 0, std::stoi(colour));
+}
+
 bool onAField(Control& control, const std::string& what, const std::string& value) {
     if (auto* label = dynamic_cast<Label*>(&control))
         return does({{"caption", [&] { label->setCaption(value); }}}, what);
@@ -144,8 +153,9 @@ bool onAField(Control& control, const std::string& what, const std::string& valu
     if (auto* panel = dynamic_cast<Panel*>(&control))
         return does({{"open", [&] { panel->open(); }}, {"close", [&] { panel->close(); }}}, what);
     if (auto* combo = dynamic_cast<ComboBox*>(&control))
-        return onItems(*combo, what, value) ||
-               does({{"at", [&] { combo->setIndex(std::stoi(value) - 1); }}}, what);
+        return onItems(*combo, what, value) || does({{"at", [&] { combo->setIndex(std::stoi(value) - 1); }},
+                                                     {"coloured", [&] { refill(*combo, value); }}},
+                                                    what);
     return false;
 }
 

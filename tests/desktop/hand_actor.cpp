@@ -4,11 +4,14 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QCalendarWidget>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDateEdit>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QInputMethodEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
@@ -50,13 +53,26 @@ void hold(const std::string& key) {
     }
 }
 
-/// Where the mouse meets a control: a line ("2"), a cell ("2 1"), a node ("0.1"), or its middle.
+/// Where the mouse meets a control: a line ("2"), a cell ("2 1"), a node ("0.1"), a day before its so
+/// manieth letter, or the middle.
 struct Spot {
     QWidget* widget;
     QPoint at;
 };
 
+Spot beforeLetter(QLineEdit& line, int number) {
+    QPoint at(0, line.height() / 2);
+    while (line.cursorPositionAt(at) < number && at.x() < line.width()) ++at.rx();
+    return {&line, at};
+}
+
 Spot spotOf(QWidget& widget, const Control& control, const std::string& said) {
+    if (qobject_cast<QDateEdit*>(&widget) != nullptr && !said.empty())
+        return beforeLetter(*widget.findChild<QLineEdit*>(), std::stoi(said));
+    if (auto* calendar = qobject_cast<QCalendarWidget*>(&widget)) {
+        QWidget& days = viewportOf(*calendar->findChild<QAbstractItemView*>());
+        return {&days, days.rect().center()};
+    }
     auto* view = qobject_cast<QAbstractItemView*>(&widget);
     if (view == nullptr) return {&widget, widget.rect().center()};
     if (said.empty()) return {view->viewport(), view->viewport()->rect().center()};
@@ -98,6 +114,16 @@ void drop(QWidget& field, const std::string& words) {
     QApplication::sendEvent(&field, &dropped);
 }
 
+/// The names of what Tab comes to.
+std::string wayByTab(int steps) {
+    std::string way = "comes to";
+    for (int i = 0; i < steps; ++i) {
+        pressKey("Tab");
+        way += " " + Person::focused();
+    }
+    return way;
+}
+
 void chooseEntry(const std::string& start) {
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     if (menu == nullptr) throw std::logic_error("no menu");
@@ -131,6 +157,10 @@ bool HandActor::act(ScriptedHand& hand, const std::string& verb, const std::stri
         hand.act("open form");
         return true;
     }
+    if (verb == "tabs") {
+        hand.program().machine.note(wayByTab(std::stoi(rest)));
+        return true;
+    }
     if (atTheKeys(verb, rest)) return true;
     front_ = &hand.current();
     if (atTheWindow(verb, rest)) return true;
@@ -141,9 +171,10 @@ bool HandActor::act(ScriptedHand& hand, const std::string& verb, const std::stri
             dynamic_cast<FormByHand&>(*front_).act(hand.control(each), what, value);
         return true;
     }
-    static const std::set<std::string> words{
-        "drop",     "wheel",      "rightclick", "middleclick", "ctrlclick", "shiftclick", "doubleclick",
-        "pressoff", "shakyclick", "rightpress", "rest",        "menu",      "drag",       "scroll"};
+    static const std::set<std::string> words{"drop",      "wheel",      "rightclick",  "middleclick",
+                                             "ctrlclick", "shiftclick", "doubleclick", "pressoff",
+                                             "hit",       "shakyclick", "rightpress",  "rest",
+                                             "menu",      "drag",       "scroll"};
     if (!words.contains(verb)) return false;
     Control& control = hand.control(name);
     return atTheView(control, verb, argument) || withTheMouse(control, verb, argument);
@@ -241,7 +272,10 @@ bool HandActor::withTheMouse(Control& control, const std::string& verb, const st
         QTest::mouseClick(&met, Qt::LeftButton, verb == "ctrlclick" ? Qt::ControlModifier : Qt::ShiftModifier,
                           spot.at);
     } else {
-        Person::click(met, spot.at, verb == "rightclick" ? Qt::RightButton : Qt::MiddleButton);
+        Person::click(met, spot.at,
+                      verb == "rightclick"    ? Qt::RightButton
+                      : verb == "middleclick" ? Qt::MiddleButton
+                                              : Qt::LeftButton);
     }
     return true;
 }

@@ -10,6 +10,7 @@ namespace desk::desktop {
 ///     form first tree               opens the form (FormByHand) with these of its controls
 ///     key Down Shift+Tab Ctrl+F     at whatever has the focus
 ///     hold Return                   until it repeats
+///     tabs 5                        what Tab comes to in so many steps is told
 ///     keys 3.5                      letter by letter
 ///     input 甲\n乙                  as an input method brings it, at once
 ///     paste 甲\n乙
@@ -19,6 +20,7 @@ namespace desk::desktop {
 ///                                   at a control, a line, a cell or a node ("0.1" is the second below the
 ///                                   first); the last lets go elsewhere, "shakyclick" a little beside,
 ///                                   "rightpress" not at all
+///     hit day 6                     the mouse, before the sixth letter
 ///     rest grid 2 1                 the pointer, until a tip comes
 ///     menu grid 2 1                 what a right click offers there; "choose 复制此行" takes one of it
 ///     drag grid 1 -100              the edge of a column, in pixels

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include "db/statement.h"
 #include "desktop/in_windows.h"
 #include "desktop/person.h"
 #include "money/tax_desk.h"
@@ -13,71 +14,7 @@
 namespace desk::desktop {
 namespace {
 
-TEST(TaxInvoiceForm, IsGoneThroughAsItIsRead) {
-    税控台 desk;
-    auto& screen = desk.open();
-    const Person person(layoutOf(screen));
-    auto& form = screen.样张;
-    form.票据本.focus();
-    std::string order = Person::focused();
-    for (int i = 0; i < 40 && Person::focused() != "关闭"; ++i) {
-        person.press({Qt::Key_Tab});
-        order += " " + Person::focused();
-    }
-    EXPECT_EQ(order,
-              "票据本 空白票据 付款单位 开票日期 经营项目1 单价1 数量1 金额1 经营项目2 单价2 数量2 金额2 "
-              "经营项目3 单价3 数量3 金额3 备注 开票人 打印发票 关闭");
-    // Enter goes the same way, and presses the button that it comes to.
-    form.备注.focus();
-    person.press({Qt::Key_Return, Qt::Key_Return});
-    EXPECT_EQ(Person::focused(), "打印发票");
-    desk.files.present.clear();
-    person.press({Qt::Key_Return});
-    EXPECT_EQ(desk.desktop.takeMessage(), "未找到税控软件，请确认是否安装了税控发票打印软件");
-    EXPECT_FALSE(person.at(screen.打印发票).isEnabled() || person.at(screen.关闭).isEnabled());
-}
-
-TEST(TaxInvoiceForm, ShowsWhoCannotPrintAndWhatWentWrong) {
-    税控台 desk;
-    desk.run({"Delete From SKOperator"});
-    auto& screen = desk.open();
-    const Person person(layoutOf(screen));
-    EXPECT_FALSE(person.at(screen.打印发票).isEnabled());
-    EXPECT_TRUE(person.at(screen.打印发票).isVisible());
-    EXPECT_FALSE(person.at(screen.出现错误).isVisible());
-    const int before = person.at(screen.样张.付款单位).mapTo(&person.window(), QPoint()).y();
-    screen.出现错误.setVisible(true);
-    EXPECT_TRUE(person.at(screen.出现错误).isVisible());
-    QApplication::processEvents();
-    EXPECT_EQ(person.at(screen.样张.付款单位).mapTo(&person.window(), QPoint()).y(), before);
-}
-
-TEST(TaxInvoiceForm, TheRecoveryTakesTheFocusAndKeepsIt) {
-    税控台 desk;
-    desk.isRunning();
-    auto& screen = desk.open();
-    const Person person(layoutOf(screen));
-    desk.desktop.answers = {Answer::no};
-    screen.打印发票.focus();
-    person.press({Qt::Key_Return});
-    ASSERT_TRUE(person.at(screen.恢复.面板).isVisible());
-    EXPECT_EQ(Person::focused(), "选项0");
-    std::string order;
-    for (int i = 0; i < 7; ++i) {
-        person.press({Qt::Key_Tab});
-        order += " " + Person::focused();
-    }
-    EXPECT_EQ(order, " 选项1 选项2 选项3 重新打印 退票 取消收款 确定");
-    person.press({Qt::Key_Escape});
-    EXPECT_TRUE(person.at(screen.恢复.面板).isVisible());
-    person.press({Qt::Key_Return});
-    EXPECT_FALSE(person.at(screen.恢复.面板).isVisible());
-    EXPECT_TRUE(person.at(screen.关闭).isEnabled());
-    person.click(screen.关闭);
-    EXPECT_FALSE(desk.isOpen());
-}
-
-/// The screen in its own modal window, on the real desktop of the program.
+/// The screen in its own modal window, on the real desktop of the program, with a tax program that runs.
 class TaxInvoiceWindow : public InWindows {
   protected:
     TaxInvoiceWindow() : InWindows(layoutOf, [](TestProgram& program) { 加税控台(program.db()); }) {
@@ -99,6 +36,12 @@ class TaxInvoiceWindow : public InWindows {
             app->desktop.showModally(screen);
         });
         QApplication::processEvents();
+    }
+    void addStep(int number, const char* type, const char* x, const char* keys) {
+        app->主连接.execute(
+            sql("Insert Into SKStep (SK_ID,Operate_step,Stage,Operate_type,X,KeyString) Values "
+                "(1,{},'开票','{}','{}','{}')",
+                number, type, x, keys));
     }
     /// Lets `act` meet the next box.
     void atBox(const std::function<void(QMessageBox&)>& act) {
@@ -138,11 +81,8 @@ TEST_F(TaxInvoiceWindow, WaitsByItsTimerAndAsksSoThatAHastyEnterConfirmsNothing)
 }
 
 TEST_F(TaxInvoiceWindow, ClosedInTheMidstOfAWaitItTypesNothingMore) {
-    app->主连接.execute(
-        "Insert Into SKStep (SK_ID,Operate_step,Stage,Operate_type,X) Values (1,1,'开票','延时','2')");
-    app->主连接.execute(
-        "Insert Into SKStep (SK_ID,Operate_step,Stage,Operate_type,KeyString) Values "
-        "(1,2,'开票','键盘操作','{F9}')");
+    addStep(1, "延时", "2", "");
+    addStep(2, "键盘操作", "", "{F9}");
     show([&](Frm税控发票打印& screen, QWidget& window) {
         int ticks = 0;
         dynamic_cast<Timer&>(*screen.control("计时")).tick += [&] {
@@ -157,8 +97,7 @@ TEST_F(TaxInvoiceWindow, ClosedInTheMidstOfAWaitItTypesNothingMore) {
 }
 
 TEST_F(TaxInvoiceWindow, ComesForwardWhereTheNumberIsMissing) {
-    app->主连接.execute(
-        "Insert Into SKStep (SK_ID,Operate_step,Stage,Operate_type) Values (1,1,'开票','获取发票编号')");
+    addStep(1, "获取发票编号", "", "");
     show([&](Frm税控发票打印& screen, QWidget& window) {
         atBox([&](QMessageBox& box) {
             EXPECT_EQ(box.text(), "未能获取税控机上的发票号码，请重新按[打印发票]按钮");

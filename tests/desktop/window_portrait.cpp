@@ -75,7 +75,10 @@ std::string shownBy(const QAbstractButton& button) {
 }
 
 std::string shownBy(const QComboBox& combo, const ComboBox& control) {
-    return fmt::format("{} of {}", quoted(combo.currentText()), combo.count()) +
+    const QIcon mark = combo.itemIcon(combo.currentIndex());
+    const std::string colour =
+        mark.isNull() ? "" : " " + utf8(mark.pixmap(8).toImage().pixelColor(4, 3).name());
+    return fmt::format("{}{} of {}", quoted(combo.currentText()), colour, combo.count()) +
            unless(combo.currentIndex() == control.index() && combo.count() == control.count(),
                   control.text());
 }
@@ -106,12 +109,21 @@ std::string shownBy(const QListWidget& list, const ListBox& control) {
            unless(marked == control.selectedTexts(), join(control.selectedTexts(), " "));
 }
 
-/// The texts of a row that are in view.
+/// The text of a cell, or what its picture says.
+std::string cellOf(const QModelIndex& cell) {
+    const QString picture = cell.data(Qt::ToolTipRole).toString();
+    return utf8(picture.isEmpty() ? cell.data().toString() : "<" + picture + ">");
+}
+
+/// The cells of a row that are in view, with how many rows they stand for.
 std::string rowIn(const QTableView& view, int row) {
     std::vector<std::string> cells;
-    for (int column = 0; column < view.model()->columnCount(); ++column)
-        if (!view.isColumnHidden(column))
-            cells.push_back(utf8(view.model()->index(row, column).data().toString()));
+    for (int column = 0; column < view.model()->columnCount(); ++column) {
+        if (view.isColumnHidden(column)) continue;
+        const int rows = view.rowSpan(row, column);
+        cells.push_back(cellOf(view.model()->index(row, column)) +
+                        (rows > 1 ? fmt::format(" for {} rows", rows) : ""));
+    }
     return join(cells, "|");
 }
 
@@ -234,6 +246,7 @@ std::string relation(const QRect& part, const QRect& to) {
     if (part.top() > to.bottom()) return "lower than";
     if (part.bottom() + 1 == to.top()) return "above";
     const char* along = part.top() == to.top() ? "down" : part.bottom() == to.bottom() ? "up" : "";
+    if (part.top() == to.top() && part.left() > to.right() + 1) return "beside";
     if (part.left() == to.right() + 1) return fmt::format("right, {}, of", along);
     if (part.right() == to.left() - 1) return fmt::format("left, {}, of", along);
     return "across";
@@ -307,8 +320,10 @@ Portrait seenBy(const Person& person, Screen& screen) {
             add("titles of " + utf8(header->parentWidget()->objectName()), titlesOf(*header));
     for (const auto* bar : person.window().findChildren<QWidget*>("qt_findbar"))
         if (bar->isVisible()) add("finding", finding(*bar));
+    std::vector<std::string> hints;
     for (const auto* hint : person.window().findChildren<QLabel*>("qt_hint"))
-        if (hint->isVisible()) add("hint", quoted(hint->text()));
+        if (hint->isVisible()) hints.push_back(quoted(hint->text()));
+    add("hint", join(hints, " "));
     for (const auto* count : person.window().findChildren<QLabel*>(QRegularExpression("数目$")))
         add("count", utf8(count->text()));
     add("tip", QToolTip::isVisible() ? quoted(QToolTip::text()) : "");

@@ -1,3 +1,4 @@
+#include "base/failure.h"
 #include "money/tax_desk.h"
 
 namespace desk {
@@ -160,6 +161,45 @@ TEST_F(TaxRun, AWaitInsideAWaitLeavesTheTimerToTheOuterOne) {
     };
     screen.税控.延时(3);
     EXPECT_FALSE(screen.control("计时")->enabled());
+}
+
+TEST_F(TaxRun, CannotBePressedAgainWhileItReprints) {
+    desk.isRunning();
+    auto& screen = desk.open();
+    desk.print(screen, Answer::no);
+    screen.恢复.选项[3].click();
+    desk.desktop.answers = {Answer::no};
+    bool pressable = true;
+    desk.meanwhile = [&](const std::string&) { pressable = screen.恢复.确定.usable(); };
+    screen.恢复.确定.click();
+    EXPECT_FALSE(pressable);
+    EXPECT_TRUE(screen.恢复.确定.enabled());
+}
+
+TEST(TaxOpening, FailsWithoutWhatItsConfigurationNeeds) {
+    const auto openingAfter = [&](std::string_view statement) {
+        税控台 fresh;
+        fresh.types("{F2}");
+        fresh.db().execute(statement);
+        long failed = 0;
+        try {
+            fresh.open();
+        } catch (const RuntimeFailure& failure) {
+            failed = failure.number();
+        }
+        EXPECT_EQ(fresh.isOpen(), failed == 0);
+        return failed;
+    };
+    for (const char* statement :
+         {"Update SKStep Set Operate_type=Null", "Update SKOperator Set UserNum=Null",
+          "Update SKSfxm Set XM_Num=Null", "Update SKSfxm Set XM_Name=Null", "Update SKSfxm Set XM_Xu=Null"})
+        EXPECT_EQ(openingAfter(statement), 94) << statement;
+    EXPECT_EQ(openingAfter("Update SKSfxm Set XM_Xu=32768"), 6);
+    for (const char* statement :
+         {"Update SKStep Set Stage=Null,X=Null,Y=Null,KeyString=Null,Remark=Null",
+          "Update SKOperator Set Password=Null", "Update SKSfxm Set 项目编号=Null,项目名称=Null",
+          "Update 票据税控机 Set 软件名称=Null,启动后名称=Null"})
+        EXPECT_EQ(openingAfter(statement), 0) << statement;
 }
 
 }  // namespace
