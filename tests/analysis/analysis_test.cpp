@@ -60,13 +60,6 @@ TEST_F(Analysis, TheSliceUnderThePointerRisesAndSinksAgain) {
     EXPECT_EQ(form.Picture1.point(6000, 1400), 255);
 }
 
-TEST_F(Analysis, HalvesOfAPercentGoToTheEvenNeighbour) {
-    analyse({"10", "2", "2", "2", "3", "3", "3", "3"});
-    std::string percents;
-    for (int row = 1; row < form.MSFlexGrid1.rows(); ++row) percents += form.MSFlexGrid1.text(row, 4) + " ";
-    EXPECT_EQ(percents, "12 38 50 ");
-}
-
 TEST_F(Analysis, TheHiddenNumberIsTheDepthOfThePie) {
     analyse({"2"});
     // Half axes of 1800 and 1152 about a centre at 1500: the wall begins at 2652.

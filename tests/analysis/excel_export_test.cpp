@@ -48,44 +48,6 @@ TEST_F(ExcelExport, AClickChoosesAColumnAndADoubleClickGivesItUp) {
     EXPECT_EQ(program.spreadsheets.books.at("/data/a.xls").front().rows()[4].size(), 1U);
 }
 
-TEST_F(ExcelExport, WhatIsMissingIsToldAndNothingIsWritten) {
-    for (TextBox* title : {&form().文档标题, &form().工作表名称}) {
-        title->setText("");
-        form().Command2.click();
-        EXPECT_EQ(program.desktop.takeMessage(), "请输入标题内容");
-        title->setText("题");
-    }
-    program.spreadsheets.refusal = "文件已加密，不能写入";
-    form().Command2.click();
-    EXPECT_EQ(program.desktop.takeMessage(), "输出到Execl失败: 文件已加密，不能写入");
-    // The failure of before is not told again.
-    form().文件.setText("");
-    form().Command2.click();
-    ASSERT_EQ(program.desktop.messages.size(), 2U);
-    const Message& ask = program.desktop.messages.front();
-    EXPECT_EQ(ask.text + "|" + ask.title, "请确定输出的文件名|引驻台账");
-    EXPECT_EQ(ask.icon, Icon::none);
-    EXPECT_EQ(program.desktop.messages.back().icon, Icon::information);
-    EXPECT_EQ(program.desktop.takeMessage(), "输出到Execl失败: ");
-    EXPECT_TRUE(program.spreadsheets.books.at("/data/a.xls").empty());
-    EXPECT_TRUE(isOpen());
-}
-
-TEST_F(ExcelExport, TypedNamesGetTheEndingAndAMissingProgramIsTold) {
-    program.programs.canOpen = false;
-    form().文件.type("/data/d.1/2011.03");
-    form().文档标题.type("一/二");
-    program.desktop.files = {std::nullopt};
-    form().Command1.click();
-    EXPECT_EQ(program.desktop.fileQuestions.back().proposal, "一-二 2011-03-05.xls");
-    EXPECT_EQ(program.desktop.fileQuestions.back().purpose, FilePurpose::save);
-    form().Check1.click();
-    form().Command2.click();
-    EXPECT_TRUE(program.spreadsheets.books.contains("/data/d.1/2011.03.xls"));
-    EXPECT_EQ(program.desktop.messages.back().icon, Icon::information);
-    EXPECT_EQ(program.desktop.takeMessage(), "没有可以打开表格的程序。文件已保存在\r\n/data/d.1/2011.03.xls");
-}
-
 TEST_F(ExcelExport, ColumnsHaveNamesUpToTheHundredAndFiftySixth) {
     const std::pair<int, const char*> names[] = {{0, "A1"},    {25, "Z1"}, {26, "AA1"},
                                                  {155, "EZ1"}, {156, ""},  {-1, ""}};

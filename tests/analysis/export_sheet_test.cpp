@@ -4,7 +4,10 @@
 #include <gtest/gtest.h>
 
 #include "base/failure.h"
+#include "base/text.h"
+#include "support/cases.h"
 #include "support/test_program.h"
+#include "support/worksheet_words.h"
 
 namespace desk {
 namespace {
@@ -13,7 +16,7 @@ struct Form : Screen {
     Form() : Screen("form", "", WindowKind::child, 9000, 9000) {}
 };
 
-/// What a table becomes, in words.
+/// What a table becomes.
 class ExportSheet : public testing::Test {
   protected:
     Worksheet exported(const std::vector<int>& columns) {
@@ -23,48 +26,26 @@ class ExportSheet : public testing::Test {
                   exportSheet(grid, columns, "表", titles, [this](int rows) { reports.push_back(rows); }));
         return books.books.at("book").front();
     }
-    void fill(std::initializer_list<std::vector<std::string>> rows) {
-        for (const auto& row : rows) grid.addRow(row);
-    }
-    /// Two header rows, the upper and the lower texts given.
-    void setHeaders(const std::vector<std::string>& upper, const std::vector<std::string>& lower) {
-        grid.setColumns(static_cast<int>(upper.size()));
-        grid.setRows(2);
-        grid.setFixedRows(2);
+    void setRow(int row, const std::string& texts) {
+        const auto cells = split(texts, '|');
+        grid.setColumns(static_cast<int>(cells.size()));
         for (int column = 0; column < grid.columns(); ++column) {
-            grid.setText(0, column, upper[static_cast<std::size_t>(column)]);
-            grid.setText(1, column, lower[static_cast<std::size_t>(column)]);
+            const auto& cell = cells[static_cast<std::size_t>(column)];
+            grid.setText(row, column, cell == "." ? "" : cell);
         }
     }
-    static std::string lookOf(const CellLook& look) {
-        static constexpr const char* formats[] = {"general", "text", "number"};
-        static constexpr const char* across[] = {"general", "left", "centre", "right"};
-        static constexpr const char* down[] = {"bottom", "top", "centre", "distributed"};
-        return fmt::format("{} {} {}{} {}", formats[static_cast<int>(look.format)],
-                           across[static_cast<int>(look.across)], down[static_cast<int>(look.down)],
-                           look.bordered ? " bordered" : "", look.fontSize);
-    }
-    static std::vector<std::string> rowOf(const Worksheet& sheet, std::size_t row) {
-        std::vector<std::string> cells;
-        for (const auto& cell : sheet.rows().at(row)) cells.push_back(cell.text + ": " + lookOf(cell.look));
-        return cells;
-    }
-    static std::vector<std::string> textsOf(const Worksheet& sheet, std::size_t row) {
+    static std::string rowOf(const Worksheet& sheet, std::size_t row) {
         std::vector<std::string> texts;
-        for (const auto& cell : sheet.rows().at(row)) texts.push_back(cell.text);
-        return texts;
+        for (const auto& cell : sheet.rows().at(row)) texts.push_back(cell.text.empty() ? "." : cell.text);
+        return join(texts, "|");
     }
-    static std::vector<std::string> mergesOf(const Worksheet& sheet) {
+    /// Of the header rows, behind the three of the titles.
+    static std::string mergesOf(const Worksheet& sheet) {
         std::vector<std::string> merges;
         for (const auto& range : sheet.merges())
             merges.push_back(fmt::format("{},{}:{},{}", range.top, range.left, range.bottom, range.right));
-        return merges;
-    }
-    /// Those of the header rows, behind the three of the titles.
-    static std::vector<std::string> headerMergesOf(const Worksheet& sheet) {
-        auto merges = mergesOf(sheet);
         merges.erase(merges.begin(), merges.begin() + 3);
-        return merges;
+        return merges.empty() ? "none" : join(merges, " ");
     }
 
     Form form;
@@ -72,47 +53,18 @@ class ExportSheet : public testing::Test {
     std::vector<int> reports;
 };
 
-using Strings = std::vector<std::string>;
-
-TEST_F(ExportSheet, TitlesHeaderAndRowsHaveTheirLooks) {
-    fill({{"甲", "2011-3-5", "5", "7"}, {"", "", "", ""}});
-    const Worksheet sheet = exported({0, 1, 2, 3});
-    EXPECT_EQ(sheet.name(), "表");
-    ASSERT_EQ(sheet.rows().size(), 6U);
-    const std::string title = "general centre distributed 18";
-    const std::string subtitle = "general centre distributed 12";
-    const std::string printed = "general right distributed 10";
-    EXPECT_EQ(rowOf(sheet, 0), (Strings{"周报: " + title, ": " + title, ": " + title, ": " + title}));
-    EXPECT_EQ(rowOf(sheet, 1),
-              (Strings{"统计时段: " + subtitle, ": " + subtitle, ": " + subtitle, ": " + subtitle}));
-    EXPECT_EQ(rowOf(sheet, 2),
-              (Strings{"打印日期: " + printed, ": " + printed, ": " + printed, ": " + printed}));
-    EXPECT_EQ(rowOf(sheet, 3), (Strings{"名称: text centre distributed bordered 10.5",
-                                        "日期: text centre distributed bordered 10.5",
-                                        "数量: number centre distributed bordered 10.5",
-                                        "备注: number centre distributed bordered 10.5"}));
-    EXPECT_EQ(rowOf(sheet, 4),
-              (Strings{"甲: text general bottom bordered 10.5", "2011-3-5: text general bottom bordered 10.5",
-                       "5: number general bottom bordered 10.5", "7: number general bottom bordered 10.5"}));
-    EXPECT_EQ(rowOf(sheet, 5),
-              (Strings{": text general bottom bordered 10.5", ": text general bottom bordered 10.5",
-                       ": number general bottom bordered 10.5", ": number general bottom bordered 10.5"}));
-    Strings rows;
-    for (const auto& [row, look] : sheet.rowLooks()) rows.push_back(fmt::format("{}: {}", row, lookOf(look)));
-    EXPECT_EQ(rows,
-              (Strings{"0: " + title, "1: " + subtitle, "2: " + printed, "3: general centre distributed 0"}));
-    EXPECT_EQ(mergesOf(sheet), (Strings{"0,0:0,3", "1,0:1,3", "2,0:2,3"}));
-}
-
 TEST_F(ExportSheet, ChosenColumnsMoveTogetherWithTheirWidths) {
-    fill({{"甲", "2011-3-5", "5", "7"}});
+    grid.addRow({"甲", "2011-3-5", "5", "7"});
     grid.setColumnWidth(1, 1250);
     grid.setColumnWidth(3, 90);
-    const Worksheet sheet = exported({1, 3});
-    EXPECT_EQ(textsOf(sheet, 3), (Strings{"日期", "备注"}));
-    EXPECT_EQ(textsOf(sheet, 4), (Strings{"2011-3-5", "7"}));
-    EXPECT_EQ(sheet.columnWidths(), (std::map<int, double>{{0, 12.5}, {1, 0.9}}));
-    EXPECT_EQ(mergesOf(sheet), (Strings{"0,0:0,1", "1,0:1,1", "2,0:2,1"}));
+    const auto lines = inWords(exported({1, 3}));
+    EXPECT_EQ(lines.at(0), "sheet \"表\", widths 12.5 0.9, merges 0,0:0,1 1,0:1,1 2,0:2,1");
+    EXPECT_EQ(lines.at(4),
+              "row 3: \"日期|备注\" 1 x text centre distributed bordered 10.5, "
+              "1 x number centre distributed bordered 10.5; row general centre distributed 0");
+    EXPECT_EQ(lines.at(5),
+              "row 4: \"2011-3-5|7\" 1 x text general bottom bordered 10.5, "
+              "1 x number general bottom bordered 10.5");
 }
 
 TEST_F(ExportSheet, EveryRowIsWrittenAndTheProgressIsTold) {
@@ -127,50 +79,21 @@ TEST_F(ExportSheet, EveryRowIsWrittenAndTheProgressIsTold) {
     EXPECT_EQ(exported({0}).rows().size(), 3U);
 }
 
-TEST_F(ExportSheet, EqualHeadersBecomeOneFromTheFirstOfThemToTheLast) {
-    setHeaders({"来电", "来电", "来人", "来人", "来人"}, {"报纸", "网络", "男", "女", "其它"});
-    fill({{"1", "2", "3", "4", "5"}});
-    const Worksheet sheet = exported({0, 1, 2, 3, 4});
-    EXPECT_EQ(headerMergesOf(sheet), (Strings{"3,0:3,1", "3,2:3,4"}));
-    EXPECT_EQ(textsOf(sheet, 3), (Strings{"来电", "", "来人", "", ""}));
-    EXPECT_EQ(textsOf(sheet, 4), (Strings{"报纸", "网络", "男", "女", "其它"}));
-    EXPECT_EQ(textsOf(sheet, 5), (Strings{"1", "2", "3", "4", "5"}));
-    // The second header row looks as the rows below it do.
-    EXPECT_EQ(rowOf(sheet, 4)[0], "报纸: text general bottom bordered 10.5");
-}
-
-TEST_F(ExportSheet, AHeaderThatIsRepeatedBelowTakesBothRows) {
-    setHeaders({"序", "来电", "合计"}, {"序", "报纸", "合计"});
-    const Worksheet sheet = exported({0, 1, 2});
-    EXPECT_EQ(headerMergesOf(sheet), (Strings{"3,0:4,0", "3,2:4,2"}));
-    EXPECT_EQ(textsOf(sheet, 3), (Strings{"序", "来电", "合计"}));
-    EXPECT_EQ(textsOf(sheet, 4), (Strings{"", "报纸", ""}));
-}
-
-TEST_F(ExportSheet, BehindARunTheLastColumnIsAskedWhoseUpperTextHasGone) {
-    // The first column of the run repeats its header below, and is not asked.
-    setHeaders({"来电", "来电"}, {"来电", "网络"});
-    Worksheet sheet = exported({0, 1});
-    EXPECT_EQ(headerMergesOf(sheet), Strings{"3,0:3,1"});
-    EXPECT_EQ(textsOf(sheet, 4), (Strings{"来电", "网络"}));
-    // Nor does the last one's own header count: it is empty by then, and so is equal to an empty one below.
-    setHeaders({"来电", "来电"}, {"报纸", "来电"});
-    sheet = exported({0, 1});
-    EXPECT_EQ(headerMergesOf(sheet), Strings{"3,0:3,1"});
-    EXPECT_EQ(textsOf(sheet, 4), (Strings{"报纸", "来电"}));
-    setHeaders({"来电", "来电"}, {"报纸", ""});
-    EXPECT_EQ(headerMergesOf(exported({0, 1})), Strings{"3,0:4,1"});
-}
-
-TEST_F(ExportSheet, OnlyTwoHeaderRowsAreMerged) {
-    for (const int fixed : {1, 3}) {
-        setHeaders({"来电", "来电", "合计"}, {"报纸", "网络", "合计"});
+TEST_F(ExportSheet, HeadersBecomeOneAsIsWrittenDown) {
+    for (const auto& [where, fields] : casesIn("headers.txt")) {
+        SCOPED_TRACE(where);
+        const auto given = split(fields[0], ';');
         grid.setRows(3);
-        grid.setFixedRows(fixed);
-        const Worksheet sheet = exported({0, 1, 2});
-        EXPECT_TRUE(headerMergesOf(sheet).empty()) << fixed;
-        EXPECT_EQ(textsOf(sheet, 3), (Strings{"来电", "来电", "合计"})) << fixed;
-        EXPECT_EQ(textsOf(sheet, 4), (Strings{"报纸", "网络", "合计"})) << fixed;
+        grid.setFixedRows(std::stoi(given.at(0)));
+        setRow(0, given.at(1));
+        setRow(1, given.at(2));
+        std::vector<int> columns(static_cast<std::size_t>(grid.columns()));
+        for (int column = 0; column < grid.columns(); ++column)
+            columns[static_cast<std::size_t>(column)] = column;
+        const Worksheet sheet = exported(columns);
+        EXPECT_EQ(mergesOf(sheet) + ";" + rowOf(sheet, 3) + ";" + rowOf(sheet, 4), fields[1]);
+        // The second header row looks as the rows below it do.
+        EXPECT_EQ(sheet.rows()[4][0].look, sheet.rows()[5][0].look);
     }
 }
 

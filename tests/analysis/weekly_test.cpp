@@ -20,16 +20,6 @@ Lines linesOf(const Grid& grid) {
     return lines;
 }
 
-/// Whether a row is a title row of a later view: coloured and bold in all of its cells, or in none.
-bool isTitle(const Grid& grid, int row) {
-    const bool title = grid.cellBold(row, 0);
-    for (int column = 0; column < grid.columns(); ++column) {
-        EXPECT_EQ(grid.cellBold(row, column), title) << row << "," << column;
-        EXPECT_EQ(grid.cellColour(row, column), title ? std::optional<Colour>(10987465) : std::nullopt);
-    }
-    return title;
-}
-
 class Weekly : public testing::Test {
   protected:
     Weekly() {
@@ -54,37 +44,6 @@ class Weekly : public testing::Test {
 
     WeeklyProgram program;
 };
-
-TEST_F(Weekly, AnEmptyDictionaryHasAHeaderAndStillComesFirst) {
-    program.run({"Delete From YZ_区域设置"});
-    EXPECT_EQ(count({"QU", "XW"}), (Lines{"序|区域分析|人数|占比例", "|询问重点|人数|占比例",
-                                          "2|租金|2|50.00%", "3|车位|2|50.00%"}));
-    EXPECT_TRUE(isTitle(grid(), 1));
-    // A new count begins anew, with no colours left.
-    EXPECT_EQ(count({"XZ"}).size(), 3U);
-    EXPECT_FALSE(isTitle(grid(), 1));
-}
-
-TEST_F(Weekly, APeriodWithoutLeadsHasCountsOfNothingAndNoShares) {
-    EXPECT_EQ(grid().hint, "请选择区域、时段和项目，然后统计");
-    span({2011, 6, 30}, {2011, 7, 1});
-    EXPECT_EQ(count({"MT", "YS", "LR", "MJ"}),
-              (Lines{"序|媒体分析|人数|占比例", "1|报纸|0|", "2|网络|0|",
-                     "|预算租金（元/平米/天）|人次|占比例", "|每天来人量|人次|占比例", "5|06.30（周四）|0|",
-                     "6|07.01（周五）|0|", "|面积分析|人次|占比例"}));
-    EXPECT_EQ(grid().hint, "没有统计结果");
-}
-
-TEST_F(Weekly, DaysAreCountedFromTheFirstToTheLastOverMonthsAndYears) {
-    span({2011, 3, 3}, {2011, 3, 3});
-    EXPECT_EQ(count({"LR"}), (Lines{"序|每天来人量|人次|占比例", "1|03.03（周四）|1|100.00%"}));
-    span({2011, 12, 31}, {2012, 1, 2});
-    EXPECT_EQ(count({"LR"}), (Lines{"序|每天来人量|人次|占比例", "1|12.31（周六）|0|", "2|01.01（周日）|0|",
-                                    "3|01.02（周一）|0|"}));
-    span({2012, 1, 1}, {2012, 12, 31});
-    EXPECT_EQ(count({"LR"}).size(), 367U);
-    EXPECT_EQ(grid().text(60, 1), "02.29（周三）");
-}
 
 TEST(Shares, AreReckonedInSinglePrecision) {
     EXPECT_EQ(占比例(0, 0), "");
@@ -156,20 +115,6 @@ TEST_F(WeeklyInterrupted, StoppingLeavesTheViewsThatWereDone) {
                      }
                      EXPECT_TRUE(isOpen());
                  });
-}
-
-TEST_F(WeeklyInterrupted, WhatIsLeftOfAStoppedCountIsFittedAndTheFirstViewLeavesNothing) {
-    count({"YS"});
-    int reports = 0;
-    const auto stopAfter = [&](int done) {
-        reports = 0;
-        program.desktop.watcher = [&reports, done](std::string_view, long, long) { return ++reports < done; };
-    };
-    stopAfter(1);
-    EXPECT_EQ(count({"MT", "LR"}), Lines{"|||"});
-    stopAfter(3);
-    EXPECT_EQ(count({"MT", "LR"}).size(), 3U);
-    EXPECT_EQ(grid().columnWidth(1), 4 * 150 + 180);
 }
 
 TEST_F(WeeklyInterrupted, NeitherAnotherCountNorTheExportBeginsMeanwhile) {

@@ -72,7 +72,10 @@ std::optional<Colour> ScriptedDesktop::chooseColour(Colour) {
     return next(colours, "a colour");
 }
 std::optional<std::string> ScriptedDesktop::chooseFile(const FileQuestion& question) {
-    note("asks for a file in " + question.directory + ", " + question.filter);
+    const std::string what =
+        question.purpose == FilePurpose::save ? "asks where to save in " : "asks for a file in ";
+    note(what + question.directory + ", " + question.filter +
+         (question.proposal.empty() ? "" : ", proposes " + question.proposal));
     fileQuestions.push_back(question);
     return next(files, "a file");
 }

@@ -13,6 +13,7 @@
 #include "base/failure.h"
 #include "base/text.h"
 #include "db/engine.h"
+#include "support/worksheet_words.h"
 
 namespace desk {
 
@@ -115,6 +116,12 @@ void Transcript::step(const std::string& line) {
         if (verb == "quiet") quiet_ = true;
         if (verb == "window") return program.programs.windows.push_back(rest);
         if (verb == "file") return void(program.files.present.insert(rest));
+        if (verb == "refuses") return void(program.spreadsheets.refusal = rest);
+        if (verb == "opens") return void(program.programs.canOpen = false);
+        if (verb == "stops")
+            program.desktop.watcher = [left = std::stoi(rest)](std::string_view, long, long) mutable {
+                return --left != 0;
+            };
         if (verb == "copies")
             program.machine.hook = [this, rest](const std::string& call) {
                 if (call.starts_with("send ^")) program.clipboard.held = rest;
@@ -259,6 +266,12 @@ void Transcript::settleMachine() {
     for (const auto& [path, bytes] : program.files.written)
         say(fmt::format("writes {} bytes to {}", bytes.size(), path));
     program.files.written.clear();
+    for (const auto& [path, sheets] : program.spreadsheets.books) {
+        say("workbook " + path + (sheets.empty() ? " without a sheet" : ""));
+        for (const auto& sheet : sheets)
+            for (const auto& line : inWords(sheet)) say(line);
+    }
+    program.spreadsheets.books.clear();
 }
 
 std::vector<std::string> transcriptsIn(const std::string& folder) {

@@ -24,6 +24,9 @@ namespace desk {
 ///     file c:\税控\开票.exe          a file that is on the machine
 ///     copies 9001                  what the clipboard holds once a program was asked to copy
 ///     quiet                        statements are not told
+///     refuses 文件已加密，不能写入      why no workbook can be written from now on
+///     opens nothing                no program is there for files
+///     stops 3                      a person stops long work when it tells for the third time how far it is
 ///     > open frm中介公司设置         what the person does, in the words of ScriptedHand
 ///         select …                 what the program did
 ///
