@@ -57,6 +57,7 @@ std::string shownBy(const QLineEdit& line, const TextBox& box) {
     const bool isFlat = !line.hasFrame() && colours.color(QPalette::Base) == colours.color(QPalette::Window);
     if (line.isReadOnly() != isFlat) shown += " BUT LOOKS OTHERWISE";
     if (line.alignment().testFlag(Qt::AlignRight)) shown += " at the right";
+    if (line.textMargins().right() > 0) shown += " clear of its button";
     if (!line.toolTip().isEmpty()) shown += " cue " + quoted(line.toolTip());
     if (line.toolTip().isEmpty() != line.actions().isEmpty()) shown += " BUT WITHOUT SIGN AND WORDS TOGETHER";
     return shown + unless(utf8(line.text()) == box.text(), box.text());
