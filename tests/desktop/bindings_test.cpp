@@ -13,12 +13,8 @@
 namespace desk::desktop {
 namespace {
 
-class Bindings : public testing::Test {
-  protected:
+TEST(Bindings, ATimerTicksWhileItIsEnabled) {
     Form form;
-};
-
-TEST_F(Bindings, ATimerTicksWhileItIsEnabled) {
     Timer timer(form, "timer", 10);
     int ticks = 0;
     timer.tick += [&] { ++ticks; };
@@ -31,7 +27,8 @@ TEST_F(Bindings, ATimerTicksWhileItIsEnabled) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return ticks > 2; }));
 }
 
-TEST_F(Bindings, ACanvasTellsInTwipsWhereItIsPressed) {
+TEST(Bindings, ACanvasTellsInTwipsWhereItIsPressed) {
+    Form form;
     const Person person(shown({&form.canvas}));
     std::vector<double> at;
     form.canvas.pressed += [&](double x, double y) { at = {x, y}; };
@@ -48,20 +45,17 @@ void pressAwayTheBox() {
 
 TEST(Edge, AFailureThatNobodyTrapsIsShownAndEndsTheProcess) {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
-    const auto fail = [] {
-        pressAwayTheBox();
-        enter([] { throw RuntimeFailure(failure::noCurrentRow, "BOF 或 EOF 中有一个是真"); });
+    const auto endsWith = [](const RuntimeFailure& failure, const char* told) {
+        const auto fail = [&failure] {
+            pressAwayTheBox();
+            enter([&failure] { throw failure; });
+        };
+        EXPECT_EXIT(fail(), testing::ExitedWithCode(1), told);
     };
-    EXPECT_EXIT(fail(), testing::ExitedWithCode(1), "运行时错误 '3021'.*BOF 或 EOF");
-    const auto failInAStatement = [] {
-        pressAwayTheBox();
-        enter([] {
-            RuntimeFailure refused(failure::wrongStatement, "对象名 '无' 无效。");
-            refused.setStatement("Select * From 无");
-            throw refused;
-        });
-    };
-    EXPECT_EXIT(failInAStatement(), testing::ExitedWithCode(1), "无效。\n语句：Select \\* From 无");
+    endsWith({failure::noCurrentRow, "BOF 或 EOF 中有一个是真"}, "运行时错误 '3021'.*BOF 或 EOF");
+    RuntimeFailure refused(failure::wrongStatement, "对象名 '无' 无效。");
+    refused.setStatement("Select * From 无");
+    endsWith(refused, "无效。\n语句：Select \\* From 无");
 }
 
 }  // namespace

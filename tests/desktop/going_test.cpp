@@ -94,8 +94,7 @@ TEST_F(Going, AFieldDoesNothingMoreAndGivesItsNameToTheNext) {
 }
 
 TEST_F(Going, ALineThatTakesItsListAwayIsItsLast) {
-    Sheet& sheet = open("sheet");
-    std::optional<ListBox> list(std::in_place, sheet, "list");
+    std::optional<ListBox> list(std::in_place, open("sheet"), "list");
     list->addItem("岗位");
     auto* shown = added<QAbstractItemView>(*list);
     list->clicked += [&](int) { list.reset(); };

@@ -26,6 +26,7 @@
 #include "desktop/form_by_hand.h"
 #include "desktop/window_portrait.h"
 #include "support/scripted_hand.h"
+#include "ui/marker.h"
 
 namespace desk::desktop {
 
@@ -34,7 +35,9 @@ namespace {
 /// Whatever takes the keys.
 QWidget* typedAt() {
     QWidget* popup = QApplication::activePopupWidget();
-    if (popup == nullptr) return QApplication::focusWidget();
+    QWidget* focus = QApplication::focusWidget();
+    if (popup == nullptr && focus == nullptr) throw std::logic_error("nothing has the focus");
+    if (popup == nullptr) return focus;
     return popup->focusWidget() != nullptr ? popup->focusWidget() : popup;
 }
 
@@ -175,8 +178,8 @@ bool HandActor::act(ScriptedHand& hand, const std::string& verb, const std::stri
                                              "ctrlclick", "shiftclick", "doubleclick", "pressoff",
                                              "hit",       "shakyclick", "rightpress",  "rest",
                                              "menu",      "drag",       "scroll"};
-    if (!words.contains(verb)) return false;
     Control& control = hand.control(name);
+    if (!words.contains(verb) && dynamic_cast<Marker*>(&control) == nullptr) return false;
     return atTheView(control, verb, argument) || withTheMouse(control, verb, argument);
 }
 
@@ -235,8 +238,9 @@ bool HandActor::atTheView(Control& control, const std::string& verb, const std::
                           header.height() / 2);
         moveAndLetGo(header, edge, edge + QPoint(std::stoi(by), 0));
     } else if (verb == "scroll") {
-        QScrollBar& bar = *reached<QAbstractItemView>(control)->verticalScrollBar();
-        bar.setValue(at == "top" ? 0 : at == "end" ? bar.maximum() : std::stoi(at));
+        auto* bar = reached<QScrollBar>(control);
+        if (bar == nullptr) bar = reached<QAbstractItemView>(control)->verticalScrollBar();
+        bar->setValue(at == "top" ? 0 : at == "end" ? bar->maximum() : std::stoi(at));
     } else {
         return false;
     }

@@ -5,6 +5,7 @@
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QTest>
+#include <algorithm>
 #include <set>
 
 #include "desktop/convert.h"
@@ -20,33 +21,24 @@ namespace {
 /// The main window over a program that works on a database in memory.
 class MainWindow : public testing::Test {
   protected:
-    MainWindow() {
-        program.openDatabase();
-        program.app.session = {"E01", "林晓", "01", "招商部", "0101", "招商专员", "A", "业务", "P1", "专员"};
-        program.app.连接字符串 = "Initial Catalog='/data/hongxu.db';Data Source='(embedded)'";
-        main = &program.app.screens.get<MDIForm1>();
-    }
-
     TestProgram program;
-    MDIForm1* main;
+    MDIForm1& main = opened();
+    MainWindowView view{main};
+
+  private:
+    MDIForm1& opened() {
+        program.openDatabase();
+        return program.app.screens.get<MDIForm1>();
+    }
 };
 
-TEST_F(MainWindow, TheStatusBarTellsWhoWorksOnWhatAndWhatWasSaved) {
-    EXPECT_EQ(main->状态栏.panel(0), "E01 林晓");
-    EXPECT_EQ(main->状态栏.panel(1), "招商部 招商专员");
-    EXPECT_EQ(main->状态栏.panel(2), "hongxu.db");
-    MainWindowView view(*main);
-    view.show();
-    view.notify("已保存 2026-000854");
-    EXPECT_EQ(view.statusBar()->currentMessage(), "已保存 2026-000854");
-    EXPECT_TRUE(view.statusBar()->findChild<QWidget*>("状态栏")->isVisible());
-}
-
-TEST_F(MainWindow, F10OpensTheFirstMenuThatCanBeUsed) {
-    MainWindowView view(*main);
+TEST_F(MainWindow, TellsWhatWasSavedAndOpensTheFirstMenuThatCanBeUsedOnF10) {
     view.show();
     view.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
+    view.notify("已保存 2026-000854");
+    EXPECT_EQ(view.statusBar()->currentMessage(), "已保存 2026-000854");
+    EXPECT_TRUE(view.statusBar()->findChild<QWidget*>("状态栏")->isVisible());
     QTest::keyClick(&view, Qt::Key_F10);
     ASSERT_NE(view.menuBar()->activeAction(), nullptr);
     EXPECT_EQ(withoutMnemonic(view.menuBar()->activeAction()->text()), "其它模块");
@@ -60,7 +52,7 @@ TEST_F(MainWindow, LettersOfTheMenuBarAndOfTheButtonsDiffer) {
         EXPECT_NE(shown, caption);
         letters.insert(shown.section('&', 1).left(1));
     };
-    for (const MenuEntry& entry : main->entries())
+    for (const MenuEntry& entry : main.entries())
         if (entry.parent() == nullptr) note(text(entry.caption()));
     for (const char* button : {"新增", "取消", "确定", "删除", "退出", "终止", "输出", "浏览", "登录"})
         note(button);
@@ -78,23 +70,20 @@ TEST_F(MainWindow, NoChildIsClosedByTheKeyThatOtherProgramsUseInsideTexts) {
 }
 
 TEST_F(MainWindow, TheMenuShowsWhatItsEntriesSay) {
-    main->entry("客户跟进分配")->setVisible(false);
-    main->entry("意向金收取")->setEnabled(false);
-    const MainWindowView view(*main);
-    const auto action = [&](const char* caption) {
-        for (const QAction* each : view.findChildren<QAction*>())
-            if (withoutMnemonic(each->text()) == caption) return each;
-        throw std::logic_error(caption);
-    };
-    EXPECT_FALSE(action("客户跟进分配")->isVisible());
-    EXPECT_FALSE(action("意向金收取")->isEnabled());
-    EXPECT_TRUE(action("客户信息登记")->isVisible());
-    main->entry("客户跟进分配")->setVisible(true);
-    main->entry("统计报表")->setVisible(false);
-    main->entry("客户跟进管理")->setEnabled(false);
-    EXPECT_TRUE(action("客户跟进分配")->isVisible());
-    EXPECT_FALSE(action("统计报表")->isVisible());
-    EXPECT_FALSE(action("客户跟进管理")->isEnabled());
+    const auto actions = view.findChildren<QAction*>();
+    // A menu of the bar, and one of its entries.
+    for (const char* caption : {"客户跟进管理", "客户跟进分配"}) {
+        MenuEntry& entry = *main.entry(caption);
+        const QAction& action = **std::find_if(actions.begin(), actions.end(), [&](const QAction* each) {
+            return withoutMnemonic(each->text()) == caption;
+        });
+        for (const bool on : {false, true}) {
+            entry.setVisible(on);
+            entry.setEnabled(on);
+            EXPECT_EQ(action.isVisible(), on) << caption;
+            EXPECT_EQ(action.isEnabled(), on) << caption;
+        }
+    }
 }
 
 }  // namespace

@@ -1,4 +1,6 @@
+#include <QFileDialog>
 #include <QScreen>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <cstdlib>
 
@@ -76,6 +78,40 @@ TEST_F(Modal, APressIsBusyUntilAPersonIsAsked) {
     QTest::mouseClick(at(sheet.press), Qt::LeftButton);
     EXPECT_EQ(seen, std::vector<bool>({true, false, true}));
     EXPECT_FALSE(isBusy());
+}
+
+TEST_F(Modal, AskedForADeletionEnterSaysNoAndEscapeAlways) {
+    const auto answered = [](Qt::Key key, const std::function<bool()>& ask) {
+        QTimer::singleShot(0, qApp, [key] {
+            EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() != nullptr; }));
+            QTest::keyClick(QApplication::activeModalWidget(), key);
+        });
+        return ask();
+    };
+    const auto other = [&] {
+        const Message question{"要保存吗？", "提醒", Icon::question, Buttons::yesNo, Answer::yes};
+        return desktop->messageBox(question) == Answer::yes;
+    };
+    EXPECT_FALSE(answered(Qt::Key_Return, [&] { return app->confirmDeletion("确定要删除该信息吗？"); }));
+    EXPECT_TRUE(answered(Qt::Key_Return, other));
+    EXPECT_FALSE(answered(Qt::Key_Escape, other));
+}
+
+TEST_F(Modal, AFileToSaveIsProposedAndMayBeANewOne) {
+    const QTemporaryDir folder;
+    const std::string path = utf8(folder.path());
+    for (const FilePurpose purpose : {FilePurpose::save, FilePurpose::open}) {
+        bool saves = false;
+        QTimer::singleShot(0, qApp, [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            saves = dialog->acceptMode() == QFileDialog::AcceptSave;
+            QTest::keyClick(dialog, saves ? Qt::Key_Return : Qt::Key_Escape);
+        });
+        const auto file = desktop->chooseFile({path, "表|*.xls", purpose, "统计.xls"});
+        EXPECT_EQ(saves, purpose == FilePurpose::save);
+        EXPECT_EQ(file.value_or(""), saves ? path + "/统计.xls" : "");
+    }
 }
 
 }  // namespace

@@ -29,6 +29,8 @@
 #include "ui/choices.h"
 #include "ui/fields.h"
 #include "ui/grid.h"
+#include "ui/marker.h"
+#include "ui/panel.h"
 #include "ui/tree.h"
 
 namespace desk::desktop {
@@ -208,6 +210,16 @@ std::string colourOf(QWidget& area) {
     return utf8(area.grab().toImage().pixelColor(area.rect().center()).name());
 }
 
+/// A marker's text, and the cell that it covers, with the line that parts it from the next.
+std::string overACell(const QWidget& marker) {
+    const auto& view = dynamic_cast<QTableView&>(*marker.parentWidget());
+    const QRect at = marker.geometry().translated(-view.viewport()->pos());
+    const QModelIndex cell = view.indexAt(at.center());
+    const bool covers = at == view.visualRect(cell).adjusted(0, 0, 1, 1);
+    return fmt::format("{} over {} {}{}", quoted(marker.accessibleName()), cell.row(), cell.column(),
+                       covers ? "" : " askew");
+}
+
 std::string panelsOf(const QWidget& bar) {
     std::vector<std::string> texts;
     for (const auto* panel : bar.findChildren<QLabel*>()) texts.push_back(utf8(panel->text()));
@@ -235,6 +247,7 @@ std::string shownBy(Control& control, QWidget& widget) {
     if (auto* label = qobject_cast<QLabel*>(&widget)) return quoted(label->text());
     if (dynamic_cast<Swatch*>(&control) != nullptr || dynamic_cast<Canvas*>(&control) != nullptr)
         return colourOf(widget);
+    if (dynamic_cast<Marker*>(&control) != nullptr) return overACell(widget);
     if (dynamic_cast<StatusBar*>(&control) != nullptr) return panelsOf(widget);
     return "there";
 }
@@ -255,7 +268,11 @@ std::string relation(const QRect& part, const QRect& to) {
 
 /// Where it floats: at which other control or cell, and whether that is in view.
 std::string placeOf(const Person& person, const Control& control, const QWidget& part) {
-    if (control.anchor() == nullptr) return "";
+    if (control.anchor() == nullptr) {
+        const bool atHalf =
+            dynamic_cast<const Panel*>(&control) != nullptr && part.y() == part.parentWidget()->height() / 2;
+        return atHalf ? " over the lower half" : "";
+    }
     QWidget& at = person.at(*control.anchor());
     const QWidget* window = &person.window();
     QRect to(at.mapTo(window, QPoint()), at.size());
@@ -269,6 +286,11 @@ std::string placeOf(const Person& person, const Control& control, const QWidget&
         name += fmt::format(" {} {}", cell->row, cell->column);
     }
     return fmt::format(" {} {}{}", relation({part.mapTo(window, QPoint()), part.size()}, to), name, hidden);
+}
+
+/// Whether something of it lies within what holds it.
+bool isInSight(const QWidget& widget) {
+    return widget.isWindow() || widget.geometry().intersects(widget.parentWidget()->rect());
 }
 
 /// The control that has the focus, or what else has it.
@@ -314,6 +336,8 @@ Portrait seenBy(const Person& person, Screen& screen) {
         auto* widget = person.window().findChild<QWidget*>(text(control->name()));
         if (widget == nullptr || !widget->isVisible()) continue;
         add(control->name(), shownBy(*control, *widget) + placeOf(person, *control, *widget) +
+                                 (widget->accessibleDescription() == "必填" ? " demanded" : "") +
+                                 (isInSight(*widget) ? "" : " out of sight") +
                                  (widget->isEnabled() ? "" : " disabled"));
     }
     for (const auto* header : person.window().findChildren<QHeaderView*>())
