@@ -75,6 +75,25 @@ class PartInCell : public QObject {
     InCell place_;
 };
 
+/// A view of another size moves its last rows to its lower edge, of which no signal tells.
+class AnotherSize : public QObject {
+  public:
+    AnotherSize(QWidget* viewport, QObject* context, std::function<void()> moved)
+        : QObject(context), moved_(std::move(moved)) {
+        viewport->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Resize)
+            QMetaObject::invokeMethod(
+                this, [this] { moved_(); }, Qt::QueuedConnection);
+        return false;
+    }
+
+  private:
+    std::function<void()> moved_;
+};
+
 }  // namespace
 
 QRect anchorCellIn(const QTableView& view, const Control& control) {
@@ -91,6 +110,7 @@ void whenCellsMove(QTableView* view, QObject* context, const std::function<void(
     }
     for (const QScrollBar* bar : {view->horizontalScrollBar(), view->verticalScrollBar()})
         QObject::connect(bar, &QScrollBar::valueChanged, context, moved);
+    new AnotherSize(view->viewport(), context, moved);
 }
 
 void layInCell(QTableView* view, Control& control, QWidget* part, InCell place) {
