@@ -33,13 +33,14 @@ Value valueOf(const std::string& words) {
 }
 
 std::string told(Recordset::Field field) {
+    const std::string text = field.text();
     const Value value = field.value();
     EXPECT_EQ(value.isNull(), field.isNull());
-    EXPECT_EQ(value.text(), field.text());
+    EXPECT_EQ(value.text(), text);
     if (value.isNull()) return "NULL";
-    if (!std::holds_alternative<std::string>(value.held())) return value.text();
-    EXPECT_EQ(value.text(), field.view());
-    return sql("'{}'", value.text());
+    if (!std::holds_alternative<std::string>(value.held())) return text;
+    EXPECT_EQ(field.view(), text);
+    return sql("'{}'", text);
 }
 
 std::string told(Recordset& row) {

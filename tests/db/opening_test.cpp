@@ -119,27 +119,17 @@ TEST_F(MadeFile, GetsIndexesAnewThatAnotherOrderWrote) {
     EXPECT_EQ(bytesOf(path_).substr(userVersion, 4), version);
 }
 
-/// This process without the rights of the machine's administrator, for whom no file is read-only.
-class PlainUser {
-  public:
-    PlainUser() { change(nobody); }
-    ~PlainUser() { change(0); }
-
-  private:
-    static constexpr uid_t nobody = 65534;
-    static void change(uid_t user) {
-        if (getuid() == 0) {
-            EXPECT_EQ(seteuid(user), 0);
-        }
-    }
-};
-
 TEST_F(MadeFile, IsRefusedAtOnceWhereNothingCanBeSaved) {
+    // For the machine's administrator no file is read-only.
+    constexpr uid_t nobody = 65534;
+    const bool isAdministrator = geteuid() == 0;
     const auto expectRefusedWith = [&](mode_t folderMode, mode_t fileMode, const char* words) {
         chmod(folder_.c_str(), folderMode);
         chmod(path_.c_str(), fileMode);
-        const PlainUser plain;
+        const int became = isAdministrator ? seteuid(nobody) : 0;
         expectRefused(words);
+        const int isAgain = isAdministrator ? seteuid(0) : 0;
+        EXPECT_EQ(std::pair(became, isAgain), std::pair(0, 0));
     };
     expectRefusedWith(0777, 0444, "文件是只读的");
     expectRefusedWith(0555, 0666, "文件夹是只读的");

@@ -161,6 +161,7 @@ TEST_F(OldFile, IsLeftAloneByASeatThatComesSecond) {
         EXPECT_TRUE(open());
     };
     EXPECT_FALSE(embedded::bringUp(second, path_, embedded::Damage::isRefused));
+    EXPECT_FALSE(second.sqlite().inTransaction());
     EXPECT_EQ(otherFiles().size(), 1U);
     expectPresent();
 }
