@@ -31,9 +31,11 @@ class Admin : public testing::Test {
 
     /// `before` stands in front of the tool's name.
     Outcome run(const std::string& words, const std::string& before = "") {
-        const std::string command = "cd '" + folder.string() +
-                                    "' && exec </dev/null && unset TENANT_DESK_PASSWORD && " + before +
-                                    " '" ADMIN_PROGRAM "' " + words + " 2>&1";
+        return runInShell(before + " '" ADMIN_PROGRAM "' " + words);
+    }
+    Outcome runInShell(const std::string& line) {
+        const std::string command =
+            "exec </dev/null 2>&1; unset TENANT_DESK_PASSWORD; cd '" + folder.string() + "' && " + line;
         FILE* pipe = ::popen(command.c_str(), "r");
         Outcome outcome;
         for (int byte = std::fgetc(pipe); byte != EOF; byte = std::fgetc(pipe))

@@ -37,7 +37,7 @@ std::string quoted(const std::string& value) {
 Target::Target(const std::vector<std::string>& words, std::vector<std::string> known, std::size_t plainCount,
                std::string_view plainNames)
     : arguments_(words, withServer(std::move(known)), plainCount + (namesServer(words) ? 0 : 1),
-                 fmt::format("FILE {}", plainNames)),
+                 plainNames.empty() ? "FILE" : fmt::format("FILE {}", plainNames)),
       onServer_(namesServer(words)),
       file_(onServer_ ? std::string() : arguments_.plain(0)) {
     if (onServer_ && !arguments_.option("database")) throw UsageError("缺少选项“--database”");
