@@ -34,6 +34,7 @@ class Floating : public QObject {
 
   private:
     void lay() {
+        if (!isBound(part_)) return;
         const bool needsAnchor = place_ == FloatsAt::rightEdge;
         const bool shown = control_.visible() && (control_.anchor() != nullptr || !needsAnchor) &&
                            (place_ != FloatsAt::beside || rowIsInView());

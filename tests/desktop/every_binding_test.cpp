@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QPointer>
 #include <QTest>
 
@@ -51,6 +52,18 @@ TEST_P(EveryBinding, GoesWithItsControl) {
     QTest::keyClick(widget, Qt::Key_Down);
     widget->grab();
     EXPECT_TRUE(QTest::qWaitFor([&] { return widget.isNull(); }));
+}
+
+/// Its place is reckoned anew when the events run, and by then there is nothing to ask for it.
+TEST(Floating, IsLeftAloneWhereItsControlHasGone) {
+    auto form = std::make_unique<FormByHand>([](const std::string&) {});
+    form->act(*form->control("grid"), "row", "1|甲");
+    const Person person(form->layOut({"grid", "arrow"}));
+    form->control("arrow")->setAnchor(form->control("grid"), Cell{1, 1});
+    ASSERT_TRUE(person.at(*form->control("arrow")).isVisible());
+    person.window().resize(person.window().size() + QSize(40, 40));
+    form.reset();
+    QApplication::processEvents();
 }
 
 INSTANTIATE_TEST_SUITE_P(All, EveryBinding,
