@@ -5,16 +5,11 @@
 
 #include "admin_fixture.h"
 #include "base/text.h"
+#include "support/replaced.h"
 #include "wire/server/server.h"
 
 namespace desk {
 namespace {
-
-std::string replaced(std::string all, const std::string& mark, const std::string& by) {
-    for (std::size_t at = 0; (at = all.find(mark, at)) != std::string::npos; at += by.size())
-        all.replace(at, mark.size(), by);
-    return all;
-}
 
 /// What a person types at a prompt, and below each line what comes of it: "$" leads the words for the tool,
 /// ">" a line for the shell. {tool} stands for the tool, {programs} for the folder that it lies in, {steps}

@@ -7,6 +7,7 @@
 #include "base/number.h"
 #include "filled_database.h"
 #include "steps.h"
+#include "support/replaced.h"
 
 namespace desk {
 namespace {
@@ -14,12 +15,6 @@ namespace {
 /// `line` before and behind its first blank.
 std::pair<std::string, std::string> headAndRest(const std::string& line) {
     return {std::string(codeBeforeBlank(line)), std::string(nameAfterBlank(line))};
-}
-
-/// `text` with `to` wherever `from` stands.
-std::string replaced(std::string text, std::string_view from, std::string_view to) {
-    for (std::size_t at; (at = text.find(from)) != std::string::npos;) text.replace(at, from.size(), to);
-    return text;
 }
 
 /// A value as a statement would have it: 'text', 1.5, 2011-03-05 14:00:00, NULL.

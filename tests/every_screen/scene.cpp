@@ -7,18 +7,13 @@
 #include "base/text.h"
 #include "desktop/screen_list.h"
 #include "schema/catalogue.h"
+#include "support/replaced.h"
 #include "ui/choices.h"
 #include "ui/fields.h"
 #include "ui/grid.h"
 #include "ui/tree.h"
 
 namespace desk {
-
-std::string replaced(std::string all, std::string_view mark, std::string_view by) {
-    for (auto at = all.find(mark); at != std::string::npos; at = all.find(mark, at + by.size()))
-        all.replace(at, mark.size(), by);
-    return all;
-}
 
 namespace {
 

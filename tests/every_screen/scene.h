@@ -35,9 +35,6 @@ class Scene {
     std::string text_;
 };
 
-/// With `by` wherever `mark` stands.
-std::string replaced(std::string all, std::string_view mark, std::string_view by);
-
 /// All that a screen shows: texts, captions, entries, cells, nodes.
 std::string shownBy(const Screen& screen);
 

@@ -8,6 +8,7 @@
 #include "db/embedded/embedded.h"
 #include "every_screen/scene.h"
 #include "session/login.h"
+#include "support/replaced.h"
 
 namespace desk {
 namespace {
