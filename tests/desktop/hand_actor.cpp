@@ -266,7 +266,7 @@ bool HandActor::withTheMouse(Control& control, const std::string& verb, const st
     } else if (verb == "rightpress") {
         QTest::mousePress(&met, Qt::RightButton, {}, spot.at);
     } else if (verb == "shakyclick") {
-        moveAndLetGo(met, spot.at, spot.at - QPoint(5, 0));
+        moveAndLetGo(met, spot.at, QPoint(5, spot.at.y()));
     } else if (verb == "rest") {
         desktop::rest(spot);
     } else if (verb == "menu") {

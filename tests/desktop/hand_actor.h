@@ -18,7 +18,7 @@ namespace desk::desktop {
 ///     wheel day                     one notch towards the person
 ///     rightclick grid 2 1           as "middleclick", "ctrlclick", "shiftclick", "doubleclick", "pressoff":
 ///                                   at a control, a line, a cell or a node ("0.1" is the second below the
-///                                   first); the last lets go elsewhere, "shakyclick" a little beside,
+///                                   first); the last lets go elsewhere, "shakyclick" at the left edge,
 ///                                   "rightpress" not at all
 ///     hit day 6                     the mouse, before the sixth letter
 ///     rest grid 2 1                 the pointer, until a tip comes
