@@ -28,14 +28,16 @@ class MainWindow : public testing::Test {
   private:
     MDIForm1& opened() {
         program.openDatabase();
+        program.app.连接字符串 = "Initial Catalog='/data/hongxu.db';Data Source='(embedded)'";
         return program.app.screens.get<MDIForm1>();
     }
 };
 
-TEST_F(MainWindow, TellsWhatWasSavedAndOpensTheFirstMenuThatCanBeUsedOnF10) {
+TEST_F(MainWindow, TellsItsDatabaseWhatWasSavedAndOpensTheFirstMenuThatCanBeUsedOnF10) {
     view.show();
     view.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
+    EXPECT_EQ(main.状态栏.panel(2), "hongxu.db");
     view.notify("已保存 2026-000854");
     EXPECT_EQ(view.statusBar()->currentMessage(), "已保存 2026-000854");
     EXPECT_TRUE(view.statusBar()->findChild<QWidget*>("状态栏")->isVisible());
