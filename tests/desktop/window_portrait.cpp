@@ -112,10 +112,17 @@ std::string shownBy(const QListWidget& list, const ListBox& control) {
            unless(marked == control.selectedTexts(), join(control.selectedTexts(), " "));
 }
 
+/// ">" before what stands at the right.
+std::string sign(const QVariant& alignment) {
+    return (alignment.toInt() & Qt::AlignRight) != 0 ? ">" : "";
+}
+
 /// The text of a cell, or what its picture says.
 std::string cellOf(const QModelIndex& cell) {
     const QString picture = cell.data(Qt::ToolTipRole).toString();
-    return utf8(picture.isEmpty() ? cell.data().toString() : "<" + picture + ">");
+    if (!picture.isEmpty()) return utf8("<" + picture + ">");
+    const bool isBold = cell.data(Qt::FontRole).value<QFont>().bold();
+    return sign(cell.data(Qt::TextAlignmentRole)) + utf8(cell.data().toString()) + (isBold ? " bold" : "");
 }
 
 /// The cells of a row that are in view, with how many rows they stand for.
@@ -144,7 +151,8 @@ std::string titlesOf(const QHeaderView& header) {
     std::vector<std::string> titles;
     for (int column = 0; column < header.count(); ++column)
         if (!header.isSectionHidden(column))
-            titles.push_back(utf8(header.model()->headerData(column, Qt::Horizontal).toString()));
+            titles.push_back(sign(header.model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole)) +
+                             utf8(header.model()->headerData(column, Qt::Horizontal).toString()));
     return join(titles, "|");
 }
 
@@ -164,6 +172,9 @@ std::string shownBy(const QTableView& view, const Grid& grid) {
     std::string shown = fmt::format("{} rows", view.model()->rowCount());
     if (at.isValid())
         shown += fmt::format(", at {} {}: {}", at.row() + 1, at.column(), rowIn(view, at.row()));
+    if (const QVariant back = at.data(Qt::BackgroundRole);
+        back.isValid() && at.column() >= grid.fixedColumns())
+        shown += " on " + utf8(back.value<QColor>().name());
     shown += scrolled(view);
     const std::string marks = marksIn(view);
     const bool agree = marks.empty() || marks == " marks all" ||

@@ -144,6 +144,7 @@ class Painter {
             for (int c = 0; c < grid.columns(); ++c) {
                 cells += (c == 0 ? "" : "|") + grid.text(r, c);
                 if (const auto colour = grid.cellColour(r, c)) cells += "(" + shownColour(*colour) + ")";
+                if (grid.cellBold(r, c)) cells += "(bold)";
                 cells += grid.cellPicture(r, c);
             }
             add(fmt::format("{}.{}", grid.name(), r), quoted(cells));
